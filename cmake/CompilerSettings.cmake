@@ -1,0 +1,23 @@
+# Flags that hold for every target: warnings as errors, hardening, and exact arithmetic.
+
+add_compile_options(-Wall -Wextra -Wconversion -Wshadow -Werror)
+
+# Maps and conversions must give the same figures everywhere: no contraction of a product and a
+# sum, no errno from a square root or a rounding (so that both compile to one instruction).
+add_compile_options(-ffp-contract=off -fno-math-errno)
+
+# Hardening, in every build.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+add_compile_options(-fstack-protector-strong)
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+endif()
+add_link_options(-Wl,-z,relro -Wl,-z,now)
+
+add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(TRAVO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

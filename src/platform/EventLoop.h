@@ -1,0 +1,20 @@
+// The event loop of the one thread, as waits inside operations serve it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace travo::platform {
+
+class EventLoop {
+public:
+    virtual ~EventLoop() = default;
+    // Serves the events that are pending and returns.
+    virtual void Serve() = 0;
+    // Serves events, sleeping while there are none, until something has been served or the time is over.
+    virtual void ServeUntilEventOr(std::int64_t milliseconds) = 0;
+    // Calls the procedure from the event loop, not from within this call.
+    virtual void Queue(std::function<void()> procedure) = 0;
+};
+
+}  // namespace travo::platform

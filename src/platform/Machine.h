@@ -1,0 +1,31 @@
+// All that the system asks of the machine, one interface each.
+#pragma once
+
+namespace travo::platform {
+
+class Clock;
+class Display;
+class EventLoop;
+class Folders;
+class ManipulatorDriverLibrary;
+class MessageBoxes;
+class Pointer;
+class PrivateProfile;
+class SingleInstance;
+class Timers;
+
+// References only: whoever builds the machine keeps it alive longer than the system on it.
+struct Machine {
+    Clock& clock;
+    Display& display;
+    EventLoop& eventLoop;
+    Folders& folders;
+    ManipulatorDriverLibrary& driverLibrary;
+    MessageBoxes& boxes;
+    Pointer& pointer;
+    PrivateProfile& profile;
+    SingleInstance& singleInstance;
+    Timers& timers;
+};
+
+}  // namespace travo::platform

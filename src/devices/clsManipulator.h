@@ -2,6 +2,7 @@
 // the range, and gives a move its time.
 #pragma once
 
+#include <QString>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -56,13 +57,25 @@ public:
     // Connects to the manipulators anew; always 0. Unguarded and without a handler.
     std::int16_t ReConnect();
 
-    // Puts a manipulator number in a slot of the number table; the slot that held it takes what this
-    // one gives away. BoundsFailure for a slot outside 0 to 3.
+    // Puts a manipulator number in a slot of the number table. Every slot that held the number takes
+    // the slot of the number SettingManipulator instead, 4 where no slot holds that. BoundsFailure for
+    // a slot outside 0 to 3, with the other slots already written.
     void NumberSetting(std::int16_t SettingManipulator, std::int16_t ManipulatorUSBNumber);
     // The first slot that holds the number, 4 if none does.
     std::int16_t CheckNumberSetting(std::int16_t ManipulatorUSBNumber) const;
 
 private:
+    // Makes the driver call where the guard is free; the guard is free afterwards in either case.
+    template <typename Call>
+    void UnderGuard(Call&& call);
+    // Runs the body; what it raises frees the guard and is reported with the text.
+    template <typename Body>
+    void Handled(const QString& text, Body&& body);
+    void ReportFreed(const QString& text);
+    void Jog(const PositionXYZ& position);
+    void ServeEventsForTest();
+    void MoveAndWait(const PositionXYZ& target, std::int32_t distance);
+
     Machine machine_;
     FailureHandler& failures_;
     std::unique_ptr<platform::ManipulatorDriver> ManipulatorDriver_;

@@ -1,0 +1,106 @@
+#include "platform/qt/QtDriverLibrary.h"
+
+#include <QDir>
+#include <QLibrary>
+#include <string>
+#include <utility>
+
+namespace travo::platform::qt {
+
+namespace {
+
+// Every function answers with a status, negative for failure.
+extern "C" {
+using GetPositionFunction = std::int32_t(std::int32_t* number, std::int32_t* x, std::int32_t* y,
+                                         std::int32_t* z);
+using MoveToFunction = std::int32_t(std::int32_t x, std::int32_t y, std::int32_t z);
+using SelectFunction = std::int32_t(std::int32_t number, std::int32_t* answer);
+using GetCountFunction = std::int32_t(std::int32_t* count);
+using ReconnectFunction = std::int32_t();
+}
+
+// A library keeps its file loaded beyond its own end unless it is told otherwise.
+struct Unload {
+    void operator()(QLibrary* library) const {
+        library->unload();
+        delete library;
+    }
+};
+using LoadedLibrary = std::unique_ptr<QLibrary, Unload>;
+
+struct Functions {
+    GetPositionFunction* getPosition = nullptr;
+    MoveToFunction* moveTo = nullptr;
+    SelectFunction* select = nullptr;
+    GetCountFunction* getCount = nullptr;
+    ReconnectFunction* reconnect = nullptr;
+};
+
+// Finds the function; false where the library lacks it.
+template <typename Function>
+bool Resolve(QLibrary& library, const char* name, Function*& function) {
+    function = reinterpret_cast<Function*>(library.resolve(name));
+    return function != nullptr;
+}
+
+bool ResolveAll(QLibrary& library, Functions& functions) {
+    return Resolve(library, "DriverGetPosition", functions.getPosition) &&
+           Resolve(library, "DriverMoveTo", functions.moveTo) &&
+           Resolve(library, "DriverSelect", functions.select) &&
+           Resolve(library, "DriverGetCount", functions.getCount) &&
+           Resolve(library, "DriverReconnect", functions.reconnect);
+}
+
+void Expect(std::int32_t status, const char* operation) {
+    if (status < 0) {
+        throw DriverFailure(std::string(operation) + " failed with status " + std::to_string(status));
+    }
+}
+
+class LibraryDriver : public ManipulatorDriver {
+public:
+    LibraryDriver(LoadedLibrary library, const Functions& functions)
+        : library_(std::move(library)), functions_(functions) {}
+
+    Position DriverGetPosition() override {
+        Position position;
+        auto& [x, y, z] = position.xyz;
+        Expect(functions_.getPosition(&position.number, &x, &y, &z), "DriverGetPosition");
+        return position;
+    }
+    void DriverMoveTo(std::int32_t x, std::int32_t y, std::int32_t z) override {
+        Expect(functions_.moveTo(x, y, z), "DriverMoveTo");
+    }
+    std::int32_t DriverSelect(std::int32_t number) override {
+        std::int32_t answer = 0;
+        Expect(functions_.select(number, &answer), "DriverSelect");
+        return answer;
+    }
+    std::int32_t DriverGetCount() override {
+        std::int32_t count = 0;
+        Expect(functions_.getCount(&count), "DriverGetCount");
+        return count;
+    }
+    void DriverReconnect() override { Expect(functions_.reconnect(), "DriverReconnect"); }
+
+private:
+    LoadedLibrary library_;
+    Functions functions_;
+};
+
+}  // namespace
+
+QtDriverLibrary::QtDriverLibrary(QString folder) : folder_(std::move(folder)) {}
+
+std::unique_ptr<ManipulatorDriver> QtDriverLibrary::Create() {
+    LoadedLibrary library(new QLibrary(QDir(folder_).filePath(QStringLiteral("ManipulatorDriver"))));
+    // A symbol that nobody has is found out here, and not in the middle of a move.
+    library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    Functions functions;
+    if (!library->load() || !ResolveAll(*library, functions)) {
+        return nullptr;
+    }
+    return std::make_unique<LibraryDriver>(std::move(library), functions);
+}
+
+}  // namespace travo::platform::qt

@@ -13,6 +13,8 @@ using PositionXYZ = std::array<std::int32_t, 3>;
 inline constexpr std::int32_t AxisCount = 3;
 inline constexpr std::int32_t NeedleCount = 4;
 inline constexpr std::int32_t CellCount = 8;
+// Recorded tip positions of a full calibration: three marks in the focal plane and the raised one.
+inline constexpr std::int32_t CalibrationPointCount = 4;
 
 // Marks a position as not set, in memory and in the settings file alike.
 inline constexpr std::int32_t NoPositionValue = -100000;

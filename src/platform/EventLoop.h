@@ -15,6 +15,11 @@ public:
     virtual void ServeUntilEventOr(std::int64_t milliseconds) = 0;
     // Calls the procedure from the event loop, not from within this call.
     virtual void Queue(std::function<void()> procedure) = 0;
+    // Calls the procedure from the event loop once no operation of the system waits any more: neither
+    // in one of the calls above nor in a message box.
+    virtual void QueueAfterWaits(std::function<void()> procedure) = 0;
+    // An operation of the system waits at this moment.
+    virtual bool Waiting() const = 0;
 };
 
 }  // namespace travo::platform

@@ -99,6 +99,8 @@ public:
         RunWhileServed();
     }
     void Queue(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
+    void QueueAfterWaits(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
+    bool Waiting() const override { return waiting; }
     void RunQueued() {
         while (!queued.empty()) {
             auto procedure = std::move(queued.front());
@@ -107,6 +109,7 @@ public:
         }
     }
 
+    bool waiting = false;
     int served = 0;
     std::function<void()> whileServed;  // runs inside each wait that serves events
     std::deque<std::function<void()>> queued;

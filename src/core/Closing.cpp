@@ -1,0 +1,39 @@
+#include "core/Closing.h"
+
+#include "core/SettingsKeys.h"
+
+namespace travo {
+
+using platform::BoxAnswer;
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+bool Closing::Ask() {
+    const QString question =
+        QStringLiteral("Do you want to end? This will clear all saved cell and escape positions.");
+    return boxes_.Show(question, BoxButtons::OKCancel, BoxIcon::None) == BoxAnswer::OK;
+}
+
+void Closing::Close() {
+    objects_.Failures.Handle(QStringLiteral("Error : Unload"), [this] { CloseSteps(); });
+    // Nothing may move once the program has said that it closes, also after a failure.
+    loop_.Stop();
+}
+
+// The order of the closing; windows, camera and ports take their places in it as they are built.
+void Closing::CloseSteps() {
+    SaveValues();
+}
+
+void Closing::SaveValues() {
+    clsIniEdit& ini = *objects_.cIniEdit;
+    const QString shift = QStringLiteral("FormBirdView_Shift");
+    ini.WriteString(shift, QStringLiteral("X"), settings::FloatText(state_.ShiftX));
+    ini.WriteString(shift, QStringLiteral("Y"), settings::FloatText(state_.ShiftY));
+    WriteWindowPlace(ini, QStringLiteral("FormMain_Position"), window_.Measured());
+    const QString user = QStringLiteral("User_Value");
+    ini.WriteString(user, QStringLiteral("XYOffset"), QString::number(objects_.cNeedleMove->lngXYOffset));
+    ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));
+}
+
+}  // namespace travo

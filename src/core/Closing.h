@@ -1,0 +1,41 @@
+// Closing: asks, saves what is kept between runs, closes windows and instruments, in a fixed order.
+#pragma once
+
+#include "core/FormMainObjects.h"
+#include "core/PositionLoop.h"
+#include "core/SharedState.h"
+#include "core/WindowPlace.h"
+#include "platform/MessageBoxes.h"
+
+namespace travo {
+
+class Closing {
+public:
+    // What of the closing only the window itself knows.
+    class Window {
+    public:
+        virtual ~Window() = default;
+        virtual MeasuredWindowPlace Measured() const = 0;
+    };
+
+    Closing(SharedState& state, FormMainObjects& objects, PositionLoop& loop, platform::MessageBoxes& boxes,
+            Window& window)
+        : state_(state), objects_(objects), loop_(loop), boxes_(boxes), window_(window) {}
+
+    // Asks the operator; false refuses the close.
+    bool Ask();
+    // Saves and closes. A failure is reported, the remaining steps are skipped, the close goes on.
+    void Close();
+
+private:
+    void CloseSteps();
+    void SaveValues();
+
+    SharedState& state_;
+    FormMainObjects& objects_;
+    PositionLoop& loop_;
+    platform::MessageBoxes& boxes_;
+    Window& window_;
+};
+
+}  // namespace travo

@@ -1,0 +1,45 @@
+// The objects that the main window owns, in their order of creation and release.
+#pragma once
+
+#include "core/FailureHandler.h"
+#include "core/SharedState.h"
+#include "core/Slot.h"
+#include "core/clsDebugLog.h"
+#include "core/clsIniEdit.h"
+#include "devices/clsCommunication.h"
+#include "needle/clsNeedleMove.h"
+#include "needle/clsNeedleSynchro.h"
+#include "needle/clsObjectiveUpDown.h"
+#include "platform/Machine.h"
+
+namespace travo {
+
+class FormMainObjects {
+public:
+    FormMainObjects(const platform::Machine& machine, SharedState& state);
+    ~FormMainObjects() { Release(); }
+    FormMainObjects(const FormMainObjects&) = delete;
+    FormMainObjects& operator=(const FormMainObjects&) = delete;
+
+    // Creates all objects, each with references to what it uses. Failures go to the caller.
+    void Create();
+    // Releases all objects, in the order of creation: the instruments first, the log last, so that a
+    // failure at the instruments' release can still be written.
+    void Release();
+
+    Slot<clsCommunication> cCommunication;
+    Slot<clsNeedleMove> cNeedleMove;
+    Slot<clsNeedleSynchro> cNeedleSynchro;
+    Slot<clsObjectiveUpDown> cObjectiveUpDown;
+    Slot<clsIniEdit> cIniEdit;
+    Slot<clsDebugLog> DebugLog;
+
+    // The handler of all objects; to be used while DebugLog lives.
+    FailureHandler Failures;
+
+private:
+    const platform::Machine& machine_;
+    SharedState& state_;
+};
+
+}  // namespace travo

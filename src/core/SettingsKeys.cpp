@@ -1,0 +1,45 @@
+#include "core/SettingsKeys.h"
+
+#include <QLocale>
+#include <cmath>
+
+namespace travo::settings {
+
+QString FileName() { return QStringLiteral("KVData.ini"); }
+
+QString CalibrationSection(std::int32_t needle) {
+    return QStringLiteral("Manipulator Calibration:%1").arg(needle);
+}
+
+QString CalibrationPointKey(std::int32_t point, std::int32_t axis) {
+    return QStringLiteral("Index:%1,XYZ:%2").arg(point).arg(axis);
+}
+
+QString ZeroKey(std::int32_t axis) { return QStringLiteral("ZERO,XYZ:%1").arg(axis); }
+
+QString CenterKey(std::int32_t axis) { return QStringLiteral("Center,XYZ:%1").arg(axis); }
+
+QString MyPath(const QString& FilePath, QChar separator) {
+    return FilePath.endsWith(separator) ? FilePath : FilePath + separator;
+}
+
+QString FloatText(double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); }
+
+QString FloatText(float value) {
+    // The shortest text that reads back as the same 32-bit value has at most 9 digits.
+    for (int digits = 1; digits < 9; ++digits) {
+        const QString text = QString::number(static_cast<double>(value), 'g', digits);
+        if (text.toFloat() == value) {
+            return text;
+        }
+    }
+    return QString::number(static_cast<double>(value), 'g', 9);
+}
+
+double FloatValue(const QString& text) {
+    bool good = false;
+    const double value = QLocale::c().toDouble(text.trimmed(), &good);
+    return good && std::isfinite(value) ? value : 0.0;
+}
+
+}  // namespace travo::settings

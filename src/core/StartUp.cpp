@@ -1,0 +1,190 @@
+#include "core/StartUp.h"
+
+#include <exception>
+
+#include "core/Arithmetic.h"
+#include "core/SettingsKeys.h"
+#include "platform/Display.h"
+#include "platform/Folders.h"
+#include "platform/SingleInstance.h"
+
+namespace travo {
+
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+namespace {
+
+// Logical units for each pixel on a display of scale 1.
+constexpr double UnitsPerPixel = 15.0;
+
+// Used where neither stand-off has been stored.
+constexpr std::int32_t DefaultOffset = 100;
+
+std::int32_t StoredOrDefault(std::int32_t stored, std::int32_t otherwise) {
+    return stored > -1 ? stored : otherwise;
+}
+
+}  // namespace
+
+StartUp::StartUp(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
+                 PositionLoop& loop, Window& window)
+    : machine_(machine), state_(state), objects_(objects), loop_(loop), window_(window) {}
+
+StartUp::Outcome StartUp::Initialize() {
+    try {
+        return InitializeSteps();
+    } catch (const std::exception&) {
+        ReportInitializeFailure();
+        objects_.Release();
+        return Outcome::End;
+    }
+}
+
+StartUp::Outcome StartUp::InitializeSteps() {
+    if (!machine_.singleInstance.Claim()) {
+        machine_.boxes.Show(QStringLiteral("TRAVO has already started."), BoxButtons::OK, BoxIcon::None);
+        return Outcome::End;
+    }
+    objects_.Create();
+    state_.LiveOpen = false;
+    objects_.DebugLog->LogFilePath(MakeDataFolder() + QStringLiteral("debugTRAVO.txt"));
+    objects_.DebugLog->WriteDate();
+    return Outcome::GoOn;
+}
+
+void StartUp::ReportInitializeFailure() {
+    const QString text = QStringLiteral("Error : Initialize");
+    if (objects_.DebugLog.Alive()) {
+        objects_.Failures.Report(text);
+    } else {
+        machine_.boxes.Show(text, BoxButtons::OK, BoxIcon::None);
+    }
+}
+
+QString StartUp::MakeDataFolder() {
+    const QChar separator = machine_.folders.Separator();
+    QString folder = machine_.folders.ApplicationData();
+    for (const char* const below : {"Zelvo", "Shared", "Data"}) {
+        folder = settings::MyPath(folder, separator) + QLatin1String(below);
+        if (!machine_.folders.Exists(folder)) {
+            machine_.folders.Create(folder);
+        }
+    }
+    return settings::MyPath(folder, separator);
+}
+
+StartUp::Outcome StartUp::Load() {
+    Outcome outcome = Outcome::End;
+    objects_.Failures.Handle(QStringLiteral("Error : Load"), [&] { outcome = LoadSteps(); });
+    return outcome;
+}
+
+// The order of the load; panels, windows, ports and camera take their places in it as they are built.
+StartUp::Outcome StartUp::LoadSteps() {
+    state_.ShiftX = 0.0;
+    state_.ShiftY = 0.0;
+    MeasureDisplay();
+    ClearPositions();
+    if (ConnectManipulators() == Outcome::End) {
+        return Outcome::End;
+    }
+    RestoreValues();
+    state_.bMirrorMotorONOFF = false;
+    state_.ClearMagnification();
+    loop_.Start();
+    state_.bMotorONOFF = false;
+    for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
+        RestoreCalibration(needle);
+    }
+    loop_.AllManipulatorReload();
+    window_.TellTotalManipulatorNumber();
+    return Outcome::GoOn;
+}
+
+void StartUp::MeasureDisplay() {
+    const double vertical = machine_.display.UnitsPerPixelVertical() / UnitsPerPixel;
+    const double horizontal = machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel;
+    const WindowSize design = window_.DesignSize();
+    defaultSize_.Height = ToInteger16(convert(design.Height * vertical));
+    defaultSize_.Width = ToInteger16(convert(design.Width * horizontal));
+    window_.DefaultSize(defaultSize_);
+}
+
+void StartUp::ClearPositions() {
+    // Writing the origin tells the view on: whoever keeps a copy of it starts with "not set".
+    for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
+        state_.CurrentXYZ(axis, NoPositionValue);
+        state_.ZeroXYZ(axis, 0);
+        for (std::int32_t cell = 0; cell < CellCount; ++cell) {
+            state_.CellPosition(cell, axis, NoPositionValue);
+        }
+    }
+}
+
+StartUp::Outcome StartUp::ConnectManipulators() {
+    state_.intTotalManipulatorNumber = -1;
+    state_.intManipulatorNumber = -1;
+    loop_.Connect();
+    if (state_.intTotalManipulatorNumber != -1) {
+        return Outcome::GoOn;
+    }
+    // An answer of 0 says that what is connected is of another version than the one that we drive.
+    if (objects_.cCommunication->ChangeManipulator(1) == 0) {
+        machine_.boxes.Show(QStringLiteral("Please connect Zelvo version micromanipulator."), BoxButtons::OK,
+                            BoxIcon::None);
+        return Outcome::End;
+    }
+    return Outcome::GoOn;
+}
+
+void StartUp::RestoreValues() {
+    clsIniEdit& ini = *objects_.cIniEdit;
+    ini.IniFilePath(settings::MyPath(machine_.folders.Program(), machine_.folders.Separator()) +
+                    settings::FileName());
+    const QString shift = QStringLiteral("FormBirdView_Shift");
+    const QString zero = QStringLiteral("0");
+    state_.ShiftX = settings::FloatValue(ini.GetString(shift, QStringLiteral("X"), zero));
+    state_.ShiftY = settings::FloatValue(ini.GetString(shift, QStringLiteral("Y"), zero));
+    window_.Place(ReadWindowPlace(ini, QStringLiteral("FormMain_Position"), defaultSize_));
+    const QString user = QStringLiteral("User_Value");
+    objects_.cNeedleMove->lngXYOffset =
+        StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
+    objects_.cObjectiveUpDown->lngOffset =
+        StoredOrDefault(ini.GetInt(user, QStringLiteral("ZOffset"), -1), DefaultOffset);
+}
+
+void StartUp::RestoreCalibration(std::int32_t needle) {
+    clsNeedleMove& maps = *objects_.cNeedleMove;
+    state_.CalibrationON(needle, true);
+    for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
+        if (!RestoreCalibrationAxis(needle, axis)) {
+            state_.CalibrationON(needle, false);
+        }
+    }
+    if (state_.CalibrationON(needle)) {
+        maps.CalibrationCalculation(needle);
+    }
+    for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
+        maps.ManiCenter(needle, axis,
+                        objects_.cIniEdit->GetInt(settings::CalibrationSection(needle),
+                                                  settings::CenterKey(axis), NoPositionValue));
+    }
+}
+
+bool StartUp::RestoreCalibrationAxis(std::int32_t needle, std::int32_t axis) {
+    clsNeedleMove& maps = *objects_.cNeedleMove;
+    const clsIniEdit& ini = *objects_.cIniEdit;
+    const QString section = settings::CalibrationSection(needle);
+    bool complete = true;
+    for (std::int32_t point = 0; point < CalibrationPointCount; ++point) {
+        maps.ManipulatorCalibrationPosXYZ(
+            needle, axis, point,
+            ini.GetInt(section, settings::CalibrationPointKey(point, axis), NoPositionValue));
+        complete = complete && maps.ManipulatorCalibrationPosXYZ(needle, axis, point) != NoPositionValue;
+    }
+    maps.PosZero(needle, axis, ini.GetInt(section, settings::ZeroKey(axis), NoPositionValue));
+    return complete && maps.PosZero(needle, axis) != NoPositionValue;
+}
+
+}  // namespace travo

@@ -1,0 +1,62 @@
+// Start-up: from the refusal of a second program to the running position loop, in a fixed order.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+#include "core/FormMainObjects.h"
+#include "core/PositionLoop.h"
+#include "core/SharedState.h"
+#include "core/WindowPlace.h"
+#include "platform/Machine.h"
+
+namespace travo {
+
+class StartUp {
+public:
+    enum class Outcome { GoOn, End };
+
+    // What of the start-up only the window itself can do.
+    class Window {
+    public:
+        virtual ~Window() = default;
+        // Design size of the main window in logical units at a display scale of 1.
+        virtual WindowSize DesignSize() const = 0;
+        // The design size at the display's scale; the size to which the window can be brought back.
+        virtual void DefaultSize(const WindowSize& size) = 0;
+        virtual void Place(const WindowPlace& place) = 0;
+        // Tells all that show it the highest connected index.
+        virtual void TellTotalManipulatorNumber() = 0;
+    };
+
+    StartUp(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
+            PositionLoop& loop, Window& window);
+
+    // Refuses a second instance, creates the objects, finds the data folder, empties the log. End: the
+    // operator has been told why, everything is released, and the process must end.
+    Outcome Initialize();
+    // Connects the manipulators, restores all that is kept between runs, starts the position loop.
+    // End: the operator has been told why; the process must end with nothing saved.
+    Outcome Load();
+
+private:
+    Outcome InitializeSteps();
+    Outcome LoadSteps();
+    void ReportInitializeFailure();
+    QString MakeDataFolder();
+    void MeasureDisplay();
+    void ClearPositions();
+    Outcome ConnectManipulators();
+    void RestoreValues();
+    void RestoreCalibration(std::int32_t needle);
+    bool RestoreCalibrationAxis(std::int32_t needle, std::int32_t axis);
+
+    const platform::Machine& machine_;
+    SharedState& state_;
+    FormMainObjects& objects_;
+    PositionLoop& loop_;
+    Window& window_;
+    WindowSize defaultSize_;
+};
+
+}  // namespace travo

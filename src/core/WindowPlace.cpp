@@ -1,0 +1,41 @@
+#include "core/WindowPlace.h"
+
+#include <algorithm>
+
+#include "core/Arithmetic.h"
+#include "core/SettingsKeys.h"
+
+namespace travo {
+
+namespace {
+
+std::int16_t ReadUnits(const clsIniEdit& ini, const QString& section, const QString& key,
+                       std::int16_t otherwise) {
+    const std::int16_t stored = ToInteger16(ini.GetInt(section, key, -1));
+    return stored > -1 ? stored : otherwise;
+}
+
+void WriteUnits(clsIniEdit& ini, const QString& section, const QString& key, float units) {
+    constexpr float Greatest = INT16_MAX;
+    ini.WriteString(section, key, settings::FloatText(std::min(units, Greatest)));
+}
+
+}  // namespace
+
+WindowPlace ReadWindowPlace(const clsIniEdit& ini, const QString& section, const WindowSize& defaultSize) {
+    WindowPlace place;
+    place.Top = ReadUnits(ini, section, QStringLiteral("Top"), 0);
+    place.Left = ReadUnits(ini, section, QStringLiteral("Left"), 0);
+    place.Width = ReadUnits(ini, section, QStringLiteral("Width"), defaultSize.Width);
+    place.Height = ReadUnits(ini, section, QStringLiteral("Height"), defaultSize.Height);
+    return place;
+}
+
+void WriteWindowPlace(clsIniEdit& ini, const QString& section, const MeasuredWindowPlace& place) {
+    WriteUnits(ini, section, QStringLiteral("Top"), place.Top);
+    WriteUnits(ini, section, QStringLiteral("Left"), place.Left);
+    WriteUnits(ini, section, QStringLiteral("Height"), place.Height);
+    WriteUnits(ini, section, QStringLiteral("Width"), place.Width);
+}
+
+}  // namespace travo

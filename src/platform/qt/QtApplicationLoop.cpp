@@ -1,0 +1,32 @@
+#include "platform/qt/QtApplicationLoop.h"
+
+#include <exception>
+
+namespace travo::platform::qt {
+
+void QtApplicationLoop::PreferX11() {
+    if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+QtApplicationLoop::QtApplicationLoop(int& argumentCount, char** arguments)
+    : QApplication(argumentCount, arguments) {
+    setApplicationName(QStringLiteral("TRAVO"));
+    setApplicationDisplayName(QStringLiteral("TRAVO"));
+    // The main window says when the program ends; a box that closes before it is on show must not.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool QtApplicationLoop::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        if (procedure_) {
+            procedure_();
+        }
+    }
+    return true;
+}
+
+}  // namespace travo::platform::qt

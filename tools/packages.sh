@@ -1,0 +1,39 @@
+# Sourced by the scripts: installs the Debian packages that are missing.
+
+packages_to_run="g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6serialport6-dev libqt6svg6-dev
+  fonts-open-sans dbus xvfb xauth openbox libxtst-dev libx11-dev python3"
+packages_to_test="$packages_to_run libgtest-dev libgmock-dev clang-format"
+packages_to_check="$packages_to_test clang libclang-rt-14-dev"
+packages_to_bench="$packages_to_test libbenchmark-dev libeigen3-dev libboost-dev"
+
+# install_missing PACKAGE...
+install_missing() {
+    missing=""
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    echo "Installing from Debian's packages:$missing"
+    as_root=""
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null 2>&1; then
+            echo "These packages are missing and can be installed neither as root nor with sudo:$missing" >&2
+            exit 1
+        fi
+        as_root="sudo"
+    fi
+    $as_root apt-get update -qq
+    # shellcheck disable=SC2086
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# in_order DESCRIPTION COMMAND...: says what it does, and fails with one clear sentence.
+in_order() {
+    description="$1"
+    shift
+    echo "== $description"
+    "$@" || {
+        echo "Failed: $description." >&2
+        exit 1
+    }
+}

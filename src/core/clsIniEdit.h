@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -36,6 +37,10 @@ public:
     // as a zero result.
 
 private:
+    // Takes the names, each ended by a NUL, into the elements from the first up; stops at an empty name
+    // or a full array. The number of elements filled.
+    static std::size_t Split(const QString& buffer, std::span<QString> names);
+
     platform::PrivateProfile& profile_;
     QString path_;
 };

@@ -22,8 +22,9 @@ public:
     // platform's reading does. The default where section, key or file is missing.
     virtual std::int32_t GetInt(const QString& section, const QString& key, std::int32_t defaultValue,
                                 const QString& file) = 0;
-    // Names, each ended by NUL, with a further NUL behind the last, cut to size: then the text is
-    // size - 2 characters and two NULs. The count is that of the characters before the last NUL.
+    // Names, each ended by NUL, with a further NUL behind the last; the count is that of the characters
+    // before this one. What does not fit the size is cut: then it is size - 2 characters, which are the
+    // count, and two NULs.
     struct Names {
         QString buffer;
         std::int32_t count = 0;

@@ -1,0 +1,24 @@
+// Files that are read whole and replaced whole.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace travo::platform {
+
+// The bytes of a plain file, through symbolic links; nothing where there is none or it cannot be
+// read. Devices, pipes and folders count as not readable.
+std::optional<QByteArray> ReadWholeFile(const QString& path);
+
+// The same, for a file that is to be replaced afterwards: a missing file is empty, and one that may
+// not be written gives nothing as well.
+std::optional<QByteArray> ReadFileToReplace(const QString& path);
+
+// Writes the bytes to a temporary file in the same folder, has them on the disk, and renames it over
+// the old file: whoever reads, and a kill at any moment, finds the old file or the new one. A link is
+// followed to its target; owner and permissions are kept. Removes what earlier replacements of this
+// file have left behind when they were killed. False where it fails; the file is then as it was.
+bool ReplaceWholeFile(const QString& path, const QByteArray& bytes);
+
+}  // namespace travo::platform

@@ -6,7 +6,7 @@ namespace travo::platform {
 
 namespace {
 
-constexpr QByteArrayView LineEnd("\r\n");
+constexpr const char* LineEnd = "\r\n";
 
 enum class LineKind { Section, Key, Blank, Other };
 
@@ -108,23 +108,24 @@ qsizetype EndOfContent(QByteArrayView text, const Line& header) {
     return end;
 }
 
-// The text with the piece from begin to end replaced; a line left open before it is closed first.
+// The text with the piece from begin to end replaced.
 QByteArray Replaced(QByteArrayView text, qsizetype begin, qsizetype end, const QByteArray& piece) {
     QByteArray result;
-    result.reserve(text.size() + piece.size() + LineEnd.size());
+    result.reserve(text.size() + piece.size());
     result.append(text.first(begin));
     result.append(piece);
     result.append(text.sliced(end));
     return result;
 }
 
+// A line left open before the new ones is closed first.
 QByteArray WithLines(QByteArrayView text, qsizetype at, const QByteArray& lines) {
     const bool open = at > 0 && text[at - 1] != '\n';
     return Replaced(text, at, at, open ? LineEnd + lines : lines);
 }
 
 QByteArray KeyLine(QByteArrayView key, QByteArrayView value) {
-    return key.toByteArray() + '=' + value + LineEnd;
+    return key.toByteArray() + '=' + value.toByteArray() + LineEnd;
 }
 
 QByteArray SectionLine(QByteArrayView section) { return '[' + section.toByteArray() + ']'; }

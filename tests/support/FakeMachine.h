@@ -196,7 +196,7 @@ public:
         state_.position.at(static_cast<std::size_t>(state_.selected - 1)) = {x, y, z};
     }
     std::int32_t DriverSelect(std::int32_t number) override {
-        Enter("DriverSelect", " " + std::to_string(number));
+        Enter("DriverSelect", std::string(" ").append(std::to_string(number)));
         if (number >= 1 && number <= state_.count) {
             state_.selected = number;
         }

@@ -4,10 +4,13 @@
 #include <array>
 #include <cstdint>
 
+#include "core/Arithmetic.h"
 #include "core/FailureHandler.h"
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "devices/clsCommunication.h"
+#include "needle/CalibrationMap.h"
+#include "needle/ContactCheck.h"
 #include "needle/clsObjectiveUpDown.h"
 #include "platform/MessageBoxes.h"
 
@@ -50,11 +53,16 @@ public:
     // Takes the present ZeroXYZ(2) from the Z reference of every connected needle.
     void ChangeZeroPosition();
 
-    // Manipulator frame to common frame, one output axis.
-    std::int32_t Calibration(std::int32_t ManipulatorNumber, std::int32_t XYZ, const PositionXYZ& InXYZ) const;
-    // Common frame to manipulator frame, one output axis.
+    // Manipulator frame to common frame, one output axis. Allocates nothing.
+    std::int32_t Calibration(std::int32_t ManipulatorNumber, std::int32_t XYZ,
+                             const PositionXYZ& InXYZ) const {
+        return Map(ManipulatorNumber).ToCommon(Axis(XYZ), InXYZ);
+    }
+    // Common frame to manipulator frame, one output axis. Allocates nothing.
     std::int32_t InverseCalibration(std::int32_t ManipulatorNumber, std::int32_t XYZ,
-                                    const PositionXYZ& InXYZ) const;
+                                    const PositionXYZ& InXYZ) const {
+        return Map(ManipulatorNumber).ToManipulator(Axis(XYZ), InXYZ);
+    }
 
     // Sends a needle to a target in the common frame, through the contact check. TotalManipulatorNumber
     // is the highest connected index. chkOffset asks for the XY stand-off, chkSynchro for the gentler
@@ -75,10 +83,38 @@ public:
                         const PositionXYZ& NeedleXYZPosition) const;
 
     // Handedness of the needle's calibration: no sign change in the maps.
-    bool ManiDirect(std::int32_t ManipulatorNumber) const;
+    bool ManiDirect(std::int32_t ManipulatorNumber) const { return Map(ManipulatorNumber).ManiDirect; }
 
 private:
-    // See the source for the private members; the helper that builds this class owns them.
+    static std::size_t Axis(std::int32_t XYZ) { return Bounded(XYZ, AxisCount); }
+    const CalibrationMap& Map(std::int32_t ManipulatorNumber) const {
+        return maps_[Bounded(ManipulatorNumber, maps_.size())];
+    }
+    CalibrationMap& Map(std::int32_t ManipulatorNumber) {
+        return maps_[Bounded(ManipulatorNumber, maps_.size())];
+    }
+
+    // The body of NeedleMove, without its handler.
+    bool MoveWhenClear(std::int16_t ManipulatorNumber, const PositionXYZ& NeedleXYZPosition,
+                       std::int16_t TotalManipulatorNumber, bool chkOffset, bool chkSynchro);
+    void RefuseMove(bool chkSynchro);
+    // The plan-view shaft of a needle as it stands in the common frame.
+    Shaft PresentShaft(std::int32_t ManipulatorNumber) const;
+    // The same for the needle that is to move, extended along its own X axis to the manipulator X of
+    // its target where that lies further forward.
+    Shaft MovingShaft(std::int32_t ManipulatorNumber, std::int32_t targetManipulatorX) const;
+
+    SharedState& state_;
+    clsCommunication& communication_;
+    // Shared, and perhaps not constructed before this object: read in moves only.
+    const clsObjectiveUpDown& objective_;
+    FailureHandler& failures_;
+    platform::MessageBoxes& boxes_;
+    // Lives and ends with this object. Cell moves take their stand-off from the shared one.
+    [[maybe_unused]] clsObjectiveUpDown ownObjective_;
+
+    std::array<CalibrationMap, NeedleCount> maps_;
+    std::array<CalibrationMap::Points, NeedleCount> calibrationPoints_;
     bool bContactEvasion_ = false;
 };
 

@@ -24,6 +24,10 @@ public:
                            std::int16_t TotalManipulatorNumber);
 
 private:
+    // The step itself, once it is allowed. OverflowFailure when the target does not fit 32 bits.
+    bool Follow(std::int16_t ManipulatorNumber, const PositionXYZ& NeedleXYZ, const PositionXYZ& CurrentXYZ,
+                const PositionXYZ& bufMoveXYZ, std::int16_t TotalManipulatorNumber);
+
     clsNeedleMove& needleMove_;
     const clsObjectiveUpDown& objective_;
     FailureHandler& failures_;

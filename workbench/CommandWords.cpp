@@ -1,0 +1,88 @@
+#include "workbench/CommandWords.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "core/Arithmetic.h"
+
+namespace workbench {
+
+std::vector<std::string_view> SplitWords(std::string_view line) {
+    constexpr std::string_view blanks = " \t\r";
+    std::vector<std::string_view> words;
+    std::size_t begin = line.find_first_not_of(blanks);
+    while (begin != std::string_view::npos) {
+        const std::size_t end = std::min(line.find_first_of(blanks, begin), line.size());
+        words.push_back(line.substr(begin, end - begin));
+        begin = line.find_first_not_of(blanks, end);
+    }
+    return words;
+}
+
+std::string_view WordAt(const std::vector<std::string_view>& words, std::size_t index) {
+    if (index >= words.size()) {
+        throw travo::NumberFailure("a word is missing");
+    }
+    return words[index];
+}
+
+void ExpectWords(const std::vector<std::string_view>& words, std::size_t least, std::size_t most) {
+    if (words.size() < least) {
+        throw travo::NumberFailure("a word is missing");
+    }
+    if (words.size() > most) {
+        throw travo::NumberFailure("there are too many words");
+    }
+}
+
+std::int32_t IntegerAt(const std::vector<std::string_view>& words, std::size_t index) {
+    return travo::ReadInteger32(WordAt(words, index));
+}
+
+double RealAt(const std::vector<std::string_view>& words, std::size_t index, double limit) {
+    const std::string_view word = WordAt(words, index);
+    double value = 0.0;
+    const auto [end, failure] = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (failure != std::errc() || end != word.data() + word.size() || !(std::abs(value) <= limit)) {
+        throw travo::NumberFailure("a number is expected, between " + Text(-limit) + " and " + Text(limit));
+    }
+    return value;
+}
+
+std::int32_t NeedleAt(const std::vector<std::string_view>& words, std::size_t index) {
+    const std::int32_t number = IntegerAt(words, index);
+    if (number < 1 || number > travo::NeedleCount) {
+        throw travo::BoundsFailure("needles are numbered 1 to 4");
+    }
+    return number - 1;
+}
+
+travo::PositionXYZ TripleAt(const std::vector<std::string_view>& words, std::size_t index) {
+    return {IntegerAt(words, index), IntegerAt(words, index + 1), IntegerAt(words, index + 2)};
+}
+
+std::string Text(const travo::PositionXYZ& counts) {
+    return Blanked({std::to_string(counts[0]), std::to_string(counts[1]), std::to_string(counts[2])});
+}
+
+std::string Text(const Vector& place) { return Blanked({Text(place[0]), Text(place[1]), Text(place[2])}); }
+
+std::string Text(double value) {
+    std::array<char, 400> digits{};
+    const auto [end, failure] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 3);
+    return failure == std::errc() ? std::string(digits.data(), end) : std::string("0");
+}
+
+std::string Blanked(std::initializer_list<std::string> words) {
+    std::string text;
+    for (const std::string& word : words) {
+        text += ' ';
+        text += word;
+    }
+    return text;
+}
+
+}  // namespace workbench

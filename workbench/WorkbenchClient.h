@@ -1,0 +1,102 @@
+// Works the simulated instruments from another process: the workbench's control commands.
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/Positions.h"
+#include "workbench/Exchange.h"
+#include "workbench/SocketPath.h"
+
+namespace workbench {
+
+// Every call is one blocking exchange, at most ExchangeLimit, and raises travo::Failure with a sentence
+// where no workbench answers or where it refuses. Needles are numbered 1 to 4. Places are in the
+// common frame, in common units; counts are those of the manipulator frame.
+class WorkbenchClient {
+public:
+    static constexpr std::chrono::milliseconds ExchangeLimit{5000};
+
+    using Place = std::array<double, 3>;
+
+    struct Tip {
+        Place now{};
+        Place atRest{};  // where it goes; the same as now for a needle at rest
+    };
+
+    struct Crossing {
+        std::int32_t needleA = 0;  // below needleB
+        std::int32_t needleB = 0;
+        double milliseconds = 0.0;  // since the workbench began
+        double x = 0.0;
+        double y = 0.0;
+    };
+
+    struct Crossings {
+        std::int64_t inAll = 0;
+        std::int32_t pairsCrossedNow = 0;
+        std::vector<Crossing> last;  // the last 200, oldest first
+    };
+
+    struct Cell {
+        std::int32_t mirrorX = 0;
+        std::int32_t mirrorY = 0;
+        Place place{};
+    };
+
+    struct Mount {
+        double heading = 45.0;  // degrees
+        double yaw = 0.0;
+        double tilt = 0.0;
+    };
+
+    explicit WorkbenchClient(const std::string& socketPath = SocketPath()) : exchange_(socketPath) {}
+
+    // Waits until a workbench answers. False when none has at the end of the limit.
+    bool WaitUntilReady(std::chrono::milliseconds limit);
+
+    Tip TipOf(std::int32_t needle);
+    travo::PositionXYZ CountsOf(std::int32_t needle);
+    // The whole counts whose tip is nearest to a place; they may lie out of reach.
+    travo::PositionXYZ Aim(std::int32_t needle, const Place& place);
+    // The joystick: to counts, or by a distance in counts. Returns as soon as the needle has set out.
+    void Move(std::int32_t needle, const travo::PositionXYZ& counts);
+    void Jog(std::int32_t needle, const travo::PositionXYZ& distance);
+    bool AnyNeedleMoves();
+    // Waits until no needle moves. False when one still does at the end of the limit.
+    bool WaitForRest(std::chrono::milliseconds limit);
+    Crossings ShaftCrossings();
+    void ForgetCrossings();
+    std::vector<Cell> Cells();
+    // The centre of the view for mirror counts, X and Y.
+    std::array<double, 2> ViewCentre(double mirrorX, double mirrorY);
+
+    void FailDriverCalls(std::int32_t calls);
+    void FailDriverAlways();
+    void HangDriver(double seconds);
+    void ChangeCount(std::int32_t count);
+    void StrayPosition(std::int32_t needle);
+    void ClearFaults();
+    void SelectAtHardware(std::int32_t needle);
+    void MountNeedle(std::int32_t needle, const Mount& mount);
+
+    void WriteSettings(const std::string& path);
+    // Calls received, by their names: "getposition", "moveto", "select", "getcount", "reconnect"; and
+    // "refused", how many of them were.
+    std::map<std::string, std::int64_t> Counters();
+    void ForgetCounters();
+    // The workbench ends after it has answered.
+    void Shutdown();
+
+    // Any command of docs/workbench.md. What follows "ok " in the answer; for a driver call, all of it.
+    std::string Ask(const std::string& line);
+
+private:
+    Exchange exchange_;
+};
+
+}  // namespace workbench

@@ -1,0 +1,118 @@
+// travo-workbench: owns the simulated world and serves it on a local socket.
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/signalfd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QSocketNotifier>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <stdexcept>
+
+#include "workbench/Commands.h"
+#include "workbench/ControlServer.h"
+#include "workbench/SocketPath.h"
+
+namespace {
+
+// A descriptor that becomes readable when the process is asked to end. To be called before anything
+// else starts a thread, which would otherwise take the signal.
+int EndSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGHUP);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+}
+
+struct Options {
+    std::string programFolder;
+    bool endWithInput = false;
+};
+
+Options ReadOptions(const QCoreApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Simulated instruments for TRAVO."));
+    const QCommandLineOption headless(QStringLiteral("headless"), QStringLiteral("Run without a window."));
+    const QCommandLineOption folder(QStringLiteral("program-folder"),
+                                    QStringLiteral("TRAVO's program folder."), QStringLiteral("folder"));
+    const QCommandLineOption input(QStringLiteral("end-with-input"),
+                                   QStringLiteral("End when the standard input is closed."));
+    parser.addOptions({headless, folder, input});
+    parser.addHelpOption();
+    parser.process(application);
+    Options options;
+    options.endWithInput = parser.isSet(input);
+    if (parser.isSet(folder)) {
+        if (!QDir(parser.value(folder)).exists()) {
+            throw std::runtime_error("there is no such program folder: " +
+                                     parser.value(folder).toStdString());
+        }
+        options.programFolder = QDir(parser.value(folder)).absolutePath().toStdString();
+    }
+    return options;
+}
+
+void MakeRuntimeFolder() {
+    // Others must not reach the socket, wherever the folder stands. One that is there stays as it is.
+    mkdir(workbench::RuntimeFolder().c_str(), 0700);
+}
+
+// Ends the program when the peer of the standard input has gone.
+void WatchInput(QSocketNotifier& notifier) {
+    QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [] {
+        std::array<char, 256> ignored{};
+        const ssize_t count = read(STDIN_FILENO, ignored.data(), ignored.size());
+        if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR)) {
+            QCoreApplication::quit();
+        }
+    });
+}
+
+int Run(QCoreApplication& application, int endSignals) {
+    const Options options = ReadOptions(application);
+    workbench::World world;
+    workbench::Manipulators manipulators(world);
+    workbench::Commands commands(world, manipulators, options.programFolder);
+    const auto start = std::chrono::steady_clock::now();
+    workbench::ControlServer server(
+        commands,
+        [start] {
+            return std::chrono::duration_cast<workbench::Time>(std::chrono::steady_clock::now() - start);
+        },
+        [] { QCoreApplication::quit(); });
+    MakeRuntimeFolder();
+    server.Listen(workbench::SocketPath());
+
+    QSocketNotifier asked(endSignals, QSocketNotifier::Read);
+    QObject::connect(&asked, &QSocketNotifier::activated, &asked, [] { QCoreApplication::quit(); });
+    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    input.setEnabled(options.endWithInput);
+    WatchInput(input);
+
+    std::printf("travo-workbench: ready at %s\n", workbench::SocketPath().c_str());
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int endSignals = EndSignals();
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("travo-workbench"));
+    try {
+        return Run(application, endSignals);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "travo-workbench: %s\n", failure.what());
+        return 1;
+    }
+}

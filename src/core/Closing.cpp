@@ -21,9 +21,7 @@ void Closing::Close() {
 }
 
 // The order of the closing; windows, camera and ports take their places in it as they are built.
-void Closing::CloseSteps() {
-    SaveValues();
-}
+void Closing::CloseSteps() { SaveValues(); }
 
 void Closing::SaveValues() {
     clsIniEdit& ini = *objects_.cIniEdit;

@@ -45,9 +45,8 @@ void PositionLoop::Stop() {
 
 void PositionLoop::Connect() {
     const std::int16_t highest = objects_.cCommunication->ConnectManipulator();
-    state_.intTotalManipulatorNumber = highest < 0 || highest > HighestManipulatorNumber
-                                           ? std::int16_t{-1}
-                                           : highest;
+    state_.intTotalManipulatorNumber =
+        highest < 0 || highest > HighestManipulatorNumber ? std::int16_t{-1} : highest;
 }
 
 std::optional<PositionLoop::Record> PositionLoop::Request() {

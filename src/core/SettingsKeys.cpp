@@ -1,6 +1,8 @@
 #include "core/SettingsKeys.h"
 
 #include <QLocale>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace travo::settings {
@@ -26,14 +28,10 @@ QString MyPath(const QString& FilePath, QChar separator) {
 QString FloatText(double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); }
 
 QString FloatText(float value) {
-    // The shortest text that reads back as the same 32-bit value has at most 9 digits.
-    for (int digits = 1; digits < 9; ++digits) {
-        const QString text = QString::number(static_cast<double>(value), 'g', digits);
-        if (text.toFloat() == value) {
-            return text;
-        }
-    }
-    return QString::number(static_cast<double>(value), 'g', 9);
+    // Never with an exponent: these are read back as whole numbers.
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed).ptr;
+    return QString::fromLatin1(text.data(), end - text.data());
 }
 
 double FloatValue(const QString& text) {

@@ -21,6 +21,7 @@ QString MyPath(const QString& FilePath, QChar separator);
 
 // A floating value as the shortest text that reads back as the same value, with a point.
 QString FloatText(double value);
+// The same without an exponent, for values that are read back as whole numbers.
 QString FloatText(float value);
 // The value of such a text; 0 for what is no number.
 double FloatValue(const QString& text);

@@ -1,0 +1,102 @@
+#include "core/Closing.h"
+
+#include "core/OwnerFixture.h"
+
+namespace travo::test {
+
+namespace {
+
+class ClosingTest : public OwnerFixture {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(Begin());
+        journal_.clear();
+    }
+};
+
+TEST_F(ClosingTest, TheQuestionStandsToTheLetterWithOkAndCancel) {
+    boxes_.answers = {platform::BoxAnswer::OK};
+    EXPECT_TRUE(closing_->Ask());
+    EXPECT_EQ(boxes_.shown.at(0).text,
+              QStringLiteral("Do you want to end? This will clear all saved cell and escape positions."));
+    EXPECT_EQ(boxes_.shown.at(0).buttons, platform::BoxButtons::OKCancel);
+}
+
+TEST_F(ClosingTest, CancelRefusesTheCloseAndDoesNothingElse) {
+    boxes_.answers = {platform::BoxAnswer::Cancel};
+    EXPECT_FALSE(closing_->Ask());
+    EXPECT_EQ(journal_.size(), 1U);
+    EXPECT_TRUE(timers_.created.at(0)->Enabled());
+}
+
+TEST_F(ClosingTest, CloseWritesInItsExactOrder) {
+    closing_->Close();
+    Journal expected;
+    for (const char* const entry : {"FormBirdView_Shift|X", "FormBirdView_Shift|Y", "FormMain_Position|Top",
+                                    "FormMain_Position|Left", "FormMain_Position|Height",
+                                    "FormMain_Position|Width", "User_Value|XYOffset", "User_Value|ZOffset"}) {
+        expected.push_back(std::string("write ") + entry);
+    }
+    EXPECT_EQ(journal_, expected);
+}
+
+TEST_F(ClosingTest, WhatIsSavedComesBackAtTheNextStart) {
+    state_->ShiftX = 0.1;
+    state_->ShiftY = -1e-7;
+    objects_->cNeedleMove->lngXYOffset = 40;
+    objects_->cObjectiveUpDown->lngOffset = 2147483647;
+    closing_->Close();
+    EXPECT_EQ(ReadSettings().toStdString(),
+              "[FormBirdView_Shift]\r\nX=0.1\r\nY=-1e-07\r\n"
+              "[FormMain_Position]\r\nTop=300\r\nLeft=450\r\nHeight=9360\r\nWidth=7800\r\n"
+              "[User_Value]\r\nXYOffset=40\r\nZOffset=2147483647\r\n");
+    Restart();
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(state_->ShiftX, 0.1);
+    EXPECT_EQ(state_->ShiftY, -1e-7);
+    EXPECT_EQ(place_->Top, 300);
+    EXPECT_EQ(place_->Left, 450);
+    EXPECT_EQ(objects_->cNeedleMove->lngXYOffset, 40);
+    EXPECT_EQ(objects_->cObjectiveUpDown->lngOffset, 2147483647);
+}
+
+TEST_F(ClosingTest, APlaceBeyondSixteenBitsIsBoundedSoThatTheNextStartCanReadIt) {
+    measured_ = {40000.0F, -15.0F, 9360.0F, 7800.0F};
+    closing_->Close();
+    Restart();
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(place_->Top, 32767);
+    EXPECT_EQ(place_->Left, 0);
+}
+
+TEST_F(ClosingTest, AFailureIsReportedTheRestIsSkippedAndNothingMovesAfterwards) {
+    profile_.failWrite = true;
+    closing_->Close();
+    EXPECT_EQ(journal_, (Journal{"write FormBirdView_Shift|X", "box Error : Unload"}));
+    EXPECT_FALSE(timers_.created.at(0)->Enabled());
+}
+
+TEST_F(ClosingTest, ASettingsFileThatCannotBeWrittenDoesNotDisturbTheClose) {
+    ASSERT_TRUE(QDir().mkpath(SettingsPath()));
+    closing_->Close();
+    EXPECT_TRUE(boxes_.shown.empty());
+}
+
+TEST_F(ClosingTest, NothingTicksAfterClosing) {
+    closing_->Close();
+    journal_.clear();
+    timers_.created.at(0)->Fire();
+    EXPECT_TRUE(journal_.empty());
+}
+
+TEST_F(ClosingTest, AnUnchangedRunKeepsEveryStoredCalibration) {
+    WriteSettings("; mine\r\n" + CalibrationText(2));
+    Restart();
+    EXPECT_TRUE(Begin());
+    closing_->Close();
+    EXPECT_TRUE(ReadSettings().startsWith("; mine\r\n" + CalibrationText(2)));
+}
+
+}  // namespace
+
+}  // namespace travo::test

@@ -1,0 +1,133 @@
+// The owner's non-visual half on a machine of stand-ins: the test plays the window.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <optional>
+
+#include "core/Closing.h"
+#include "core/FormMainObjects.h"
+#include "core/PositionLoop.h"
+#include "core/StartUp.h"
+#include "platform/qt/QtPrivateProfile.h"
+#include "support/FakeMachine.h"
+
+namespace travo::test {
+
+// The real settings store, with every call written to the journal.
+class JournalProfile : public platform::PrivateProfile {
+public:
+    explicit JournalProfile(Journal& journal) : journal_(journal) {}
+
+    QString GetString(const QString& section, const QString& key, const QString& defaultValue, int size,
+                      const QString& file) override {
+        Note("read", section, key);
+        return profile_.GetString(section, key, defaultValue, size, file);
+    }
+    std::int32_t GetInt(const QString& section, const QString& key, std::int32_t defaultValue,
+                        const QString& file) override {
+        Note("read", section, key);
+        return profile_.GetInt(section, key, defaultValue, file);
+    }
+    Names GetSectionNames(int size, const QString& file) override {
+        return profile_.GetSectionNames(size, file);
+    }
+    Names GetKeyNames(const QString& section, int size, const QString& file) override {
+        return profile_.GetKeyNames(section, size, file);
+    }
+    bool Write(const QString& section, const std::optional<QString>& key, const std::optional<QString>& value,
+               const QString& file) override {
+        Note("write", section, key.value_or(QString()));
+        if (failWrite) {
+            throw std::runtime_error("the store is gone");
+        }
+        return profile_.Write(section, key, value, file);
+    }
+
+    bool failWrite = false;
+
+private:
+    void Note(const char* what, const QString& section, const QString& key) {
+        journal_.push_back(std::string(what) + " " + section.toStdString() + "|" + key.toStdString());
+    }
+
+    Journal& journal_;
+    platform::QtPrivateProfile profile_;
+};
+
+class OwnerFixture : public testing::Test,
+                     public SharedState::Listener,
+                     public PositionLoop::Listener,
+                     public StartUp::Window,
+                     public Closing::Window {
+protected:
+    OwnerFixture();
+
+    platform::Machine Seams();
+    // Builds the owner's objects anew, as a new start of the program would.
+    void Restart();
+    // Start-up and load; false when the program would end.
+    bool Begin();
+
+    // Writes the settings file that the next start finds.
+    void WriteSettings(const QByteArray& text) const;
+    QByteArray ReadSettings() const;
+    QString SettingsPath() const { return program_.filePath(QStringLiteral("KVData.ini")); }
+    QByteArray ReadLog() const;
+    // The twelve points, three zeros and three centres of a needle whose map is the identity, reflected
+    // in nothing: common = zero + counts - centre.
+    static QByteArray CalibrationText(int needle);
+
+    std::string Last() const { return journal_.empty() ? std::string() : journal_.back(); }
+    std::ptrdiff_t CountOf(const std::string& entry) const;
+    // The place of an entry in the journal; fails the test where it is missing.
+    std::size_t PlaceOf(const std::string& entry) const;
+
+    // SharedState::Listener
+    void MagnificationChanged(std::int16_t magnification) override;
+    void ViewChanged() override { journal_.push_back("view changed"); }
+    // PositionLoop::Listener
+    void TotalManipulatorNumber(std::int16_t number) override;
+    void ManipulatorChange(std::int16_t number) override;
+    void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override;
+    void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) override;
+    // StartUp::Window
+    WindowSize DesignSize() const override { return {7800, 9360}; }
+    void DefaultSize(const WindowSize& size) override { defaultSize_ = size; }
+    void Place(const WindowPlace& place) override;
+    void TellTotalManipulatorNumber() override { TotalManipulatorNumber(state_->intTotalManipulatorNumber); }
+    // Closing::Window
+    MeasuredWindowPlace Measured() const override { return measured_; }
+
+    QTemporaryDir program_;
+    QTemporaryDir data_;
+    Journal journal_;
+    FakeBoxes boxes_{journal_};
+    FakeClock clock_;
+    FakeEventLoop eventLoop_{clock_};
+    FakePointer pointer_;
+    FakeDisplay display_;
+    FakeFolders folders_{journal_};
+    FakeSingleInstance singleInstance_{journal_};
+    FakeTimers timers_;
+    FakeDriverState driver_;
+    FakeDriverLibrary driverLibrary_{driver_, journal_};
+    JournalProfile profile_{journal_};
+
+    std::optional<platform::Machine> machine_;
+    std::optional<SharedState> state_;
+    std::optional<FormMainObjects> objects_;
+    std::optional<PositionLoop> loop_;
+    std::optional<StartUp> startUp_;
+    std::optional<Closing> closing_;
+
+    WindowSize defaultSize_;
+    std::optional<WindowPlace> place_;
+    MeasuredWindowPlace measured_{300.0F, 450.0F, 9360.0F, 7800.0F};
+    PositionXYZ lastRoot_{};
+};
+
+}  // namespace travo::test

@@ -1,0 +1,315 @@
+#include "core/StartUp.h"
+
+#include "core/OwnerFixture.h"
+
+namespace travo::test {
+
+namespace {
+
+class StartUpTest : public OwnerFixture {
+protected:
+    // Settings that the load must refuse: it says so, ends, and leaves the file as it is.
+    void ExpectRefused(const QByteArray& settings) {
+        WriteSettings(settings);
+        EXPECT_FALSE(Begin());
+        EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Load")});
+        EXPECT_TRUE(ReadLog().endsWith("14:05:33 - Error : Load\r\n"));
+        EXPECT_EQ(ReadSettings(), settings);
+    }
+};
+
+TEST_F(StartUpTest, ASecondInstanceIsRefusedBeforeAnythingIsCreated) {
+    singleInstance_.alone = false;
+    EXPECT_FALSE(Begin());
+    EXPECT_EQ(journal_, (Journal{"claim", "box TRAVO has already started."}));
+    EXPECT_EQ(boxes_.shown.at(0).buttons, platform::BoxButtons::OK);
+    EXPECT_FALSE(objects_->DebugLog.Alive());
+}
+
+TEST_F(StartUpTest, InitializeCreatesTheObjectsThenTheDataFolderThenTheLog) {
+    EXPECT_EQ(startUp_->Initialize(), StartUp::Outcome::GoOn);
+    const std::string data = data_.path().toStdString();
+    EXPECT_EQ(journal_, (Journal{"claim", "driver created", "create folder " + data + "/Zelvo",
+                                 "create folder " + data + "/Zelvo/Shared",
+                                 "create folder " + data + "/Zelvo/Shared/Data"}));
+    EXPECT_EQ(objects_->DebugLog->LogFilePath(), data_.path() + "/Zelvo/Shared/Data/debugTRAVO.txt");
+}
+
+TEST_F(StartUpTest, FoldersThatExistAreNotCreated) {
+    EXPECT_TRUE(Begin());
+    Restart();
+    journal_.clear();
+    EXPECT_TRUE(Begin());
+    for (const std::string& entry : journal_) {
+        EXPECT_FALSE(entry.starts_with("create folder")) << entry;
+    }
+}
+
+TEST_F(StartUpTest, EachStartEmptiesTheLogBeforeAnythingElseIsWritten) {
+    EXPECT_TRUE(Begin());
+    objects_->DebugLog->WriteString(QStringLiteral("Needle move failed"));
+    Restart();
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(ReadLog(), "07-03-2008\r\n");
+}
+
+TEST_F(StartUpTest, AFailureInInitializeIsReportedReleasesAllAndEnds) {
+    folders_.refuse = true;
+    EXPECT_FALSE(Begin());
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Initialize")});
+    EXPECT_FALSE(objects_->cCommunication.Alive());
+    EXPECT_FALSE(objects_->DebugLog.Alive());
+    EXPECT_EQ(driver_.released, 1);
+}
+
+TEST_F(StartUpTest, ALogThatCannotBeWrittenEndsInitializeWithABoxAllTheSame) {
+    // A folder stands where the log should.
+    ASSERT_TRUE(QDir().mkpath(data_.filePath(QStringLiteral("Zelvo/Shared/Data/debugTRAVO.txt"))));
+    EXPECT_FALSE(Begin());
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Initialize")});
+}
+
+TEST_F(StartUpTest, ObjectsAreReleasedInTheOrderOfTheirCreation) {
+    EXPECT_TRUE(Begin());
+    objects_->Release();
+    EXPECT_EQ(Last(), "driver released");
+    EXPECT_FALSE(objects_->cCommunication.Alive());
+    EXPECT_FALSE(objects_->cNeedleMove.Alive());
+    EXPECT_FALSE(objects_->cIniEdit.Alive());
+    EXPECT_FALSE(objects_->DebugLog.Alive());
+}
+
+// The whole order of a load on four needles and an empty settings file.
+TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
+    startUp_->Initialize();
+    journal_.clear();
+    EXPECT_EQ(startUp_->Load(), StartUp::Outcome::GoOn);
+
+    Journal expected{"view changed", "view changed", "view changed", "DriverGetCount"};
+    for (const char* const entry :
+         {"FormBirdView_Shift|X", "FormBirdView_Shift|Y", "FormMain_Position|Top", "FormMain_Position|Left",
+          "FormMain_Position|Width", "FormMain_Position|Height"}) {
+        expected.push_back(std::string("read ") + entry);
+    }
+    expected.insert(expected.end(),
+                    {"place main window", "read User_Value|XYOffset", "read User_Value|ZOffset"});
+    for (int needle = 0; needle < 4; ++needle) {
+        const std::string section = "read Manipulator Calibration:" + std::to_string(needle) + "|";
+        for (int axis = 0; axis < 3; ++axis) {
+            for (int point = 0; point < 4; ++point) {
+                expected.push_back(section + "Index:" + std::to_string(point) +
+                                   ",XYZ:" + std::to_string(axis));
+            }
+            expected.push_back(section + "ZERO,XYZ:" + std::to_string(axis));
+        }
+        for (int axis = 0; axis < 3; ++axis) {
+            expected.push_back(section + "Center,XYZ:" + std::to_string(axis));
+        }
+    }
+    for (int needle = 0; needle < 4; ++needle) {
+        expected.push_back("DriverSelect " + std::to_string(needle + 1));
+        expected.push_back("DriverGetPosition");
+        expected.push_back("needle " + std::to_string(needle));
+    }
+    expected.insert(expected.end(), {"DriverSelect 1", "total 3"});
+    EXPECT_EQ(journal_, expected);
+}
+
+TEST_F(StartUpTest, WithNoManipulatorAndAnAnswerOfZeroTheProgramEndsBeforeTheSettingsFileIsOpened) {
+    driver_.count = 0;
+    driver_.selectAnswer = 0;
+    EXPECT_FALSE(Begin());
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Please connect Zelvo version micromanipulator.")});
+    for (const std::string& entry : journal_) {
+        EXPECT_FALSE(entry.starts_with("read ")) << entry;
+    }
+}
+
+TEST_F(StartUpTest, WithNoManipulatorAndAnotherAnswerTheProgramRunsAndNeedleStaysAtZero) {
+    driver_.count = 0;
+    driver_.selectAnswer = 1;
+    EXPECT_TRUE(Begin());
+    journal_.clear();
+    timers_.created.at(0)->Fire();
+    EXPECT_TRUE(journal_.empty());
+    EXPECT_EQ(state_->intTotalManipulatorNumber, -1);
+    EXPECT_EQ(state_->Needle(0, 0), 0);
+}
+
+TEST_F(StartUpTest, WithoutADriverLibraryTheProgramRunsOnWithoutNeedles) {
+    driver_.libraryMissing = true;
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(boxes_.shown.empty());
+    EXPECT_EQ(state_->intTotalManipulatorNumber, -1);
+}
+
+TEST_F(StartUpTest, ADriverThatFailsInCountingEndsTheLoad) {
+    driver_.failing = {"DriverGetCount"};
+    ExpectRefused("[User_Value]\r\nXYOffset=7\r\n");
+}
+
+TEST_F(StartUpTest, ACountOfSixOrMoreManipulatorsIsStoredAsNone) {
+    driver_.count = 6;
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(state_->intTotalManipulatorNumber, -1);
+}
+
+TEST_F(StartUpTest, ACountOfFiveIsAcceptedAndTheFifthFailsItsRead) {
+    driver_.count = 5;
+    driver_.position[4] = {10, 20, 30};
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(state_->intTotalManipulatorNumber, 4);
+    EXPECT_EQ(CountOf("needle 3"), 1);
+    EXPECT_EQ(CountOf("needle 4"), 0);
+    EXPECT_EQ(driver_.selected, 5) << "the one that could not be read stays selected";
+}
+
+TEST_F(StartUpTest, WithAnEmptySettingsFileNothingIsCalibratedAndBothOffsetsAreOneHundred) {
+    WriteSettings("");
+    EXPECT_TRUE(Begin());
+    for (int needle = 0; needle < 4; ++needle) {
+        EXPECT_FALSE(state_->CalibrationON(needle));
+    }
+    EXPECT_EQ(place_->Top, 0);
+    EXPECT_EQ(place_->Left, 0);
+    EXPECT_EQ(place_->Width, 7800);
+    EXPECT_EQ(place_->Height, 9360);
+    EXPECT_EQ(objects_->cNeedleMove->lngXYOffset, 100);
+    EXPECT_EQ(objects_->cObjectiveUpDown->lngOffset, 100);
+    EXPECT_EQ(state_->ShiftX, 0.0);
+}
+
+TEST_F(StartUpTest, StoredValuesComeBack) {
+    WriteSettings(
+        "[FormBirdView_Shift]\r\nX=12.5\r\nY=-0.25\r\n"
+        "[FormMain_Position]\r\nTop=300\r\nLeft=-30\r\nWidth=9000\r\nHeight=32767\r\n"
+        "[User_Value]\r\nXYOffset=0\r\nZOffset=250\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(state_->ShiftX, 12.5);
+    EXPECT_EQ(state_->ShiftY, -0.25);
+    EXPECT_EQ(place_->Top, 300);
+    EXPECT_EQ(place_->Left, 0) << "a place off the left comes back at 0";
+    EXPECT_EQ(place_->Width, 9000);
+    EXPECT_EQ(place_->Height, 32767);
+    EXPECT_EQ(objects_->cNeedleMove->lngXYOffset, 0);
+    EXPECT_EQ(objects_->cObjectiveUpDown->lngOffset, 250);
+}
+
+TEST_F(StartUpTest, AStoredTopOfMinusOneOrMinusThirtyComesBackAsZero) {
+    for (const char* const top : {"-1", "-30"}) {
+        Restart();
+        WriteSettings(QByteArray("[FormMain_Position]\r\nTop=") + top + "\r\n");
+        EXPECT_TRUE(Begin());
+        EXPECT_EQ(place_->Top, 0);
+    }
+}
+
+TEST_F(StartUpTest, AShiftThatIsNoNumberCountsAsZero) {
+    WriteSettings("[FormBirdView_Shift]\r\nX=abc\r\nY=1e999\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(state_->ShiftX, 0.0);
+    EXPECT_EQ(state_->ShiftY, 0.0);
+}
+
+TEST_F(StartUpTest, AWindowValueBeyondSixteenBitsEndsTheLoadAndLeavesTheFile) {
+    ExpectRefused("[FormMain_Position]\r\nTop=40000\r\n; kept\r\n");
+}
+
+TEST_F(StartUpTest, AWindowValueOf32768EndsTheLoad) {
+    ExpectRefused("[FormMain_Position]\r\nHeight=32768\r\n");
+}
+
+TEST_F(StartUpTest, AStoredCalibrationIsRestoredAndMapsThePosition) {
+    WriteSettings(CalibrationText(0));
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(state_->CalibrationON(0));
+    EXPECT_FALSE(state_->CalibrationON(1));
+    // The needle stands at (100, 200, 300): zero + counts - centre.
+    EXPECT_EQ(state_->Needle(0, 0), 100 + 100 - 10000);
+    EXPECT_EQ(state_->Needle(0, 1), -200 + 200 - 22000);
+    EXPECT_EQ(state_->Needle(0, 2), 0 + 300 - 5000);
+}
+
+TEST_F(StartUpTest, ASingleUnreadPointClearsTheCalibrationOfThatNeedleAlone) {
+    QByteArray damaged = CalibrationText(1);
+    damaged.replace("Index:2,XYZ:1=24000\r\n", "");
+    WriteSettings(CalibrationText(0) + damaged + CalibrationText(2) + CalibrationText(3));
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(state_->CalibrationON(0));
+    EXPECT_FALSE(state_->CalibrationON(1));
+    EXPECT_TRUE(state_->CalibrationON(2));
+    EXPECT_TRUE(state_->CalibrationON(3));
+}
+
+TEST_F(StartUpTest, AMissingZeroClearsTheCalibration) {
+    QByteArray damaged = CalibrationText(0);
+    damaged.replace("ZERO,XYZ:2=0\r\n", "ZERO,XYZ:2=-100000\r\n");
+    WriteSettings(damaged);
+    EXPECT_TRUE(Begin());
+    EXPECT_FALSE(state_->CalibrationON(0));
+}
+
+TEST_F(StartUpTest, ADamagedCalibrationValueCountsAsMeasuredAtZero) {
+    QByteArray damaged = CalibrationText(0);
+    damaged.replace("ZERO,XYZ:0=100", "ZERO,XYZ:0=abc");
+    WriteSettings(damaged);
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(state_->CalibrationON(0));
+    EXPECT_EQ(objects_->cNeedleMove->PosZero(0, 0), 0);
+}
+
+TEST_F(StartUpTest, TheStoredCentreOverridesTheComputedOneAndIsUnsetWhenNeverWritten) {
+    QByteArray withoutCentre = CalibrationText(0);
+    withoutCentre.replace("Center,", "Elsewhere,");
+    WriteSettings(withoutCentre);
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(state_->CalibrationON(0));
+    // zero + counts - centre, with the centre at "not set".
+    EXPECT_EQ(state_->Needle(0, 0), 100 + 100 + 100000);
+}
+
+TEST_F(StartUpTest, ACalibrationBeyondThirtyTwoBitsIsReportedAndTheLoadGoesOn) {
+    QByteArray damaged = CalibrationText(0);
+    damaged.replace("Index:1,XYZ:0=7000", "Index:1,XYZ:0=2147483647");
+    WriteSettings(damaged);
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Calibration calculation failed")});
+    EXPECT_TRUE(state_->CalibrationON(0));
+}
+
+TEST_F(StartUpTest, ABinaryOrHugeSettingsFileLoadsAsDefaults) {
+    QByteArray binary;
+    for (int byte = 0; byte < 4096; ++byte) {
+        binary.append(static_cast<char>(byte * 37));
+    }
+    for (const QByteArray& text : {binary, QByteArray(10 * 1024 * 1024, 'x')}) {
+        Restart();
+        WriteSettings(text);
+        EXPECT_TRUE(Begin());
+        EXPECT_EQ(objects_->cNeedleMove->lngXYOffset, 100);
+        EXPECT_EQ(ReadSettings(), text);
+    }
+}
+
+TEST_F(StartUpTest, TheDefaultSizeFollowsTheDisplayRoundedToEven) {
+    display_.vertical = 15.0 * 1.25;
+    display_.horizontal = 15.0 / 16.0 * 7.0;
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(defaultSize_.Height, 11700);
+    EXPECT_EQ(defaultSize_.Width, 3412) << "3412.5, to even";
+}
+
+TEST_F(StartUpTest, ADesignSizeBeyondSixteenBitsEndsTheLoad) {
+    display_.vertical = 150.0;
+    ExpectRefused("");
+}
+
+TEST_F(StartUpTest, TheLoopTicksEveryTwoHundredMilliseconds) {
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(timers_.created.at(0)->interval, 200);
+    EXPECT_TRUE(timers_.created.at(0)->Enabled());
+}
+
+}  // namespace
+
+}  // namespace travo::test

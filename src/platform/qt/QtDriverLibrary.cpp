@@ -20,13 +20,17 @@ using ReconnectFunction = std::int32_t();
 }
 
 // A library keeps its file loaded beyond its own end unless it is told otherwise.
-struct Unload {
-    void operator()(QLibrary* library) const {
-        library->unload();
-        delete library;
-    }
-};
-using LoadedLibrary = std::unique_ptr<QLibrary, Unload>;
+void UnloadAndDelete(QLibrary* library) {
+    library->unload();
+    delete library;
+}
+
+std::shared_ptr<QLibrary> Load(const QString& path) {
+    const std::shared_ptr<QLibrary> library(new QLibrary(path), UnloadAndDelete);
+    // A symbol that nobody has is found out here, and not in the middle of a move.
+    library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    return library->load() ? library : nullptr;
+}
 
 struct Functions {
     GetPositionFunction* getPosition = nullptr;
@@ -59,7 +63,7 @@ void Expect(std::int32_t status, const char* operation) {
 
 class LibraryDriver : public ManipulatorDriver {
 public:
-    LibraryDriver(LoadedLibrary library, const Functions& functions)
+    LibraryDriver(std::shared_ptr<QLibrary> library, const Functions& functions)
         : library_(std::move(library)), functions_(functions) {}
 
     Position DriverGetPosition() override {
@@ -84,7 +88,7 @@ public:
     void DriverReconnect() override { Expect(functions_.reconnect(), "DriverReconnect"); }
 
 private:
-    LoadedLibrary library_;
+    std::shared_ptr<QLibrary> library_;
     Functions functions_;
 };
 
@@ -93,11 +97,13 @@ private:
 QtDriverLibrary::QtDriverLibrary(QString folder) : folder_(std::move(folder)) {}
 
 std::unique_ptr<ManipulatorDriver> QtDriverLibrary::Create() {
-    LoadedLibrary library(new QLibrary(QDir(folder_).filePath(QStringLiteral("ManipulatorDriver"))));
-    // A symbol that nobody has is found out here, and not in the middle of a move.
-    library->setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    std::shared_ptr<QLibrary> library = loaded_.lock();
+    if (!library) {
+        library = Load(QDir(folder_).absoluteFilePath(QStringLiteral("ManipulatorDriver")));
+        loaded_ = library;
+    }
     Functions functions;
-    if (!library->load() || !ResolveAll(*library, functions)) {
+    if (!library || !ResolveAll(*library, functions)) {
         return nullptr;
     }
     return std::make_unique<LibraryDriver>(std::move(library), functions);

@@ -1,0 +1,442 @@
+#include "needle/CalibrationMap.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+#include <optional>
+#include <random>
+
+#include "NeedleFixture.h"
+
+namespace travo {
+namespace {
+
+using test::Largest;
+using test::Smallest;
+using Points = CalibrationMap::Points;
+
+CalibrationMap MapOf(const Points& points, const PositionXYZ& zero = {0, 0, 0}) {
+    CalibrationMap map;
+    map.PosZero = zero;
+    map.Calculate(points);
+    return map;
+}
+
+TEST(CalibrationMap, StraightWorkedExample) {
+    const CalibrationMap map = MapOf(test::StraightNeedle, {100, -200, 0});
+    EXPECT_EQ(map.ManiCenter, (std::array<double, 3>{10000, 22000, 5000}));
+    EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{6000, 0, 0}));
+    EXPECT_EQ(map.CalibAxisY.Raw, (std::array<double, 3>{0, 8000, 0}));
+    EXPECT_EQ(map.CalibAxisZ.Raw, (std::array<double, 3>{0, 0, 1000}));
+    EXPECT_TRUE(map.ManiDirect);
+    const std::array<double, 3> alongX{1, 0, 0};
+    const std::array<double, 3> alongY{0, 1, 0};
+    const std::array<double, 3> alongZ{0, 0, 1};
+    EXPECT_EQ(map.CalibAxisX.Unit, alongX);
+    EXPECT_EQ(map.CalibAxisY.Unit, alongY);
+    EXPECT_EQ(map.CalibAxisZ.Unit, alongZ);
+    EXPECT_EQ(map.CalibAxisX.Inverse, alongX);
+    EXPECT_EQ(map.CalibAxisY.Inverse, alongY);
+    EXPECT_EQ(map.CalibAxisZ.Inverse, alongZ);
+    EXPECT_EQ(map.ToCommon({11000, 21000, 5100}), (PositionXYZ{1100, -1200, 100}));
+    EXPECT_EQ(map.ToManipulator({1100, -1200, 100}), (PositionXYZ{11000, 21000, 5100}));
+}
+
+TEST(CalibrationMap, TiltedWorkedExampleToTheTenthDigit) {
+    const CalibrationMap map = MapOf(test::TiltedNeedle, {100, -200, 0});
+    constexpr double HalfDigit = 0.5e-10;
+    EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{5200, 0, -3000}));
+    EXPECT_EQ(map.CalibAxisZ.Raw, (std::array<double, 3>{500, 0, 866}));
+    EXPECT_TRUE(map.ManiDirect);
+    EXPECT_NEAR(map.CalibAxisX.Unit[0], 0.8661855860, HalfDigit);
+    EXPECT_EQ(map.CalibAxisX.Unit[1], 0.0);
+    EXPECT_NEAR(map.CalibAxisX.Unit[2], -0.4997224535, HalfDigit);
+    EXPECT_NEAR(map.CalibAxisZ.Unit[0], 0.5000110004, HalfDigit);
+    EXPECT_EQ(map.CalibAxisZ.Unit[1], 0.0);
+    EXPECT_NEAR(map.CalibAxisZ.Unit[2], 0.8660190526, HalfDigit);
+    EXPECT_NEAR(map.Determinant(), 0.9999999445, HalfDigit);
+    EXPECT_EQ(map.ToCommon({11000, 21000, 5100}), (PositionXYZ{1016, -1200, -413}));
+    EXPECT_EQ(map.ToManipulator({1016, -1200, -413}), (PositionXYZ{11000, 21000, 5100}));
+}
+
+TEST(CalibrationMap, TheVectorsAreTheColumnsOfTheForwardMatrix) {
+    const CalibrationMap map = MapOf(test::TiltedNeedle);
+    // A step of 10000 along manipulator X shows the first component of each vector: 8662 of X at common
+    // X, 0 of Y, and at common Z the third of X. The transpose would give +5000 there.
+    EXPECT_EQ(map.ToCommon({20000, 22000, 5000}), (PositionXYZ{8662, 0, -4997}));
+    EXPECT_EQ(map.ToCommon({10000, 22000, 15000}), (PositionXYZ{5000, 0, 8660}));
+}
+
+TEST(CalibrationMap, TheInverseColumnsUndoTheForwardOnes) {
+    const CalibrationMap map = MapOf(test::TiltedNeedle);
+    const std::array columns{&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ};
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) {
+            double sum = 0.0;
+            for (std::size_t k = 0; k < 3; ++k) {
+                sum += columns[k]->Inverse[row] * columns[column]->Unit[k];
+            }
+            EXPECT_NEAR(sum, row == column ? 1.0 : 0.0, 1e-15);
+        }
+    }
+}
+
+TEST(CalibrationMap, AReversedNeedleTakesOutputXAsZeroMinusTheSum) {
+    const CalibrationMap map = MapOf(test::ReversedNeedle, {100, -200, 0});
+    EXPECT_FALSE(map.ManiDirect);
+    EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{6000, 0, 0}));
+    EXPECT_EQ(map.ToCommon({11000, 21000, 5100}), (PositionXYZ{-900, -1200, 100}));
+    EXPECT_EQ(map.ToManipulator({-900, -1200, 100}), (PositionXYZ{11000, 21000, 5100}));
+}
+
+TEST(CalibrationMap, WithoutManiDirectTheSignChangesOnOutputXForwardAndOnInputXOfEveryAxisBack) {
+    Points points = test::TiltedNeedle;
+    std::swap(points[1], points[2]);
+    const CalibrationMap reversed = MapOf(points);
+    const CalibrationMap direct = MapOf(test::TiltedNeedle);
+    ASSERT_FALSE(reversed.ManiDirect);
+    ASSERT_EQ(reversed.CalibAxisX.Unit, direct.CalibAxisX.Unit);
+    const PositionXYZ manipulator{11000, 21000, 5100};
+    const PositionXYZ common = direct.ToCommon(manipulator);
+    EXPECT_EQ(reversed.ToCommon(manipulator), (PositionXYZ{-common[0], common[1], common[2]}));
+    // Both manipulator X and manipulator Z depend on common X in a tilted needle.
+    EXPECT_EQ(reversed.ToManipulator({-common[0], common[1], common[2]}), manipulator);
+    EXPECT_EQ(reversed.ToManipulator({-3000, 50, 70}), direct.ToManipulator({3000, 50, 70}));
+    EXPECT_NE(direct.ToManipulator({3000, 0, 0})[2], direct.ToManipulator({-3000, 0, 0})[2]);
+}
+
+TEST(CalibrationMap, TheThirdComponentOfTheHandednessVectorHasTheOppositeSignToTheCrossProduct) {
+    // The true cross product of X (6000, 0, 0) and Y (0, 8000, 0) points along +Z, as the Z vector does.
+    EXPECT_TRUE(MapOf(test::StraightNeedle).ManiDirect);
+    // With Z downwards the product of the two is positive.
+    Points downwards = test::StraightNeedle;
+    downwards[3][2] = 4000;
+    EXPECT_FALSE(MapOf(downwards).ManiDirect);
+    // In the first two components the sign is that of the cross product: here it is (8, 0, 0).
+    EXPECT_FALSE(MapOf({{{0, 0, 0}, {0, -2, 1}, {0, 2, 1}, {20, 0, 0}}}).ManiDirect);
+    EXPECT_TRUE(MapOf({{{0, 0, 0}, {0, -2, 1}, {0, 2, 1}, {-20, 0, 0}}}).ManiDirect);
+    EXPECT_FALSE(MapOf({{{0, 0, 0}, {-2, 0, -1}, {2, 0, -1}, {0, 20, 0}}}).ManiDirect);
+    EXPECT_TRUE(MapOf({{{0, 0, 0}, {-2, 0, -1}, {2, 0, -1}, {0, -20, 0}}}).ManiDirect);
+}
+
+TEST(CalibrationMap, ATieInDChoosesTheLowestAxis) {
+    // H is (8, 8, 0), Z (-2, 18, 0): both distances are 10. Axis 0 says direct, axis 1 would not.
+    EXPECT_TRUE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {-2, 18, 0}}}).ManiDirect);
+    // The same distances with the senses of the two axes changed over.
+    EXPECT_FALSE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {18, -2, 0}}}).ManiDirect);
+}
+
+TEST(CalibrationMap, AnAllZeroDLeavesTheFirstAxis) {
+    // H equals Z, (8, 0, 0): no maximum at all, and on axis 0 the product is positive.
+    EXPECT_FALSE(MapOf({{{0, 0, 0}, {0, -2, 1}, {0, 2, 1}, {8, 0, 0}}}).ManiDirect);
+}
+
+TEST(CalibrationMap, APositiveProductOnALesserAxisDoesNotCount) {
+    // H is (8, 8, 0), Z (1, -30, 0): axis 1 is dominant with 38 against 7.
+    EXPECT_TRUE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {1, -30, 0}}}).ManiDirect);
+}
+
+TEST(CalibrationMap, PointsOneAndTwoEqualGiveTheRoundedCentreForAnyTarget) {
+    Points points = test::StraightNeedle;
+    points[2] = points[1];
+    points[0] = {10001, 20000, 5000};
+    const CalibrationMap map = MapOf(points);
+    EXPECT_EQ(map.CalibAxisX.Unit, (std::array<double, 3>{}));
+    EXPECT_EQ(map.Determinant(), 0.0);
+    for (const CalibAxis* axis : {&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ}) {
+        EXPECT_EQ(axis->Inverse, (std::array<double, 3>{}));
+    }
+    EXPECT_EQ(map.ManiCenter, (std::array<double, 3>{8500.5, 22000, 5000}));
+    EXPECT_EQ(map.ToManipulator({1234, -5678, 90}), (PositionXYZ{8500, 22000, 5000}));
+    EXPECT_EQ(map.ToManipulator({0, 0, 0}), (PositionXYZ{8500, 22000, 5000}));
+}
+
+TEST(CalibrationMap, ASecondCalculationClearsTheInverseOfTheFirst) {
+    CalibrationMap map = MapOf(test::StraightNeedle);
+    map.Calculate({});
+    EXPECT_EQ(map.CalibAxisX.Inverse, (std::array<double, 3>{}));
+    EXPECT_EQ(map.CalibAxisY.Unit, (std::array<double, 3>{}));
+    EXPECT_TRUE(map.ManiDirect);
+}
+
+TEST(CalibrationMap, AValueExactlyHalfwayGoesToTheEvenOne) {
+    Points points = test::StraightNeedle;
+    points[0][0] = 10001;
+    const CalibrationMap map = MapOf(points);
+    ASSERT_EQ(map.ManiCenter[0], 10000.5);
+    EXPECT_EQ(map.ToCommon(0, {10003, 22000, 5000}), 2);  // 2.5
+    EXPECT_EQ(map.ToCommon(0, {10004, 22000, 5000}), 4);  // 3.5
+    EXPECT_EQ(map.ToCommon(0, {9998, 22000, 5000}), -2);  // -2.5
+    EXPECT_EQ(map.ToManipulator(0, {2, 0, 0}), 10002);    // 10002.5
+    EXPECT_EQ(map.ToManipulator(0, {3, 0, 0}), 10004);    // 10003.5
+}
+
+TEST(CalibrationMap, TheCentreKeepsItsQuarters) {
+    EXPECT_EQ(MapOf({{{2, 0, 0}, {1, 0, 0}, {0, 0, 0}, {0, 0, 0}}}).ManiCenter[0], 1.25);
+    EXPECT_EQ(MapOf({{{-2, 0, 0}, {-1, 0, 0}, {0, 0, 0}, {0, 0, 0}}}).ManiCenter[0], -1.25);
+}
+
+TEST(CalibrationMap, TheDifferenceToTheCentreIsADoubleAndCannotOverflow) {
+    CalibrationMap map = MapOf(test::StraightNeedle);
+    map.ManiCenter = {-10.0, 0.0, 0.0};
+    EXPECT_EQ(map.ToCommon(1, {Largest, 5, 0}), 5);
+    EXPECT_THROW(map.ToCommon(0, {Largest, 5, 0}), OverflowFailure);
+    map.PosZero[0] = -10;
+    EXPECT_EQ(map.ToCommon(0, {Largest, 5, 0}), Largest);
+}
+
+TEST(CalibrationMap, TheDifferencesToTheZeroAre32BitOnesOnEveryOutputAxis) {
+    for (std::size_t input = 0; input < 3; ++input) {
+        CalibrationMap map = MapOf(test::StraightNeedle);
+        map.PosZero[input] = -100000;
+        PositionXYZ far{};
+        far[input] = Largest;
+        for (std::size_t output = 0; output < 3; ++output) {
+            EXPECT_THROW(map.ToManipulator(output, far), OverflowFailure) << input << output;
+        }
+        far[input] = Largest - 100000;
+        for (std::size_t output = 0; output < 3; ++output) {
+            if (output == input) {
+                EXPECT_THROW(map.ToManipulator(output, far), OverflowFailure);  // the centre on top
+            } else {
+                EXPECT_NO_THROW(map.ToManipulator(output, far));
+            }
+        }
+    }
+}
+
+TEST(CalibrationMap, WithoutManiDirectTheFirstDifferenceIsTakenFromTheZero) {
+    CalibrationMap map = MapOf(test::ReversedNeedle);
+    // 0 - Smallest does not fit, Smallest - 0 would.
+    EXPECT_THROW(map.ToManipulator(1, {Smallest, 0, 0}), OverflowFailure);
+    EXPECT_NO_THROW(map.ToManipulator(1, {Largest, 0, 0}));
+    map.ManiDirect = true;
+    EXPECT_NO_THROW(map.ToManipulator(1, {Smallest, 0, 0}));
+}
+
+TEST(CalibrationMap, AResultThatIsNotFiniteIsAFailure) {
+    CalibrationMap map = MapOf(test::StraightNeedle);
+    map.CalibAxisX.Unit[0] = std::numeric_limits<double>::infinity();
+    map.CalibAxisX.Inverse[0] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_THROW(map.ToCommon(0, {0, 0, 0}), OverflowFailure);
+    EXPECT_THROW(map.ToManipulator(0, {1, 0, 0}), OverflowFailure);
+}
+
+TEST(CalibrationMap, AVectorThatIsNotFiniteHasNoInverse) {
+    CalibrationMap map = MapOf(test::StraightNeedle);
+    map.CalibAxisZ.Unit[2] = std::numeric_limits<double>::infinity();
+    EXPECT_THROW(map.Invert(), OverflowFailure);
+}
+
+// --- random calibrations ---------------------------------------------------------------------------
+
+class Random {
+public:
+    explicit Random(std::uint32_t seed) : engine_(seed) {}
+    double Real(double low, double high) { return std::uniform_real_distribution(low, high)(engine_); }
+    std::int32_t Whole(std::int32_t low, std::int32_t high) {
+        return std::uniform_int_distribution(low, high)(engine_);
+    }
+    PositionXYZ Position(std::int32_t low, std::int32_t high) {
+        return {Whole(low, high), Whole(low, high), Whole(low, high)};
+    }
+
+private:
+    std::mt19937 engine_;
+};
+
+using Vector = std::array<double, 3>;
+
+Vector Turned(Vector v, std::size_t about, double degrees) {
+    const double angle = degrees * std::numbers::pi / 180.0;
+    const std::size_t first = (about + 1) % 3;
+    const std::size_t second = (about + 2) % 3;
+    const double along = v[first];
+    v[first] = along * std::cos(angle) - v[second] * std::sin(angle);
+    v[second] = along * std::sin(angle) + v[second] * std::cos(angle);
+    return v;
+}
+
+// The marks of a needle that is mounted askew: turned about X and Y by up to 20 degrees.
+Points MountedAskew(Random& random) {
+    const double aboutX = random.Real(-20.0, 20.0);
+    const double aboutY = random.Real(-20.0, 20.0);
+    const double side = random.Whole(0, 1) == 0 ? 1.0 : -1.0;
+    const std::array<Vector, 4> marks{
+        {{0, 0, 0}, {-3000 * side, 4000, 0}, {3000 * side, 4000, 0}, {0, 0, 2000}}};
+    Points points{};
+    for (std::size_t point = 0; point < 4; ++point) {
+        const Vector turned = Turned(Turned(marks[point], 0, aboutX), 1, aboutY);
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            points[point][axis] = static_cast<std::int32_t>(std::lround(12500 + turned[axis]));
+        }
+    }
+    return points;
+}
+
+TEST(CalibrationMapProperty, ThereAndBackDiffersByAtMostOneForTiltsUpToTwentyDegrees) {
+    Random random(41);
+    int direct = 0;
+    for (int trial = 0; trial < 20000; ++trial) {
+        const CalibrationMap map = MapOf(MountedAskew(random), random.Position(-50000, 50000));
+        direct += map.ManiDirect;
+        const PositionXYZ place = random.Position(0, 25000);
+        const PositionXYZ back = map.ToManipulator(map.ToCommon(place));
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            ASSERT_LE(std::abs(back[axis] - place[axis]), 1) << "trial " << trial << " axis " << axis;
+        }
+    }
+    EXPECT_GT(direct, 5000);
+    EXPECT_LT(direct, 15000);
+}
+
+TEST(CalibrationMapProperty, ThereAndBackDiffersByAtMostHalfACountAndHalfTheInverseRow) {
+    Random random(42);
+    int compared = 0;
+    for (int trial = 0; trial < 20000; ++trial) {
+        Points points{};
+        for (PositionXYZ& point : points) {
+            point = random.Position(0, 25000);
+        }
+        const CalibrationMap map = MapOf(points, random.Position(-50000, 50000));
+        if (std::fabs(map.Determinant()) < 1e-4) {
+            continue;  // so flat that the result may leave 32 bits
+        }
+        const PositionXYZ place = random.Position(0, 25000);
+        const PositionXYZ back = map.ToManipulator(map.ToCommon(place));
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            const double row = std::fabs(map.CalibAxisX.Inverse[axis]) +
+                               std::fabs(map.CalibAxisY.Inverse[axis]) +
+                               std::fabs(map.CalibAxisZ.Inverse[axis]);
+            ASSERT_LE(std::abs(back[axis] - place[axis]), std::ceil(0.5 + 0.5 * row)) << "trial " << trial;
+        }
+        ++compared;
+    }
+    EXPECT_GT(compared, 15000);
+}
+
+// What a map should give, in wider arithmetic: nothing where an overflow is due. `doubtful` where the
+// value lies so near the end of the range that the width of the arithmetic decides.
+struct Expected {
+    std::optional<long double> value;
+    bool doubtful = false;
+};
+
+bool Fits(std::int64_t value) { return value >= Smallest && value <= Largest; }
+
+Expected InRange(long double value, long double magnitude) {
+    const long double slack = 0.5L + magnitude * 1e-15L;
+    const bool inside = value > Smallest - slack && value < Largest + slack;
+    const bool wellInside = value > Smallest + slack && value < Largest - slack;
+    return {inside ? std::optional(value) : std::nullopt, inside && !wellInside};
+}
+
+Expected WideToCommon(const CalibrationMap& map, std::size_t axis, const PositionXYZ& p) {
+    const std::array columns{&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ};
+    long double sum = 0.0L;
+    long double magnitude = std::fabs(static_cast<long double>(map.PosZero[axis]));
+    for (std::size_t k = 0; k < 3; ++k) {
+        const long double term =
+            (static_cast<long double>(p[k]) - map.ManiCenter[k]) * columns[k]->Unit[axis];
+        sum += term;
+        magnitude += std::fabs(term);
+    }
+    const bool against = !map.ManiDirect && axis == 0;
+    return InRange(map.PosZero[axis] + (against ? -sum : sum), magnitude);
+}
+
+Expected WideToManipulator(const CalibrationMap& map, std::size_t axis, const PositionXYZ& p) {
+    const std::array columns{&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ};
+    long double sum = map.ManiCenter[axis];
+    long double magnitude = std::fabs(sum);
+    for (std::size_t k = 0; k < 3; ++k) {
+        std::int64_t difference = std::int64_t{p[k]} - map.PosZero[k];
+        difference = k == 0 && !map.ManiDirect ? -difference : difference;
+        if (!Fits(difference)) {
+            return {};
+        }
+        const long double term = static_cast<long double>(difference) * columns[k]->Inverse[axis];
+        sum += term;
+        magnitude += std::fabs(term);
+    }
+    return InRange(sum, magnitude);
+}
+
+// 1 where the map raised an overflow, else 0; a failed expectation where it should have done otherwise.
+template <typename Map>
+int Compare(const Expected& expected, Map&& map) {
+    try {
+        const std::int32_t result = map();
+        EXPECT_TRUE(expected.value.has_value());
+        if (expected.value) {
+            EXPECT_LE(std::fabs(result - *expected.value), 0.5L + 1e-4L);
+        }
+        return 0;
+    } catch (const OverflowFailure&) {
+        EXPECT_TRUE(!expected.value || expected.doubtful);
+        return 1;
+    }
+}
+
+TEST(CalibrationMapProperty, OverflowOfTheMapsIsAlwaysAnErrorAndNeverAWrappedNumber) {
+    Random random(43);
+    int raised = 0;
+    constexpr int Trials = 20000;
+    for (int trial = 0; trial < Trials; ++trial) {
+        CalibrationMap map = MapOf(MountedAskew(random), random.Position(Smallest, Largest));
+        for (double& center : map.ManiCenter) {
+            center = random.Whole(Smallest, Largest);
+        }
+        const PositionXYZ place = random.Position(Smallest, Largest);
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            raised += Compare(WideToCommon(map, axis, place), [&] { return map.ToCommon(axis, place); });
+            raised +=
+                Compare(WideToManipulator(map, axis, place), [&] { return map.ToManipulator(axis, place); });
+        }
+        ASSERT_FALSE(HasFailure()) << "trial " << trial;
+    }
+    EXPECT_GT(raised, Trials);
+    EXPECT_LT(raised, 5 * Trials);
+}
+
+bool SumsFit(const Points& points) {
+    bool fit = true;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const std::int64_t apex = points[0][axis];
+        const std::int64_t base = std::int64_t{points[2][axis]} + points[1][axis];
+        fit = fit && Fits(base) && Fits(std::int64_t{points[2][axis]} - points[1][axis]) && Fits(2 * apex) &&
+              Fits(base - 2 * apex) && Fits(points[3][axis] - apex);
+    }
+    return fit;
+}
+
+TEST(CalibrationMapProperty, OverflowOfTheIntegerSumsIsAlwaysAnErrorAndStoresNothing) {
+    Random random(44);
+    int raised = 0;
+    constexpr int Trials = 20000;
+    for (int trial = 0; trial < Trials; ++trial) {
+        const std::int32_t reach = trial % 2 == 0 ? 900'000'000 : Largest;
+        Points points{};
+        for (PositionXYZ& point : points) {
+            point = random.Position(-reach, reach);
+        }
+        CalibrationMap map;
+        if (SumsFit(points)) {
+            ASSERT_NO_THROW(map.Calculate(points));
+            const double length =
+                std::hypot(map.CalibAxisX.Unit[0], map.CalibAxisX.Unit[1], map.CalibAxisX.Unit[2]);
+            ASSERT_NEAR(length, 1.0, 1e-14);
+        } else {
+            ++raised;
+            ASSERT_THROW(map.Calculate(points), OverflowFailure);
+            ASSERT_EQ(map.CalibAxisX.Raw, (Vector{}));
+            ASSERT_EQ(map.ManiCenter, (Vector{}));
+        }
+    }
+    EXPECT_GT(raised, Trials / 4);
+    EXPECT_LT(raised, Trials - 100);
+}
+
+}  // namespace
+}  // namespace travo

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Plays the tour of a build folder on a display, a session bus and folders of its own.
+#   tools/tour.sh BUILD-FOLDER
+set -eu
+cd "$(dirname "$0")/.."
+build="$(realpath "$1")"
+own="$(mktemp -d)"
+trap 'rm -rf "$own"' EXIT
+mkdir -m 700 "$own/runtime" "$own/data" "$own/config"
+cp -a "$build/TRAVO" "$own/TRAVO"
+
+export XDG_RUNTIME_DIR="$own/runtime" XDG_DATA_HOME="$own/data" XDG_CONFIG_HOME="$own/config"
+unset WAYLAND_DISPLAY QT_QPA_PLATFORM
+pictures="$build/pictures"
+rm -rf "$pictures"
+status=0
+xvfb-run -a -s "-screen 0 2560x1600x24 -nolisten tcp" dbus-run-session -- \
+    tools/with-window-manager.sh "$build/workbench/tour/tour" "$own/TRAVO" "$build/workbench/travo-workbench" "$pictures" ||
+    status=$?
+echo "Pictures: $pictures"
+exit $status

@@ -40,7 +40,7 @@ QFont Semibold(const QFont& font, int pixels) {
 FormMain::FormMain(const platform::Machine& machine)
     : machine_(machine),
       state_(*this),
-      objects_(machine_, state_),
+      objects_(machine_, state_, *this),
       loop_(state_, objects_, machine_.boxes, machine_.timers, *this),
       closing_(state_, objects_, loop_, machine_.boxes, *this) {
     setObjectName(QStringLiteral("FormMain"));
@@ -156,6 +156,10 @@ void FormMain::ShowNeedle(std::int32_t needle) {
 void FormMain::MagnificationChanged(std::int16_t) {}
 
 void FormMain::ViewChanged() {}
+
+void FormMain::checkMotor(std::int16_t) {}
+
+void FormMain::ControlONOFF(bool) {}
 
 void FormMain::TotalManipulatorNumber(std::int16_t number) {
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {

@@ -20,7 +20,8 @@ class FormMain : public QWidget,
                  private SharedState::Listener,
                  private PositionLoop::Listener,
                  private StartUp::Window,
-                 private Closing::Window {
+                 private Closing::Window,
+                 private clsCommunication::Listener {
     Q_OBJECT
 
 public:
@@ -66,6 +67,9 @@ private:
     void TellTotalManipulatorNumber() override;
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
+    // clsCommunication::Listener
+    void checkMotor(std::int16_t ONOFF) override;
+    void ControlONOFF(bool ONOFF) override;
 
     platform::Machine machine_;
     SharedState state_;

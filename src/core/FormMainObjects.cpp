@@ -2,13 +2,19 @@
 
 namespace travo {
 
-FormMainObjects::FormMainObjects(const platform::Machine& machine, SharedState& state)
-    : Failures(DebugLog.Place(), machine.boxes), machine_(machine), state_(state) {}
+FormMainObjects::FormMainObjects(const platform::Machine& machine, SharedState& state,
+                                 clsCommunication::Listener& instruments)
+    : Failures(DebugLog.Place(), machine.boxes),
+      machine_(machine),
+      state_(state),
+      instruments_(instruments) {}
 
 void FormMainObjects::Create() {
-    const clsManipulator::Machine manipulatorMachine{machine_.driverLibrary, machine_.clock,
-                                                     machine_.eventLoop, machine_.pointer};
-    cCommunication.Create(manipulatorMachine, Failures);
+    const clsCommunication::Machine links{
+        {machine_.driverLibrary, machine_.clock, machine_.eventLoop, machine_.pointer},
+        machine_.serialPorts,
+        machine_.eventLoop};
+    cCommunication.Create(links, state_, Failures, instruments_);
     cNeedleMove.Create(state_, cCommunication.Place(), cObjectiveUpDown.Place(), Failures, machine_.boxes);
     cNeedleSynchro.Create(cNeedleMove.Place(), cObjectiveUpDown.Place(), Failures);
     cObjectiveUpDown.Create();

@@ -16,7 +16,8 @@ namespace travo {
 
 class FormMainObjects {
 public:
-    FormMainObjects(const platform::Machine& machine, SharedState& state);
+    FormMainObjects(const platform::Machine& machine, SharedState& state,
+                    clsCommunication::Listener& instruments);
     ~FormMainObjects() { Release(); }
     FormMainObjects(const FormMainObjects&) = delete;
     FormMainObjects& operator=(const FormMainObjects&) = delete;
@@ -40,6 +41,7 @@ public:
 private:
     const platform::Machine& machine_;
     SharedState& state_;
+    clsCommunication::Listener& instruments_;
 };
 
 }  // namespace travo

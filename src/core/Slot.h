@@ -37,6 +37,7 @@ public:
 
     Object& operator*() { return object_; }
     Object* operator->() { return std::addressof(object_); }
+    const Object* operator->() const { return std::addressof(object_); }
 
 private:
     union {

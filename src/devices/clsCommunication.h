@@ -1,22 +1,75 @@
 // The one door to the instruments: every operation goes straight to its link, every received value
-// goes straight up.
+// goes straight up. It holds no protocol, no timing and no value, and it waits for nothing.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/FailureHandler.h"
 #include "core/Positions.h"
+#include "core/SharedState.h"
+#include "core/Slot.h"
+#include "devices/clsMagnescale.h"
 #include "devices/clsManipulator.h"
+#include "devices/clsMirror.h"
+#include "devices/clsMotor.h"
+#include "platform/EventLoop.h"
+#include "platform/SerialPort.h"
 
 namespace travo {
 
-class clsCommunication {
+class clsCommunication : private clsMirror::Receiver,
+                         private clsMagnescale::Receiver,
+                         private clsMotor::Panel {
 public:
-    // The facade creates its links when it is created and releases them when it ends.
-    clsCommunication(const clsManipulator::Machine& manipulatorMachine, FailureHandler& failures);
+    // What the links need of the machine.
+    struct Machine {
+        clsManipulator::Machine manipulators;
+        platform::SerialPorts& serialPorts;
+        platform::EventLoop& eventLoop;
+    };
+
+    // What the instruments have to tell besides the values that go into the shared state.
+    class Listener {
+    public:
+        virtual ~Listener() = default;
+        // The mirror's own motors are on (not 0) or off, as the controller reports them. The shared
+        // state knows already.
+        virtual void checkMotor(std::int16_t ONOFF) = 0;
+        // The focus motor's buttons on the connection panel: false locks them, true unlocks them.
+        virtual void ControlONOFF(bool ONOFF) = 0;
+    };
+
+    // Creates the links in the order gauge, mirror, manipulators, focus motor, all ports closed, and
+    // releases them in the same order when it ends.
+    clsCommunication(const Machine& machine, SharedState& state, FailureHandler& failures,
+                     Listener& listener);
+    ~clsCommunication() override;
     clsCommunication(const clsCommunication&) = delete;
     clsCommunication& operator=(const clsCommunication&) = delete;
+
+    // The mirror controller; see clsMirror. A request returns at once: the value that it asks for
+    // comes when the event loop next runs. With a port closed nothing is sent and nothing is told.
+    void MirrorPortOpen(std::int16_t PortNumber);
+    void MirrorPortClose();
+    bool MirrorPortOpenCheck() const;
+    // Axis 0 is X, 1 is Y; any other does nothing. Absolute, in the mirror controller's counts.
+    void SendMirrorData(std::int16_t Index, std::int32_t Data);
+    void SendMirrorMagnificationData(std::int16_t Magnification);
+    // Switches the motors of the tilting mirror: 1 on, 0 off.
+    void SendMotorLock(std::int16_t ErgoLock);
+    void SendErgoZ(std::int16_t ZLock);
+    // Asks for X, then for Y.
+    void RequestMirrorData();
+
+    // What the mirror controller and the gauge tell, into the shared state.
+    void ReceiveMirrorXData(std::int32_t Data) override;
+    void ReceiveMirrorYData(std::int32_t Data) override;
+    void ReceiveMirrorXYData(std::int32_t PositionX, std::int32_t PositionY) override;
+    void ReceiveMagnificationData(std::int16_t Magnification) override;
+    void ReceiveMotorData(std::int16_t ONOFF) override;
+    void MagnescaleData(std::int32_t Data) override;
 
     // The needle manipulators; see clsManipulator for units, ranges and failures.
     std::int16_t SendManipulatorData(std::int16_t ManipulatorNumber, const PositionXYZ& lngInXYZ,
@@ -31,8 +84,38 @@ public:
     void ManipulatorNumberSet(std::int16_t SettingManipulator, std::int16_t ManipulatorUSBNumber);
     std::int16_t ManipulatorCheckNumber(std::int16_t ManipulatorUSBNumber) const;
 
+    // The gauge on the focus axis; see clsMagnescale.
+    void MagnescalePortOpen(std::int16_t PortNumber);
+    void MagnescalePortClose();
+    bool MagnescalePortOpenCheck() const;
+    void RequestMagnescaleData();
+    void MagnescaleZeroReset();
+    void MagnescaleKeyON();
+    void MagnescaleKeyOFF();
+
+    // The focus motor; see clsMotor.
+    void MotorPortOpen(std::int16_t PortNumber);
+    void MotorPortClose();
+    bool MotorPortOpenCheck() const;
+    void MotorZeroReset();
+    // To an absolute place, and by a distance; in the motor unit's counts.
+    void MotorMoveMZ(std::int32_t Data);
+    void MotorMoveRZ(std::int32_t Data);
+    // Asks where Z is; nothing moves.
+    void MotorMoveWZ();
+    void MotorHALT();
+    // A line of the Ergo unit, which comes on the mirror controller's wire.
+    void MotorErgoConnect(std::string_view strData) override;
+
 private:
-    clsManipulator manipulator_;
+    void ControlONOFF(bool ONOFF) override;
+
+    SharedState& state_;
+    Listener& listener_;
+    Slot<clsMagnescale> magnescale_;
+    Slot<clsMirror> mirror_;
+    Slot<clsManipulator> manipulator_;
+    Slot<clsMotor> motor_;
 };
 
 }  // namespace travo

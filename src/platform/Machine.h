@@ -11,6 +11,7 @@ class ManipulatorDriverLibrary;
 class MessageBoxes;
 class Pointer;
 class PrivateProfile;
+class SerialPorts;
 class SingleInstance;
 class Timers;
 
@@ -24,6 +25,7 @@ struct Machine {
     MessageBoxes& boxes;
     Pointer& pointer;
     PrivateProfile& profile;
+    SerialPorts& serialPorts;
     SingleInstance& singleInstance;
     Timers& timers;
 };

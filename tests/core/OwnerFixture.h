@@ -14,6 +14,8 @@
 #include "core/StartUp.h"
 #include "platform/qt/QtPrivateProfile.h"
 #include "support/FakeMachine.h"
+#include "support/FakeSerialPorts.h"
+#include "support/InstrumentsListener.h"
 
 namespace travo::test {
 
@@ -115,6 +117,8 @@ protected:
     FakeTimers timers_;
     FakeDriverState driver_;
     FakeDriverLibrary driverLibrary_{driver_, journal_};
+    FakeSerialPorts serialPorts_{journal_};
+    InstrumentsListener instruments_{journal_};
     JournalProfile profile_{journal_};
 
     std::optional<platform::Machine> machine_;

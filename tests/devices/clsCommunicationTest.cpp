@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "core/Arithmetic.h"
+#include "core/SharedState.h"
 #include "devices/ManipulatorRig.h"
+#include "support/FakeSerialPorts.h"
+#include "support/InstrumentsListener.h"
 
 namespace travo::test {
 namespace {
@@ -17,10 +20,24 @@ protected:
     Facade() {
         link.reset();
         driver.created = driver.released = 0;
-        facade.emplace(Machine(), failures);
+        Connect();
         journal.clear();
     }
 
+    void Connect() {
+        facade.emplace(clsCommunication::Machine{Machine(), serialPorts, eventLoop}, state, failures,
+                       instruments);
+    }
+
+    class NoListener : public SharedState::Listener {
+        void MagnificationChanged(std::int16_t) override {}
+        void ViewChanged() override {}
+    };
+
+    NoListener listener;
+    SharedState state{listener};
+    FakeSerialPorts serialPorts{journal};
+    InstrumentsListener instruments{journal};
     std::optional<clsCommunication> facade;
 };
 
@@ -79,7 +96,7 @@ TEST_F(Facade, ConnectManipulatorReturnsTheHighestConnectedIndex) {
 
 TEST_F(Facade, ConnectManipulatorReturnsMinus1WithoutADriver) {
     driver.libraryMissing = true;
-    facade.emplace(Machine(), failures);
+    Connect();
     EXPECT_EQ(facade->ConnectManipulator(), -1);
     EXPECT_EQ(facade->ChangeManipulator(1), -1);
 }

@@ -15,6 +15,8 @@
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"
 #include "support/FakeMachine.h"
+#include "support/FakeSerialPorts.h"
+#include "support/InstrumentsListener.h"
 
 namespace travo::test {
 
@@ -129,7 +131,10 @@ protected:
     FailureHandler failures{log, boxes};
     NoListener listener;
     SharedState state{listener};
-    clsCommunication communication{{library, clock, eventLoop, pointer}, failures};
+    FakeSerialPorts serialPorts{journal};
+    InstrumentsListener instruments{journal};
+    clsCommunication communication{
+        {{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
     clsObjectiveUpDown objective;
     clsNeedleMove needles{state, communication, objective, failures, boxes};
 };

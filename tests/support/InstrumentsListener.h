@@ -1,0 +1,32 @@
+// The owner's side of the facade: writes what the instruments tell to the journal.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "devices/clsCommunication.h"
+#include "support/FakeMachine.h"
+
+namespace travo::test {
+
+class InstrumentsListener : public clsCommunication::Listener {
+public:
+    explicit InstrumentsListener(Journal& journal) : journal_(journal) {}
+
+    void checkMotor(std::int16_t ONOFF) override { Tell("checkMotor " + std::to_string(ONOFF)); }
+    void ControlONOFF(bool ONOFF) override { Tell(ONOFF ? "ControlONOFF 1" : "ControlONOFF 0"); }
+
+    bool fail = false;  // each call raises, once it is in the journal
+
+private:
+    void Tell(const std::string& what) {
+        journal_.push_back(what);
+        if (fail) {
+            throw std::runtime_error("the panel fails");
+        }
+    }
+
+    Journal& journal_;
+};
+
+}  // namespace travo::test

@@ -20,7 +20,6 @@ namespace travo::platform {
 namespace {
 
 constexpr int MostLinks = 40;  // as many as the system itself follows
-constexpr QLatin1String TemporaryEnd(".tmp");
 
 // Where the bytes lie in the end; empty for links that go round in a ring. The target need not exist.
 QString ThroughLinks(QString path) {
@@ -42,25 +41,24 @@ std::optional<QByteArray> ReadOpened(QFile& file) {
 }
 
 // The process number in the name tells a temporary file from everything that others keep here.
-QString TemporaryName(const QString& target) {
-    return target + QLatin1Char('.') + QString::number(QCoreApplication::applicationPid()) + TemporaryEnd;
+QString TemporaryName(const QString& target, const QString& process) {
+    return target + QLatin1Char('.') + process + QStringLiteral(".tmp");
 }
 
 bool IsTemporaryOf(const QString& target, const QString& name) {
-    if (!name.startsWith(target + QLatin1Char('.')) || !name.endsWith(TemporaryEnd)) {
-        return false;
-    }
-    const auto number = QStringView(name).sliced(target.size() + 1).chopped(TemporaryEnd.size());
-    return !number.isEmpty() && std::all_of(number.begin(), number.end(),
-                                            [](QChar digit) { return digit >= u'0' && digit <= u'9'; });
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    const auto begin = name.begin() + std::min(name.size(), target.size() + 1);
+    const QString process(begin, std::find_if_not(begin, name.end(), isDigit) - begin);
+    return !process.isEmpty() && name == TemporaryName(target, process);
 }
 
 void RemoveLeftBehind(const QString& target) {
     const QFileInfo info(target);
+    const QString own = info.fileName();
     QDir folder = info.dir();
     const QStringList names = folder.entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
     for (const QString& name : names) {
-        if (IsTemporaryOf(info.fileName(), name)) {
+        if (IsTemporaryOf(own, name)) {
             folder.remove(name);
         }
     }
@@ -133,7 +131,8 @@ bool ReplaceWholeFile(const QString& path, const QByteArray& bytes) {
         return false;
     }
     RemoveLeftBehind(target);
-    const QString temporary = TemporaryName(target);
+    const QString process = QString::number(QCoreApplication::applicationPid());
+    const QString temporary = TemporaryName(target, process);
     std::error_code failure;
     if (WriteTemporary(temporary, target, bytes)) {
         std::filesystem::rename(Native(temporary), Native(target), failure);

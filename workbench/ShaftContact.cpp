@@ -11,6 +11,8 @@ namespace {
 // Rounding leaves shafts that touch some 1e-11 units apart; a thousandth of a millionth of the
 // travel is far below anything that can be set on a manipulator.
 constexpr double TouchDistance = 1e-6;
+// Shafts of 10 000 units that slant by less than this part by less than TouchDistance over their length.
+constexpr double ParallelSine = 1e-10;
 
 PlanPoint Minus(const PlanPoint& a, const PlanPoint& b) { return {a[0] - b[0], a[1] - b[1]}; }
 
@@ -41,7 +43,9 @@ std::optional<PlanPoint> CrossingPoint(const Shaft& a, const Shaft& b) {
     const PlanPoint alongA = Minus(a.rear, a.tip);
     const PlanPoint alongB = Minus(b.rear, b.tip);
     const double slant = Cross(alongA, alongB);
-    if (slant == 0.0) {
+    // Shafts on one line have no crossing point but a noise of rounding in place of it; whether they
+    // touch is then a matter of their ends.
+    if (std::abs(slant) <= ParallelSine * std::sqrt(Dot(alongA, alongA) * Dot(alongB, alongB))) {
         return std::nullopt;
     }
     const PlanPoint apart = Minus(b.tip, a.tip);

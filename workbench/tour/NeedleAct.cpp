@@ -57,8 +57,12 @@ PositionXYZ TruePlace(Stage& stage, std::int32_t needle) {
 }
 
 void RequireNoCrossing(Stage& stage) {
-    const std::int64_t crossings = stage.Workbench().ShaftCrossings().inAll;
-    Require(crossings == 0, "shafts truly crossed " + std::to_string(crossings) + " times");
+    const WorkbenchClient::Crossings crossings = stage.Workbench().ShaftCrossings();
+    for (const WorkbenchClient::Crossing& crossing : crossings.last) {
+        PrintLine("needles " + std::to_string(crossing.needleA) + " and " + std::to_string(crossing.needleB) +
+                  " truly crossed at " + PlaceText(crossing.x, crossing.y, 0.0));
+    }
+    Require(crossings.inAll == 0, "shafts truly crossed " + std::to_string(crossings.inAll) + " times");
 }
 
 void SendToTargets(Stage& stage, std::int32_t needle) {

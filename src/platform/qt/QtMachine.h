@@ -11,6 +11,7 @@
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPrivateProfile.h"
 #include "platform/qt/QtScreen.h"
+#include "platform/qt/QtSerialPort.h"
 
 namespace travo::platform::qt {
 
@@ -19,11 +20,14 @@ public:
     // The folder in which the system finds its settings, driver library, skin and ports: that of the
     // running program, but for programs that build the system into themselves.
     explicit QtMachine(const QString& programFolder)
-        : driverLibrary_(programFolder), folders_(programFolder), boxes_(eventLoop_) {}
+        : driverLibrary_(programFolder),
+          folders_(programFolder),
+          boxes_(eventLoop_),
+          serialPorts_(programFolder) {}
 
     Machine Seams() {
-        return {clock_,  display_, eventLoop_, folders_,        driverLibrary_,
-                boxes_,  pointer_, profile_,   singleInstance_, timers_};
+        return {clock_,   display_, eventLoop_,   folders_,        driverLibrary_, boxes_,
+                pointer_, profile_, serialPorts_, singleInstance_, timers_};
     }
     QtMessageBoxes& Boxes() { return boxes_; }
     QtPointer& MousePointer() { return pointer_; }
@@ -37,6 +41,7 @@ private:
     QtMessageBoxes boxes_;
     QtPointer pointer_;
     QtPrivateProfile profile_;
+    QtSerialPorts serialPorts_;
     QtSingleInstance singleInstance_;
     QtTimers timers_;
 };

@@ -89,6 +89,12 @@ TEST(ProfileValue, ASectionLineMayBearATrailingRemark) {
     EXPECT_EQ(Value("[S] ; the first\nk=1\n", "S", "k"), "1");
 }
 
+TEST(ProfileValue, ASectionNameEndsAtTheLastBracketSoThatItMayHoldOthers) {
+    EXPECT_EQ(Value("[a]b]\nk=1\n", "a]b", "k"), "1");
+    EXPECT_EQ(With("[a]b]\nk=1\n", "a]b", "k", "2"), "[a]b]\nk=2\r\n");
+    EXPECT_EQ(Value(WithProfileValue("", "[a]]", "k", "2"), "[a]]", "k"), "2");
+}
+
 TEST(ProfileValue, LinesMayEndInLineFeedOrNotAtAll) {
     EXPECT_EQ(Value("[S]\nk=1\nl=2", "S", "k"), "1");
     EXPECT_EQ(Value("[S]\nk=1\nl=2", "S", "l"), "2");

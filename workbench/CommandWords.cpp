@@ -9,9 +9,9 @@
 
 namespace workbench {
 
-std::vector<std::string_view> SplitWords(std::string_view line) {
+Words SplitWords(std::string_view line) {
     constexpr std::string_view blanks = " \t\r";
-    std::vector<std::string_view> words;
+    Words words;
     std::size_t begin = line.find_first_not_of(blanks);
     while (begin != std::string_view::npos) {
         const std::size_t end = std::min(line.find_first_of(blanks, begin), line.size());
@@ -21,14 +21,14 @@ std::vector<std::string_view> SplitWords(std::string_view line) {
     return words;
 }
 
-std::string_view WordAt(const std::vector<std::string_view>& words, std::size_t index) {
+std::string_view WordAt(const Words& words, std::size_t index) {
     if (index >= words.size()) {
         throw travo::NumberFailure("a word is missing");
     }
     return words[index];
 }
 
-void ExpectWords(const std::vector<std::string_view>& words, std::size_t least, std::size_t most) {
+void ExpectWords(const Words& words, std::size_t least, std::size_t most) {
     if (words.size() < least) {
         throw travo::NumberFailure("a word is missing");
     }
@@ -37,11 +37,22 @@ void ExpectWords(const std::vector<std::string_view>& words, std::size_t least, 
     }
 }
 
-std::int32_t IntegerAt(const std::vector<std::string_view>& words, std::size_t index) {
+bool ForgetAsked(const Words& words) {
+    ExpectWords(words, 0, 1);
+    if (words.empty()) {
+        return false;
+    }
+    if (words[0] != "forget") {
+        throw travo::NumberFailure("only \"forget\" may follow");
+    }
+    return true;
+}
+
+std::int32_t IntegerAt(const Words& words, std::size_t index) {
     return travo::ReadInteger32(WordAt(words, index));
 }
 
-double RealAt(const std::vector<std::string_view>& words, std::size_t index, double limit) {
+double RealAt(const Words& words, std::size_t index, double limit) {
     const std::string_view word = WordAt(words, index);
     double value = 0.0;
     const auto [end, failure] = std::from_chars(word.data(), word.data() + word.size(), value);
@@ -51,7 +62,7 @@ double RealAt(const std::vector<std::string_view>& words, std::size_t index, dou
     return value;
 }
 
-std::int32_t NeedleAt(const std::vector<std::string_view>& words, std::size_t index) {
+std::int32_t NeedleAt(const Words& words, std::size_t index) {
     const std::int32_t number = IntegerAt(words, index);
     if (number < 1 || number > travo::NeedleCount) {
         throw travo::BoundsFailure("needles are numbered 1 to 4");
@@ -59,7 +70,7 @@ std::int32_t NeedleAt(const std::vector<std::string_view>& words, std::size_t in
     return number - 1;
 }
 
-travo::PositionXYZ TripleAt(const std::vector<std::string_view>& words, std::size_t index) {
+travo::PositionXYZ TripleAt(const Words& words, std::size_t index) {
     return {IntegerAt(words, index), IntegerAt(words, index + 1), IntegerAt(words, index + 2)};
 }
 
@@ -73,7 +84,8 @@ std::string Text(double value) {
     std::array<char, 400> digits{};
     const auto [end, failure] =
         std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed, 3);
-    return failure == std::errc() ? std::string(digits.data(), end) : std::string("0");
+    const std::string text(digits.data(), failure == std::errc() ? end : digits.data());
+    return text == "-0.000" ? std::string("0.000") : text;
 }
 
 std::string Blanked(std::initializer_list<std::string> words) {

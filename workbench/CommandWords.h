@@ -13,21 +13,26 @@
 
 namespace workbench {
 
+using Words = std::vector<std::string_view>;
+
 // Split at blanks and tabs; a CR at the end counts as a blank.
-std::vector<std::string_view> SplitWords(std::string_view line);
+Words SplitWords(std::string_view line);
 
 // The word at an index; NumberFailure where there are fewer.
-std::string_view WordAt(const std::vector<std::string_view>& words, std::size_t index);
+std::string_view WordAt(const Words& words, std::size_t index);
 // NumberFailure unless there are so many words.
-void ExpectWords(const std::vector<std::string_view>& words, std::size_t least, std::size_t most);
+void ExpectWords(const Words& words, std::size_t least, std::size_t most);
 
-std::int32_t IntegerAt(const std::vector<std::string_view>& words, std::size_t index);
+// Whether there is the one word "forget"; false without a word, NumberFailure for anything else.
+bool ForgetAsked(const Words& words);
+
+std::int32_t IntegerAt(const Words& words, std::size_t index);
 // A finite decimal number within -limit to limit.
-double RealAt(const std::vector<std::string_view>& words, std::size_t index, double limit);
+double RealAt(const Words& words, std::size_t index, double limit);
 // A needle, 1 to 4 on the line, as an index 0 to 3.
-std::int32_t NeedleAt(const std::vector<std::string_view>& words, std::size_t index);
+std::int32_t NeedleAt(const Words& words, std::size_t index);
 // Three integers in a row.
-travo::PositionXYZ TripleAt(const std::vector<std::string_view>& words, std::size_t index);
+travo::PositionXYZ TripleAt(const Words& words, std::size_t index);
 
 // Numbers as they stand in answers: those of a position with a blank before each; what is no count,
 // with three digits after the point.

@@ -5,25 +5,31 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "workbench/CommandWords.h"
 #include "workbench/Manipulators.h"
 #include "workbench/World.h"
 
 namespace workbench {
 
-// All commands are told in docs/workbench.md. Needle numbers are 1-based here, as on the hardware.
+// Knows the commands by their names; what each does is added by those who can. All are told in
+// docs/workbench.md. Needle numbers are 1-based on a line, as on the hardware.
 class Commands {
 public:
     // The longest line that means anything, without its LF.
     static constexpr std::size_t LongestLine = 4096;
 
-    // The folder is the program folder of the control program, or empty: where write-settings writes
-    // if it is told no file.
-    Commands(World& world, Manipulators& manipulators, std::string programFolder);
+    // Gets the words after the command's name. What it returns is the answer of a driver call, and
+    // what follows "ok" for any other command. What it raises is answered as "error" and the sentence.
+    using Command = std::function<std::string(const Words& words, Time now)>;
 
-    // The answer to a line, both without LF. Driver calls answer "status" and numbers; the others "ok",
-    // with values, or "error" and a sentence. Raises nothing, whatever the line holds.
+    // Adds the commands that belong to no instrument: "ping" and "shutdown".
+    Commands(World& world, const Manipulators& manipulators);
+
+    // The name is one word, or two with a blank between; no name may be the first word of another.
+    void Add(const std::string& name, Command command);
+
+    // The answer to a line, both without LF. Raises nothing, whatever the line holds.
     std::string Answer(std::string_view line, Time now);
 
     // Whether the line must wait: it is a driver call, and the driver hangs at this time.
@@ -33,27 +39,8 @@ public:
     bool ShutdownWanted() const { return shutdownWanted_; }
 
 private:
-    using Words = std::vector<std::string_view>;
-    // A command gets the words after its name, and answers what follows "ok" (or all, for a driver call).
-    using Command = std::function<std::string(const Words& words, Time now)>;
-
-    void AddDriverCommands();
-    void AddWorldCommands();
-    void AddFaultCommands();
-    void AddOtherCommands();
-
-    std::string FailCalls(const Words& words);
-    std::string Hang(const Words& words, Time now);
-    std::string Stray(const Words& words);
-    std::string Remount(const Words& words, Time now);
-    std::string Crossings() const;
-    std::string Counters() const;
-    std::string Write(const Words& words);
-
     World& world_;
-    Manipulators& manipulators_;
-    std::string programFolder_;
-    // Under one word, or two with a blank between.
+    const Manipulators& manipulators_;
     std::map<std::string, Command, std::less<>> commands_;
     bool shutdownWanted_ = false;
 };

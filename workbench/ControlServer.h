@@ -4,7 +4,6 @@
 #include <QLocalServer>
 #include <QTimer>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 

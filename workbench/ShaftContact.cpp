@@ -116,6 +116,17 @@ void AddCollinearShares(const MovingPoint& p, const MovingPoint& q, const Moving
     }
 }
 
+// Adds the share at which two ends come nearest to each other. Shafts on one line have no other sign
+// of the moment at which they touch.
+void AddNearestShare(const MovingPoint& p, const MovingPoint& q, std::vector<double>& shares) {
+    const PlanPoint apart = Minus(q.begin, p.begin);
+    const PlanPoint change = Minus(Minus(q.end, p.end), apart);
+    const double length = Dot(change, change);
+    if (length > 0.0) {
+        shares.push_back(std::clamp(-Dot(apart, change) / length, 0.0, 1.0));
+    }
+}
+
 std::vector<double> SharesOfChange(const MovingShaft& a, const MovingShaft& b) {
     const MovingPoint aTip{a.begin.tip, a.end.tip};
     const MovingPoint aRear{a.begin.rear, a.end.rear};
@@ -126,6 +137,10 @@ std::vector<double> SharesOfChange(const MovingShaft& a, const MovingShaft& b) {
     AddCollinearShares(aTip, aRear, bRear, shares);
     AddCollinearShares(bTip, bRear, aTip, shares);
     AddCollinearShares(bTip, bRear, aRear, shares);
+    AddNearestShare(aTip, bTip, shares);
+    AddNearestShare(aTip, bRear, shares);
+    AddNearestShare(aRear, bTip, shares);
+    AddNearestShare(aRear, bRear, shares);
     std::sort(shares.begin(), shares.end());
     return shares;
 }

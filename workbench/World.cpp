@@ -36,7 +36,7 @@ const std::array<Cell, 6>& World::Cells() {
                                                    {-40, -66, 0.0, 15.0},
                                                    {94, -38, 0.0, 13.0},
                                                    {12, 20, 30.0, 11.0},
-                                                   {-130, -110, -30.0, 16.0}}};
+                                                   {-130, -96, -30.0, 16.0}}};
     return cells;
 }
 
@@ -154,8 +154,8 @@ void World::ObservePair(std::size_t a, std::size_t b, Time from, Time to) {
     for (const Meeting& meeting : meetings) {
         // A pair that was crossed when the stretch began is no news.
         if (!(crossed && meeting.from == 0.0)) {
-            const double begin = std::floor(meeting.from * static_cast<double>((to - from).count()));
-            const Time time = from + Time(static_cast<Time::rep>(begin));
+            const double begin = meeting.from * static_cast<double>((to - from).count());
+            const Time time = from + Time(std::llround(begin));
             crossings_.push_back(
                 {static_cast<std::int32_t>(a), static_cast<std::int32_t>(b), time, meeting.place});
             ++crossingsInAll_;

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QSocketNotifier>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -17,7 +18,9 @@
 
 #include "workbench/Commands.h"
 #include "workbench/ControlServer.h"
+#include "workbench/ManipulatorCommands.h"
 #include "workbench/SocketPath.h"
+#include "workbench/WorldCommands.h"
 
 namespace {
 
@@ -81,7 +84,9 @@ int Run(QCoreApplication& application, int endSignals) {
     const Options options = ReadOptions(application);
     workbench::World world;
     workbench::Manipulators manipulators(world);
-    workbench::Commands commands(world, manipulators, options.programFolder);
+    workbench::Commands commands(world, manipulators);
+    workbench::AddManipulatorCommands(commands, manipulators);
+    workbench::AddWorldCommands(commands, world, options.programFolder);
     const auto start = std::chrono::steady_clock::now();
     workbench::ControlServer server(
         commands,

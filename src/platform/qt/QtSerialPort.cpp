@@ -270,7 +270,7 @@ QtSerialPort::QtSerialPort(QString programFolder, std::function<void()> OnComm,
     : programFolder_(std::move(programFolder)),
       line_(std::make_shared<Line>(std::move(OnComm), std::move(readClearToSend))) {}
 
-QtSerialPort::~QtSerialPort() { PortOpen(false); }
+QtSerialPort::~QtSerialPort() { QtSerialPort::PortOpen(false); }
 
 void QtSerialPort::RThreshold(int characters) { line_->Threshold(characters); }
 

@@ -1,0 +1,107 @@
+// Devices that go away under an open port.
+#include <stdexcept>
+
+#include "platform/SerialRig.h"
+
+namespace travo::test {
+namespace {
+
+class SerialVanishing : public SerialRig {};
+
+TEST_F(SerialVanishing, ThePortClosesOnceAndWithoutAnEvent) {
+    OpenAndKeep();
+    wire_.Vanish();
+    ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    WakeUpsWhileServing(50);
+    EXPECT_FALSE(port_->PortOpen());
+    EXPECT_TRUE(events_.empty());
+    EXPECT_EQ(application_.failures, 0);
+}
+
+TEST_F(SerialVanishing, TheEventLoopSleepsAfterwards) {
+    OpenAndKeep();
+    wire_.Vanish();
+    // Left open, the port would wake it some hundred thousand times.
+    EXPECT_LT(WakeUpsWhileServing(500), 100);
+    EXPECT_FALSE(port_->PortOpen());
+}
+
+TEST_F(SerialVanishing, WhatCameBeforeIsToldFirst) {
+    OpenAndKeep();
+    wire_.Send("last words");
+    ASSERT_TRUE(ServeUntil([this] { return received_ == "last words"; }));
+    wire_.Vanish();
+    ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    EXPECT_EQ(received_, "last words");
+}
+
+TEST_F(SerialVanishing, OutputToAVanishedDeviceIsSilentAndCloses) {
+    OpenAndKeep();
+    wire_.Vanish();
+    port_->Output("lost");
+    port_->Output("lost");
+    ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    port_->Output("lost");
+    EXPECT_EQ(port_->Input(), "");
+    EXPECT_EQ(port_->InBufferCount(), 0);
+}
+
+TEST_F(SerialVanishing, ThePortClosesDuringABoxAsWell) {
+    Open(1, [this] {
+        port_->Input();
+        wire_.Vanish();
+        EXPECT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    });
+    wire_.Send("A\r");
+    ASSERT_TRUE(ServeUntil([this] { return !events_.empty() && !port_->PortOpen(); }));
+    EXPECT_EQ(events_, std::vector{platform::ReceptionEvent});
+}
+
+TEST_F(SerialVanishing, ALineWhoseModemSignalsAreGoneIsClosed) {
+    HasModemSignals();
+    OpenAndKeep();
+    line_.reset();
+    ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    EXPECT_LT(WakeUpsWhileServing(200), 50);
+    EXPECT_TRUE(events_.empty());
+}
+
+TEST_F(SerialVanishing, ItDoesNotOpenWhileTheDeviceIsGoneAndOpensOnceItIsBack) {
+    OpenAndKeep();
+    wire_.Vanish();
+    ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
+    EXPECT_THROW(port_->PortOpen(true), std::runtime_error);
+    EXPECT_FALSE(port_->PortOpen());
+
+    const PseudoTerminal back;
+    Pin(1, back.Device());
+    port_->PortOpen(true);
+    back.Send("hello");
+    ASSERT_TRUE(ServeUntil([this] { return received_ == "hello"; }));
+    port_->Output("again");
+    EXPECT_EQ(back.Receive(), "again");
+}
+
+TEST_F(SerialVanishing, ClosingBeforeItIsNoticedLeavesTheNextOpeningAlone) {
+    OpenAndKeep();
+    wire_.Vanish();
+    port_->Output("lost");  // the first error; its closing is queued
+    port_->PortOpen(false);
+    const PseudoTerminal back;
+    Pin(1, back.Device());
+    port_->PortOpen(true);
+    WakeUpsWhileServing(20);
+    EXPECT_TRUE(port_->PortOpen());
+}
+
+TEST_F(SerialVanishing, DestroyingThePortBeforeItIsNoticedIsSafe) {
+    OpenAndKeep();
+    wire_.Vanish();
+    port_->Output("lost");
+    port_.reset();
+    WakeUpsWhileServing(20);
+    EXPECT_TRUE(events_.empty());
+}
+
+}  // namespace
+}  // namespace travo::test

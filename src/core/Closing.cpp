@@ -21,7 +21,10 @@ void Closing::Close() {
 }
 
 // The order of the closing; windows, camera and ports take their places in it as they are built.
-void Closing::CloseSteps() { SaveValues(); }
+void Closing::CloseSteps() {
+    SaveValues();
+    ClosePorts();
+}
 
 void Closing::SaveValues() {
     clsIniEdit& ini = *objects_.cIniEdit;
@@ -32,6 +35,20 @@ void Closing::SaveValues() {
     const QString user = QStringLiteral("User_Value");
     ini.WriteString(user, QStringLiteral("XYOffset"), QString::number(objects_.cNeedleMove->lngXYOffset));
     ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));
+}
+
+void Closing::ClosePorts() {
+    clsCommunication& instruments = *objects_.cCommunication;
+    if (instruments.MagnescalePortOpenCheck()) {
+        instruments.MagnescaleKeyON();
+        instruments.MagnescalePortClose();
+    }
+    if (instruments.MirrorPortOpenCheck()) {
+        instruments.MirrorPortClose();
+    }
+    if (instruments.MotorPortOpenCheck()) {
+        instruments.MotorPortClose();
+    }
 }
 
 }  // namespace travo

@@ -30,6 +30,7 @@ public:
 private:
     void CloseSteps();
     void SaveValues();
+    void ClosePorts();
 
     SharedState& state_;
     FormMainObjects& objects_;

@@ -155,7 +155,7 @@ void FormMain::ShowNeedle(std::int32_t needle) {
 
 void FormMain::MagnificationChanged(std::int16_t) {}
 
-void FormMain::ViewChanged() {}
+void FormMain::ViewChanged() { objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2); }
 
 void FormMain::checkMotor(std::int16_t) {}
 
@@ -184,6 +184,8 @@ void FormMain::ManipulatorChange(std::int16_t number) {
 }
 
 void FormMain::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ&) { ShowNeedle(index); }
+
+void FormMain::ChangeZeroPosition() {}
 
 void FormMain::ChangeCurrentXYZ(const PositionXYZ&) {}
 

@@ -59,6 +59,7 @@ private:
     void TotalManipulatorNumber(std::int16_t number) override;
     void ManipulatorChange(std::int16_t number) override;
     void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override;
+    void ChangeZeroPosition() override;
     void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) override;
     // StartUp::Window
     WindowSize DesignSize() const override;

@@ -16,8 +16,11 @@ void FormMainObjects::Create() {
         machine_.eventLoop};
     cCommunication.Create(links, state_, Failures, instruments_);
     cNeedleMove.Create(state_, cCommunication.Place(), cObjectiveUpDown.Place(), Failures, machine_.boxes);
+    cEscape.Create(clsEscape::Machine{machine_.clock, machine_.eventLoop}, state_, cCommunication.Place(),
+                   cNeedleMove.Place(), Failures);
     cNeedleSynchro.Create(cNeedleMove.Place(), cObjectiveUpDown.Place(), Failures);
-    cObjectiveUpDown.Create();
+    cObjectiveUpDown.Create(cCommunication.Place(), Failures);
+    cMirrorMove.Create(state_, cCommunication.Place(), cObjectiveUpDown.Place(), Failures);
     cIniEdit.Create(machine_.profile);
     DebugLog.Create(machine_.clock);
 }
@@ -25,8 +28,10 @@ void FormMainObjects::Create() {
 void FormMainObjects::Release() {
     cCommunication.Release();
     cNeedleMove.Release();
+    cEscape.Release();
     cNeedleSynchro.Release();
     cObjectiveUpDown.Release();
+    cMirrorMove.Release();
     cIniEdit.Release();
     DebugLog.Release();
 }

@@ -7,6 +7,8 @@
 #include "core/clsDebugLog.h"
 #include "core/clsIniEdit.h"
 #include "devices/clsCommunication.h"
+#include "mirror/clsMirrorMove.h"
+#include "needle/clsEscape.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"
 #include "needle/clsObjectiveUpDown.h"
@@ -30,8 +32,10 @@ public:
 
     Slot<clsCommunication> cCommunication;
     Slot<clsNeedleMove> cNeedleMove;
+    Slot<clsEscape> cEscape;
     Slot<clsNeedleSynchro> cNeedleSynchro;
     Slot<clsObjectiveUpDown> cObjectiveUpDown;
+    Slot<clsMirrorMove> cMirrorMove;
     Slot<clsIniEdit> cIniEdit;
     Slot<clsDebugLog> DebugLog;
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/Arithmetic.h"
+#include "core/SettingsKeys.h"
 
 namespace travo {
 
@@ -127,10 +128,19 @@ void PositionLoop::Tick() {
 }
 
 void PositionLoop::TickSteps() {
-    if (state_.intTotalManipulatorNumber == -1) {
-        return;
+    if (state_.intTotalManipulatorNumber != -1) {
+        Timer1_->Enabled(false);
+        ReadOrAsk();
+        listener_.ChangeCurrentXYZ(state_.CurrentXYZ());
+        Timer1_->Enabled(!stopped_);
     }
-    Timer1_->Enabled(false);
+    // Asked on every tick, also with no needle; the answer comes by the port's own event.
+    if (objects_.cCommunication->MagnescalePortOpenCheck()) {
+        objects_.cCommunication->RequestMagnescaleData();
+    }
+}
+
+void PositionLoop::ReadOrAsk() {
     if (intReloadFailCount_ >= FailedReadsBeforeQuestion) {
         AskForReconnection();
     } else if (ManipulatorReload()) {
@@ -138,8 +148,6 @@ void PositionLoop::TickSteps() {
     } else {
         ++intReloadFailCount_;
     }
-    listener_.ChangeCurrentXYZ(state_.CurrentXYZ());
-    Timer1_->Enabled(!stopped_);
 }
 
 void PositionLoop::AskForReconnection() {
@@ -155,6 +163,30 @@ void PositionLoop::AskForReconnection() {
     }
     AllManipulatorReload();
     listener_.TotalManipulatorNumber(state_.intTotalManipulatorNumber);
+}
+
+void PositionLoop::ZeroPointReset() {
+    clsCommunication& instruments = *objects_.cCommunication;
+    if (!instruments.MagnescalePortOpenCheck()) {
+        return;
+    }
+    state_.StoreZeroXYZ(2, state_.CurrentXYZ(2));
+    listener_.ChangeZeroPosition();
+    objects_.cNeedleMove->ChangeZeroPosition();
+    StoreZeros();
+    instruments.MagnescaleZeroReset();
+    if (instruments.MotorPortOpenCheck()) {
+        instruments.MotorZeroReset();
+    }
+}
+
+void PositionLoop::StoreZeros() {
+    for (std::int32_t needle = 0; needle <= state_.intTotalManipulatorNumber; ++needle) {
+        for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
+            objects_.cIniEdit->WriteString(settings::CalibrationSection(needle), settings::ZeroKey(axis),
+                                           QString::number(objects_.cNeedleMove->PosZero(needle, axis)));
+        }
+    }
 }
 
 }  // namespace travo

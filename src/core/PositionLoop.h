@@ -36,6 +36,8 @@ public:
         // A needle has been read. Root is the place of its tip with the manipulator's X at 0, in the
         // common frame.
         virtual void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) = 0;
+        // The common Z origin has moved by ZeroXYZ(2): stored heights follow it.
+        virtual void ChangeZeroPosition() = 0;
         // The view as it stands after a tick's read, also after a failed one.
         virtual void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) = 0;
     };
@@ -59,6 +61,11 @@ public:
     // read and leaves it selected. Raises and reports nothing.
     bool AllManipulatorReload();
 
+    // Takes the present Z as the new origin, for stored heights, needles, settings, gauge and motor.
+    // Nothing happens while the gauge's port is closed. Raises OverflowFailure where a stored height
+    // leaves 32 bits.
+    void ZeroPointReset();
+
     // One tick; what it raises ends in it.
     void Tick();
 
@@ -72,6 +79,8 @@ private:
     };
 
     void TickSteps();
+    void ReadOrAsk();
+    void StoreZeros();
     void AskForReconnection();
     // None when the link says that nothing could be read; raises NumberFailure for a record without one.
     std::optional<Record> Request();

@@ -90,8 +90,13 @@ StartUp::Outcome StartUp::LoadSteps() {
         return Outcome::End;
     }
     RestoreValues();
+    const PortNumbers ports = ReadPortNumbers();
     state_.bMirrorMotorONOFF = false;
+    OpenPorts(ports);
     state_.ClearMagnification();
+    if (objects_.cCommunication->MirrorPortOpenCheck()) {
+        objects_.cCommunication->SendMirrorMagnificationData(1);
+    }
     loop_.Start();
     state_.bMotorONOFF = false;
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
@@ -152,6 +157,30 @@ void StartUp::RestoreValues() {
         StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
     objects_.cObjectiveUpDown->lngOffset =
         StoredOrDefault(ini.GetInt(user, QStringLiteral("ZOffset"), -1), DefaultOffset);
+}
+
+StartUp::PortNumbers StartUp::ReadPortNumbers() const {
+    const auto read = [this](const QString& device) {
+        return ToInteger16(objects_.cIniEdit->GetInt(QStringLiteral("COMPort"), device, -1));
+    };
+    PortNumbers ports;
+    ports.mirror = read(QStringLiteral("Mirror"));
+    ports.magnescale = read(QStringLiteral("Magnescale"));
+    ports.motor = read(QStringLiteral("Motor"));
+    return ports;
+}
+
+void StartUp::OpenPorts(const PortNumbers& ports) {
+    clsCommunication& instruments = *objects_.cCommunication;
+    if (ports.mirror >= 1) {
+        instruments.MirrorPortOpen(ports.mirror);
+    }
+    if (ports.magnescale >= 1) {
+        instruments.MagnescalePortOpen(ports.magnescale);
+    }
+    if (ports.motor >= 1) {
+        instruments.MotorPortOpen(ports.motor);
+    }
 }
 
 void StartUp::RestoreCalibration(std::int32_t needle) {

@@ -47,7 +47,15 @@ private:
     void MeasureDisplay();
     void ClearPositions();
     Outcome ConnectManipulators();
+    struct PortNumbers {
+        std::int16_t mirror = -1;
+        std::int16_t magnescale = -1;
+        std::int16_t motor = -1;
+    };
+
     void RestoreValues();
+    PortNumbers ReadPortNumbers() const;
+    void OpenPorts(const PortNumbers& ports);
     void RestoreCalibration(std::int32_t needle);
     bool RestoreCalibrationAxis(std::int32_t needle, std::int32_t axis);
 

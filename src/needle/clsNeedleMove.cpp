@@ -16,7 +16,8 @@ clsNeedleMove::clsNeedleMove(SharedState& state, clsCommunication& communication
       communication_(communication),
       objective_(objective),
       failures_(failures),
-      boxes_(boxes) {
+      boxes_(boxes),
+      ownObjective_(communication, failures) {
     for (CalibrationMap::Points& points : calibrationPoints_) {
         points.fill(CalibrationMap::Unset);
     }
@@ -140,10 +141,10 @@ bool clsNeedleMove::ContactEvasion(std::int16_t lngMoveNeedle, std::int16_t Tota
     }
 
     const Shaft& ShaftNow = ShaftAll[static_cast<std::size_t>(lngMoveNeedle)];
-    const Shaft ShaftSwept = SweptShaft(ShaftNow, ShaftTarget);
+    const MovingNeedle onItsWay(ShaftNow, SweptShaft(ShaftNow, ShaftTarget));
     for (std::size_t needle = 0; needle < ShaftAll.size(); ++needle) {
         if (calibrated[needle] && needle != static_cast<std::size_t>(lngMoveNeedle) &&
-            NeedleCrossCheck(ShaftNow, ShaftSwept, ShaftAll[needle])) {
+            onItsWay.NeedleCrossCheck(ShaftAll[needle])) {
             return false;
         }
     }

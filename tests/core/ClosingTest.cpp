@@ -82,6 +82,24 @@ TEST_F(ClosingTest, ASettingsFileThatCannotBeWrittenDoesNotDisturbTheClose) {
     EXPECT_TRUE(boxes_.shown.empty());
 }
 
+TEST_F(ClosingTest, TheGaugesKeysAreEnabledAndThePortsClosedInTheOrderGaugeMirrorMotor) {
+    objects_->cCommunication->MirrorPortOpen(1);
+    objects_->cCommunication->MagnescalePortOpen(2);
+    objects_->cCommunication->MotorPortOpen(3);
+    journal_.clear();
+    closing_->Close();
+    const Journal ports(journal_.end() - 4, journal_.end());
+    EXPECT_EQ(ports, (Journal{"port 2 > KEYON\r\n", "port 2 close", "port 1 close", "port 3 close"}));
+    EXPECT_EQ(journal_.at(journal_.size() - 5), "write User_Value|ZOffset");
+}
+
+TEST_F(ClosingTest, CancelLeavesEveryOpenPortAsItWas) {
+    objects_->cCommunication->MirrorPortOpen(1);
+    boxes_.answers = {platform::BoxAnswer::Cancel};
+    EXPECT_FALSE(closing_->Ask());
+    EXPECT_TRUE(objects_->cCommunication->MirrorPortOpenCheck());
+}
+
 TEST_F(ClosingTest, NothingTicksAfterClosing) {
     closing_->Close();
     journal_.clear();

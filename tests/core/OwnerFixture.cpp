@@ -23,6 +23,7 @@ void OwnerFixture::Restart() {
     objects_.reset();
     state_.reset();
     timers_.created.clear();
+    serialPorts_.created.clear();
     place_.reset();
     machine_.emplace(Seams());
     state_.emplace(*this);

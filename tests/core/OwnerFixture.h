@@ -83,6 +83,11 @@ protected:
     // in nothing: common = zero + counts - centre.
     static QByteArray CalibrationText(int needle);
 
+    // The ports of the links, in their order of creation: gauge, mirror, motor.
+    FakeSerialPort& GaugePort() { return *serialPorts_.created.at(0); }
+    FakeSerialPort& MirrorPort() { return *serialPorts_.created.at(1); }
+    FakeSerialPort& MotorPort() { return *serialPorts_.created.at(2); }
+
     std::string Last() const { return journal_.empty() ? std::string() : journal_.back(); }
     std::ptrdiff_t CountOf(const std::string& entry) const;
     // The place of an entry in the journal; fails the test where it is missing.
@@ -95,6 +100,7 @@ protected:
     void TotalManipulatorNumber(std::int16_t number) override;
     void ManipulatorChange(std::int16_t number) override;
     void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override;
+    void ChangeZeroPosition() override { journal_.push_back("zero position"); }
     void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) override;
     // StartUp::Window
     WindowSize DesignSize() const override { return {7800, 9360}; }

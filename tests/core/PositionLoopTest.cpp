@@ -212,6 +212,70 @@ TEST_F(PositionLoopTest, AMapThatOverflowsIsAFailedReadAndShowsNothing) {
     EXPECT_TRUE(boxes_.shown.empty());
 }
 
+TEST_F(PositionLoopTest, TheGaugeIsPolledOnEveryTickAlsoWithNoNeedle) {
+    objects_->cCommunication->MagnescalePortOpen(2);
+    GaugePort().TakeOutput();
+    Tick();
+    EXPECT_EQ(GaugePort().TakeOutput(), "Ar\r\n");
+    EXPECT_EQ(Last(), "port 2 > Ar\r\n") << "after the needle and the step of the view";
+    state_->intTotalManipulatorNumber = -1;
+    journal_.clear();
+    Tick();
+    EXPECT_EQ(journal_, Journal{"port 2 > Ar\r\n"});
+}
+
+TEST_F(PositionLoopTest, AFailureInATickLosesTheRequestToTheGauge) {
+    objects_->cCommunication->MagnescalePortOpen(2);
+    FailReadsSilently();
+    Tick(10);
+    driver_.failing = {"DriverReconnect"};
+    GaugePort().TakeOutput();
+    Tick();
+    EXPECT_EQ(GaugePort().TakeOutput(), "");
+    Tick();
+    EXPECT_EQ(GaugePort().TakeOutput(), "Ar\r\n");
+}
+
+TEST_F(PositionLoopTest, ZeroPointResetWithoutAnOpenGaugePortChangesNothing) {
+    state_->CurrentXYZ(2, 500);
+    const QByteArray settings = ReadSettings();
+    journal_.clear();
+    loop_->ZeroPointReset();
+    EXPECT_TRUE(journal_.empty());
+    EXPECT_EQ(state_->ZeroXYZ(2), 0);
+    EXPECT_EQ(ReadSettings(), settings);
+}
+
+TEST_F(PositionLoopTest, ZeroPointResetTakesThePresentZAndReachesAllInTheirOrderWithNoRefresh) {
+    driver_.count = 2;
+    loop_->Connect();
+    objects_->cCommunication->MagnescalePortOpen(2);
+    objects_->cCommunication->MotorPortOpen(3);
+    state_->CurrentXYZ(2, 500);
+    journal_.clear();
+    loop_->ZeroPointReset();
+    EXPECT_EQ(state_->ZeroXYZ(2), 500);
+    EXPECT_EQ(objects_->cNeedleMove->PosZero(0, 2), -500);
+    EXPECT_EQ(objects_->cNeedleMove->PosZero(2, 2), 0) << "not connected";
+    Journal expected{"zero position"};
+    for (int needle = 0; needle < 2; ++needle) {
+        for (int axis = 0; axis < 3; ++axis) {
+            expected.push_back("write Manipulator Calibration:" + std::to_string(needle) +
+                               "|ZERO,XYZ:" + std::to_string(axis));
+        }
+    }
+    expected.insert(expected.end(), {"port 2 > ARES\r\n", "port 3 > ZERO\r", "ControlONOFF 0"});
+    EXPECT_EQ(journal_, expected);
+    EXPECT_TRUE(ReadSettings().contains("ZERO,XYZ:2=-500\r\n"));
+}
+
+TEST_F(PositionLoopTest, ZeroPointResetWithTheMotorPortClosedResetsTheGaugeAlone) {
+    objects_->cCommunication->MagnescalePortOpen(2);
+    journal_.clear();
+    loop_->ZeroPointReset();
+    EXPECT_EQ(Last(), "port 2 > ARES\r\n");
+}
+
 TEST_F(PositionLoopTest, AfterStopNoTickMovesOrReadsAnything) {
     loop_->Stop();
     Tick();

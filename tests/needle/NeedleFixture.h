@@ -135,7 +135,7 @@ protected:
     InstrumentsListener instruments{journal};
     clsCommunication communication{
         {{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
-    clsObjectiveUpDown objective;
+    clsObjectiveUpDown objective{communication, failures};
     clsNeedleMove needles{state, communication, objective, failures, boxes};
 };
 

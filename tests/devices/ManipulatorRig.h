@@ -1,7 +1,6 @@
 // The manipulator link on a machine that the test owns.
 #pragma once
 
-#include <QFile>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -14,6 +13,7 @@
 #include "core/clsDebugLog.h"
 #include "devices/clsManipulator.h"
 #include "support/FakeMachine.h"
+#include "support/LogTexts.h"
 
 namespace travo::test {
 
@@ -60,20 +60,7 @@ public:
     bool GuardIsTaken() { return link->RequestData().empty(); }
 
     // The texts of the log's lines.
-    QStringList Logged() const {
-        QFile file(log.LogFilePath());
-        if (!file.open(QIODevice::ReadOnly)) {
-            return {};
-        }
-        QStringList texts;
-        const QStringList lines = QString::fromLatin1(file.readAll()).split(QStringLiteral("\r\n"));
-        for (const QString& line : lines) {
-            if (const auto dash = line.indexOf(QStringLiteral(" - ")); dash >= 0) {
-                texts << line.mid(dash + 3);
-            }
-        }
-        return texts;
-    }
+    QStringList Logged() const { return LogTexts(log); }
 
     Journal journal;
     FakeClock clock;

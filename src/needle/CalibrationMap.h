@@ -51,7 +51,7 @@ struct CalibrationMap {
         const double sum = (manipulator[0] - ManiCenter[0]) * CalibAxisX.Unit[axis] +
                            (manipulator[1] - ManiCenter[1]) * CalibAxisY.Unit[axis] +
                            (manipulator[2] - ManiCenter[2]) * CalibAxisZ.Unit[axis];
-        return convert(!ManiDirect && axis == 0 ? PosZero[axis] - sum : PosZero[axis] + sum);
+        return convert(PosZero[axis] + (!ManiDirect && axis == 0 ? -sum : sum));
     }
     PositionXYZ ToCommon(const PositionXYZ& manipulator) const {
         return {ToCommon(0, manipulator), ToCommon(1, manipulator), ToCommon(2, manipulator)};
@@ -60,8 +60,10 @@ struct CalibrationMap {
     // Common frame to manipulator frame: one output axis, 0 to 2, or all three. The differences to
     // the reference point are 32-bit ones.
     std::int32_t ToManipulator(std::size_t axis, const PositionXYZ& common) const {
-        const std::int32_t alongX =
-            ManiDirect ? Difference(common[0], PosZero[0]) : Difference(PosZero[0], common[0]);
+        // Chosen before the one subtraction, so that the choice costs no jump.
+        const std::int32_t to = ManiDirect ? common[0] : PosZero[0];
+        const std::int32_t from = ManiDirect ? PosZero[0] : common[0];
+        const std::int32_t alongX = Difference(to, from);
         const std::int32_t alongY = Difference(common[1], PosZero[1]);
         const std::int32_t alongZ = Difference(common[2], PosZero[2]);
         return convert(alongX * CalibAxisX.Inverse[axis] + ManiCenter[axis] +

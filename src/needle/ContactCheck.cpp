@@ -1,5 +1,7 @@
 #include "needle/ContactCheck.h"
 
+#include <algorithm>
+
 #include "core/Arithmetic.h"
 
 namespace travo {
@@ -21,6 +23,60 @@ bool NearlyCoincide(const Shaft& swept, const Shaft& other) {
     const std::int32_t tips = AbsoluteValue(Difference(swept[0][Tip], other[0][Tip]));
     const std::int32_t rears = AbsoluteValue(Difference(swept[0][Rear], other[0][Rear]));
     return tips < NearlyCoincident && rears < NearlyCoincident;
+}
+
+// The four stages in their order, each step checked.
+bool CheckedStages(const Shaft& now, const Shaft& swept, const Shaft& other) {
+    const PlanPoint otherTip = End(other, Tip);
+    const PlanPoint otherRear = End(other, Rear);
+    return Crossing(End(now, Tip), End(swept, Tip), otherTip, otherRear) ||
+           Crossing(End(now, Tip), End(now, Rear), otherTip, otherRear) ||
+           Crossing(End(swept, Tip), End(swept, Rear), otherTip, otherRear) || NearlyCoincide(swept, other);
+}
+
+// True when no step of the check can leave 32 bits: a difference is at most the extent of all the ends, a
+// product that of both extents, a sum twice that.
+bool EveryStepFits(const Shaft& now, const Shaft& swept, const Shaft& other) {
+    std::array<std::uint32_t, 2> extent{};
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+        const auto [lowest, highest] = std::minmax({now[axis][Tip], now[axis][Rear], swept[axis][Tip],
+                                                    swept[axis][Rear], other[axis][Tip], other[axis][Rear]});
+        extent[axis] = static_cast<std::uint32_t>(highest) - static_cast<std::uint32_t>(lowest);
+    }
+    const auto [x, y] = extent;
+    return x <= INT32_MAX && y <= INT32_MAX && std::uint64_t{x} * y <= INT32_MAX / 2;
+}
+
+std::int32_t UncheckedSide(PlanPoint p, PlanPoint q, PlanPoint r) {
+    return (r.y - p.y) * (p.x - q.x) + (p.y - q.y) * (p.x - r.x);
+}
+
+// Negative when both sides are strict and differ.
+std::int64_t Opposite(std::int32_t side, std::int32_t otherSide) { return std::int64_t{side} * otherSide; }
+
+// The same stages where every step fits, all at once: which stage says yes makes no difference then, and
+// the outcome of the single stages is too irregular for a jump at each.
+bool UncheckedStages(const Shaft& now, const Shaft& swept, const Shaft& other) {
+    const PlanPoint n0 = End(now, Tip);
+    const PlanPoint n1 = End(now, Rear);
+    const PlanPoint w0 = End(swept, Tip);
+    const PlanPoint w1 = End(swept, Rear);
+    const PlanPoint b0 = End(other, Tip);
+    const PlanPoint b1 = End(other, Rear);
+    const std::int32_t n0FromOther = UncheckedSide(b0, b1, n0);
+    const std::int32_t n1FromOther = UncheckedSide(b0, b1, n1);
+    const std::int32_t w0FromOther = UncheckedSide(b0, b1, w0);
+    const std::int32_t w1FromOther = UncheckedSide(b0, b1, w1);
+    const std::int64_t path = Opposite(n0FromOther, w0FromOther);
+    const std::int64_t present = Opposite(n0FromOther, n1FromOther);
+    const std::int64_t target = Opposite(w0FromOther, w1FromOther);
+    if ((path | present | target) >= 0) {
+        return NearlyCoincide(swept, other);  // the moving needle stays on one side of the other
+    }
+    const bool contact = ((path & Opposite(UncheckedSide(n0, w0, b0), UncheckedSide(n0, w0, b1))) |
+                          (present & Opposite(UncheckedSide(n0, n1, b0), UncheckedSide(n0, n1, b1))) |
+                          (target & Opposite(UncheckedSide(w0, w1, b0), UncheckedSide(w0, w1, b1)))) < 0;
+    return contact || NearlyCoincide(swept, other);
 }
 
 }  // namespace
@@ -55,15 +111,8 @@ bool Crossing(PlanPoint a, PlanPoint b, PlanPoint c, PlanPoint d) {
 }
 
 bool NeedleCrossCheck(const Shaft& ShaftNow, const Shaft& ShaftSwept, const Shaft& ShaftOther) {
-    const PlanPoint nowTip = End(ShaftNow, Tip);
-    const PlanPoint nowRear = End(ShaftNow, Rear);
-    const PlanPoint sweptTip = End(ShaftSwept, Tip);
-    const PlanPoint sweptRear = End(ShaftSwept, Rear);
-    const PlanPoint otherTip = End(ShaftOther, Tip);
-    const PlanPoint otherRear = End(ShaftOther, Rear);
-    return Crossing(nowTip, sweptTip, otherTip, otherRear) ||
-           Crossing(nowTip, nowRear, otherTip, otherRear) ||
-           Crossing(sweptTip, sweptRear, otherTip, otherRear) || NearlyCoincide(ShaftSwept, ShaftOther);
+    return EveryStepFits(ShaftNow, ShaftSwept, ShaftOther) ? UncheckedStages(ShaftNow, ShaftSwept, ShaftOther)
+                                                           : CheckedStages(ShaftNow, ShaftSwept, ShaftOther);
 }
 
 }  // namespace travo

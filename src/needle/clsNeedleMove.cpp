@@ -141,10 +141,10 @@ bool clsNeedleMove::ContactEvasion(std::int16_t lngMoveNeedle, std::int16_t Tota
     }
 
     const Shaft& ShaftNow = ShaftAll[static_cast<std::size_t>(lngMoveNeedle)];
-    const MovingNeedle onItsWay(ShaftNow, SweptShaft(ShaftNow, ShaftTarget));
+    const Shaft ShaftSwept = SweptShaft(ShaftNow, ShaftTarget);
     for (std::size_t needle = 0; needle < ShaftAll.size(); ++needle) {
         if (calibrated[needle] && needle != static_cast<std::size_t>(lngMoveNeedle) &&
-            onItsWay.NeedleCrossCheck(ShaftAll[needle])) {
+            NeedleCrossCheck(ShaftNow, ShaftSwept, ShaftAll[needle])) {
             return false;
         }
     }

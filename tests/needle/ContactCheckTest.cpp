@@ -214,5 +214,81 @@ TEST(ContactCheckProperty, OverflowOfASideIsAlwaysAnErrorAndNeverAWrongSign) {
     EXPECT_GT(onTheLine, 1000);
 }
 
+std::optional<bool> WideCrossing(PlanPoint a, PlanPoint b, PlanPoint c, PlanPoint d) {
+    const auto w0 = WideSide(a, b, c);
+    const auto w1 = WideSide(a, b, d);
+    const auto w2 = WideSide(c, d, a);
+    const auto w3 = WideSide(c, d, b);
+    if (!w0 || !w1 || !w2 || !w3) {
+        return std::nullopt;
+    }
+    return *w0 * *w1 < 0 && *w2 * *w3 < 0;
+}
+
+std::optional<bool> WideNearlyCoincide(const Shaft& swept, const Shaft& other) {
+    const std::int64_t tips = std::abs(std::int64_t{swept[0][Tip]} - other[0][Tip]);
+    const std::int64_t rears = std::abs(std::int64_t{swept[0][Rear]} - other[0][Rear]);
+    if (tips > INT32_MAX || rears > INT32_MAX) {
+        return std::nullopt;
+    }
+    return tips < 25 && rears < 25;
+}
+
+// The stages one by one: the first that says yes or overflows decides.
+std::optional<bool> WideCheck(const Shaft& now, const Shaft& swept, const Shaft& other) {
+    const PlanPoint tip = TipOf(other);
+    const PlanPoint rear = RearOf(other);
+    std::optional<bool> contact = WideCrossing(TipOf(now), TipOf(swept), tip, rear);
+    if (contact && !*contact) {
+        contact = WideCrossing(TipOf(now), RearOf(now), tip, rear);
+    }
+    if (contact && !*contact) {
+        contact = WideCrossing(TipOf(swept), RearOf(swept), tip, rear);
+    }
+    if (contact && !*contact) {
+        contact = WideNearlyCoincide(swept, other);
+    }
+    return contact;
+}
+
+class NeedleCrossCheckProperty : public ::testing::TestWithParam<std::int32_t> {};
+
+TEST_P(NeedleCrossCheckProperty, TheStagesDecideInTheirOrderAndAnOverflowIsAlwaysAnError) {
+    std::mt19937 engine(46);
+    std::uniform_int_distribution<std::int32_t> coordinate(-GetParam(), GetParam());
+    std::array<int, 3> outcomes{};
+    for (int trial = 0; trial < 100000; ++trial) {
+        std::array<Shaft, 3> shafts{};
+        for (Shaft& shaft : shafts) {
+            shaft =
+                ShaftOf({coordinate(engine), coordinate(engine)}, {coordinate(engine), coordinate(engine)});
+        }
+        const auto& [now, swept, other] = shafts;
+        const std::optional<bool> expected = WideCheck(now, swept, other);
+        if (expected) {
+            ASSERT_EQ(NeedleCrossCheck(now, swept, other), *expected) << "trial " << trial;
+            ++outcomes[*expected ? 1 : 0];
+        } else {
+            ASSERT_THROW(NeedleCrossCheck(now, swept, other), OverflowFailure) << "trial " << trial;
+            ++outcomes[2];
+        }
+    }
+    if (GetParam() <= 11585) {  // twice that, squared and doubled, is 2^31
+        EXPECT_EQ(outcomes[2], 0);
+    }
+    if (GetParam() >= 30000) {
+        EXPECT_GT(outcomes[2], 100);
+    }
+    if (GetParam() <= 30000) {
+        EXPECT_GT(outcomes[1], 5000);
+    }
+}
+
+// From coordinates so small that ends often lie on the other shaft, past the place where the first steps
+// leave 32 bits, to the whole range.
+INSTANTIATE_TEST_SUITE_P(Reaches, NeedleCrossCheckProperty,
+                         ::testing::Values(4, 60, 2000, 11585, 11700, 16383, 20000, 30000, 100000,
+                                           1'500'000'000, INT32_MAX));
+
 }  // namespace
 }  // namespace travo

@@ -95,7 +95,7 @@ public:
     }
     void ServeUntilEventOr(std::int64_t milliseconds) override {
         ++served;
-        clock_.ticks += milliseconds;
+        clock_.ticks += std::min(milliseconds, eventAfter);
         RunWhileServed();
     }
     void Queue(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
@@ -110,6 +110,7 @@ public:
     }
 
     bool waiting = false;
+    std::int64_t eventAfter = INT64_MAX;  // milliseconds after which an event ends a wait
     int served = 0;
     std::function<void()> whileServed;  // runs inside each wait that serves events
     std::deque<std::function<void()>> queued;

@@ -27,7 +27,7 @@ std::optional<MirrorText::Line> MirrorText::NextLine() {
         return line;
     }
     // The LF of a CR at the very end may still come.
-    searchLineEnd_ = text_.ends_with(CarriageReturn) ? text_.size() - 1 : text_.size();
+    searchLineEnd_ = std::max(place_, text_.size() - (text_.ends_with(CarriageReturn) ? 1 : 0));
     if (searchCarriageReturn_) {
         const std::size_t end = text_.find(CarriageReturn, *searchCarriageReturn_);
         if (end != std::string::npos && IsForMotor(Behind(end))) {
@@ -52,7 +52,7 @@ void MirrorText::DropRead() {
         return;
     }
     text_ = text_.substr(place_);
-    searchLineEnd_ -= std::min(place_, searchLineEnd_);
+    searchLineEnd_ -= place_;
     if (searchCarriageReturn_) {
         *searchCarriageReturn_ -= place_;
     }

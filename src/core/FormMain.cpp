@@ -62,6 +62,9 @@ bool FormMain::Start() {
 }
 
 void FormMain::ReportUnexpectedFailure() noexcept {
+    if (!objects_.DebugLog.Alive()) {
+        return;
+    }
     try {
         objects_.Failures.Report(QStringLiteral("Error : Unexpected failure"));
     } catch (...) {
@@ -202,7 +205,12 @@ void FormMain::DefaultSize(const WindowSize& size) {
 
 void FormMain::Place(const WindowPlace& place) {
     resize(place.Width / UnitsPerPixel, place.Height / UnitsPerPixel);
-    move(place.Left / UnitsPerPixel, place.Top / UnitsPerPixel);
+    QList<QRect> screens;
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        screens << screen->availableGeometry();
+    }
+    const QPoint stored(place.Left / UnitsPerPixel, place.Top / UnitsPerPixel);
+    move(OntoScreen(QRect(stored, size()), screens));
 }
 
 MeasuredWindowPlace FormMain::Measured() const {

@@ -38,4 +38,29 @@ void WriteWindowPlace(clsIniEdit& ini, const QString& section, const MeasuredWin
     WriteUnits(ini, section, QStringLiteral("Width"), place.Width);
 }
 
+QPoint OntoScreen(const QRect& frame, const QList<QRect>& screens) {
+    // Enough to be seen and to be drawn back by.
+    constexpr QSize Graspable(64, 32);
+    if (screens.isEmpty()) {
+        return frame.topLeft();
+    }
+    const QRect top(frame.topLeft(), QSize(frame.width(), Graspable.height()));
+    for (const QRect& screen : screens) {
+        const QRect seen = screen.intersected(top);
+        if (seen.width() >= std::min(Graspable.width(), frame.width()) &&
+            seen.height() >= Graspable.height()) {
+            return frame.topLeft();
+        }
+    }
+    const auto apart = [&](const QRect& screen) {
+        const QPoint way = screen.center() - frame.center();
+        return way.manhattanLength();
+    };
+    const QRect& nearest = *std::min_element(
+        screens.begin(), screens.end(), [&](const QRect& a, const QRect& b) { return apart(a) < apart(b); });
+    const int left = std::min(frame.left(), nearest.right() + 1 - frame.width());
+    const int upper = std::min(frame.top(), nearest.bottom() + 1 - frame.height());
+    return {std::max(left, nearest.left()), std::max(upper, nearest.top())};
+}
+
 }  // namespace travo

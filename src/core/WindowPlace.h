@@ -1,6 +1,9 @@
 // Place and size of a window as the settings file keeps them.
 #pragma once
 
+#include <QList>
+#include <QPoint>
+#include <QRect>
 #include <QString>
 #include <cstdint>
 
@@ -36,5 +39,10 @@ struct MeasuredWindowPlace {
 
 // Writes a window's section, bounded to 32767 so that the next start can read it.
 void WriteWindowPlace(clsIniEdit& ini, const QString& section, const MeasuredWindowPlace& place);
+
+// The place nearest to the given frame at which all of it, or at least its top left corner, is on one of
+// the screens. A frame that overlaps a screen by at least a title's height and width stays where it is;
+// without screens every place is as good as any other. Pixels.
+QPoint OntoScreen(const QRect& frame, const QList<QRect>& screens);
 
 }  // namespace travo

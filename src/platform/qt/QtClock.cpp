@@ -30,9 +30,7 @@ private:
 
 }  // namespace
 
-void QtClock::Sleep(std::int64_t milliseconds) {
-    QThread::msleep(static_cast<unsigned long>(milliseconds));
-}
+void QtClock::Sleep(std::int64_t milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
 
 std::unique_ptr<Timer> QtTimers::Create(std::function<void()> tick) {
     return std::make_unique<QtTimer>(std::move(tick));

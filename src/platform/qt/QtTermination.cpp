@@ -43,11 +43,10 @@ QtTermination::QtTermination(std::function<void()> procedure) {
     }
     writeEnd = ends_[0];
     notifier_ = std::make_unique<QSocketNotifier>(ends_[1], QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated,
-                     [this, procedure = std::move(procedure)] {
-                         notifier_->setEnabled(false);
-                         procedure();
-                     });
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this, procedure = std::move(procedure)] {
+        notifier_->setEnabled(false);
+        procedure();
+    });
     Dispose(OnSignal);
 }
 

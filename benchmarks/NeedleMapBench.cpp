@@ -53,7 +53,7 @@ struct EigenMap {
             eigen.forward.row(0) *= -1.0;
             eigen.backward.col(0) *= -1.0;
         }
-        eigen.zero = map.PosZero;
+        eigen.zero = map.PosZero();
         return eigen;
     }
 
@@ -144,7 +144,7 @@ private:
                 points[point][column] = needles_.needles.ManipulatorCalibrationPosXYZ(
                     needle, axis, static_cast<std::int32_t>(point));
             }
-            map.PosZero[column] = needles_.needles.PosZero(needle, axis);
+            map.PosZero(column, needles_.needles.PosZero(needle, axis));
         }
         map.Calculate(points);
         return map;

@@ -21,7 +21,8 @@ struct CalibAxis {
 // All arithmetic is double, in the order of the terms as they are written; results round to nearest
 // with ties to even. OverflowFailure where a result does not fit 32 bits or is not finite. The maps
 // allocate nothing. Zeros and unset values are no failure: an uncalibrated needle gives numbers.
-struct CalibrationMap {
+class CalibrationMap {
+public:
     static constexpr PositionXYZ Unset{NoPositionValue, NoPositionValue, NoPositionValue};
 
     // Manipulator positions of the four calibration points: 0 the apex of a triangle in the focal
@@ -33,10 +34,15 @@ struct CalibrationMap {
     CalibAxis CalibAxisZ;
     // Reference point in the manipulator frame.
     std::array<double, 3> ManiCenter{};
-    // Reference point in the common frame.
-    PositionXYZ PosZero = Unset;
     // True: common X runs with the measured X vector; false: against it.
     bool ManiDirect = false;
+
+    // Reference point in the common frame; axis 0 to 2.
+    const PositionXYZ& PosZero() const { return posZero_; }
+    void PosZero(std::size_t axis, std::int32_t value) {
+        posZero_[axis] = value;
+        realPosZero_[axis] = value;
+    }
 
     // Derives centre, handedness, vectors and both matrices from the points; PosZero stays. Overflows
     // of the integer sums are raised before anything is stored.
@@ -51,7 +57,7 @@ struct CalibrationMap {
         const double sum = (manipulator[0] - ManiCenter[0]) * CalibAxisX.Unit[axis] +
                            (manipulator[1] - ManiCenter[1]) * CalibAxisY.Unit[axis] +
                            (manipulator[2] - ManiCenter[2]) * CalibAxisZ.Unit[axis];
-        return convert(PosZero[axis] + (!ManiDirect && axis == 0 ? -sum : sum));
+        return convert(realPosZero_[axis] + (!ManiDirect && axis == 0 ? -sum : sum));
     }
     PositionXYZ ToCommon(const PositionXYZ& manipulator) const {
         return {ToCommon(0, manipulator), ToCommon(1, manipulator), ToCommon(2, manipulator)};
@@ -60,18 +66,23 @@ struct CalibrationMap {
     // Common frame to manipulator frame: one output axis, 0 to 2, or all three. The differences to
     // the reference point are 32-bit ones.
     std::int32_t ToManipulator(std::size_t axis, const PositionXYZ& common) const {
-        // Chosen before the one subtraction, so that the choice costs no jump.
-        const std::int32_t to = ManiDirect ? common[0] : PosZero[0];
-        const std::int32_t from = ManiDirect ? PosZero[0] : common[0];
+        // Taken the other way round, not negated: the two overflow at different values.
+        const std::int32_t to = ManiDirect ? common[0] : posZero_[0];
+        const std::int32_t from = ManiDirect ? posZero_[0] : common[0];
         const std::int32_t alongX = Difference(to, from);
-        const std::int32_t alongY = Difference(common[1], PosZero[1]);
-        const std::int32_t alongZ = Difference(common[2], PosZero[2]);
+        const std::int32_t alongY = Difference(common[1], posZero_[1]);
+        const std::int32_t alongZ = Difference(common[2], posZero_[2]);
         return convert(alongX * CalibAxisX.Inverse[axis] + ManiCenter[axis] +
                        alongY * CalibAxisY.Inverse[axis] + alongZ * CalibAxisZ.Inverse[axis]);
     }
     PositionXYZ ToManipulator(const PositionXYZ& common) const {
         return {ToManipulator(0, common), ToManipulator(1, common), ToManipulator(2, common)};
     }
+
+private:
+    PositionXYZ posZero_ = Unset;
+    // The same once more as the maps add it, to spare them a conversion.
+    std::array<double, 3> realPosZero_{NoPositionValue, NoPositionValue, NoPositionValue};
 };
 
 }  // namespace travo

@@ -42,11 +42,11 @@ void clsNeedleMove::ManiCenter(std::int32_t ManipulatorNumber, std::int32_t XYZ,
 }
 
 std::int32_t clsNeedleMove::PosZero(std::int32_t ManipulatorNumber, std::int32_t XYZ) const {
-    return Map(ManipulatorNumber).PosZero[Axis(XYZ)];
+    return Map(ManipulatorNumber).PosZero()[Axis(XYZ)];
 }
 
 void clsNeedleMove::PosZero(std::int32_t ManipulatorNumber, std::int32_t XYZ, std::int32_t value) {
-    Map(ManipulatorNumber).PosZero[Axis(XYZ)] = value;
+    Map(ManipulatorNumber).PosZero(Axis(XYZ), value);
 }
 
 void clsNeedleMove::CalibrationCalculation(std::int32_t ManipulatorNumber) {

@@ -16,9 +16,15 @@ using test::Largest;
 using test::Smallest;
 using Points = CalibrationMap::Points;
 
+void PutZero(CalibrationMap& map, const PositionXYZ& zero) {
+    for (std::size_t axis = 0; axis < zero.size(); ++axis) {
+        map.PosZero(axis, zero[axis]);
+    }
+}
+
 CalibrationMap MapOf(const Points& points, const PositionXYZ& zero = {0, 0, 0}) {
     CalibrationMap map;
-    map.PosZero = zero;
+    PutZero(map, zero);
     map.Calculate(points);
     return map;
 }
@@ -182,14 +188,14 @@ TEST(CalibrationMap, TheDifferenceToTheCentreIsADoubleAndCannotOverflow) {
     map.ManiCenter = {-10.0, 0.0, 0.0};
     EXPECT_EQ(map.ToCommon(1, {Largest, 5, 0}), 5);
     EXPECT_THROW(map.ToCommon(0, {Largest, 5, 0}), OverflowFailure);
-    map.PosZero[0] = -10;
+    map.PosZero(0, -10);
     EXPECT_EQ(map.ToCommon(0, {Largest, 5, 0}), Largest);
 }
 
 TEST(CalibrationMap, TheDifferencesToTheZeroAre32BitOnesOnEveryOutputAxis) {
     for (std::size_t input = 0; input < 3; ++input) {
         CalibrationMap map = MapOf(test::StraightNeedle);
-        map.PosZero[input] = -100000;
+        map.PosZero(input, -100000);
         PositionXYZ far{};
         far[input] = Largest;
         for (std::size_t output = 0; output < 3; ++output) {
@@ -335,7 +341,7 @@ Expected InRange(long double value, long double magnitude) {
 Expected WideToCommon(const CalibrationMap& map, std::size_t axis, const PositionXYZ& p) {
     const std::array columns{&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ};
     long double sum = 0.0L;
-    long double magnitude = std::fabs(static_cast<long double>(map.PosZero[axis]));
+    long double magnitude = std::fabs(static_cast<long double>(map.PosZero()[axis]));
     for (std::size_t k = 0; k < 3; ++k) {
         const long double term =
             (static_cast<long double>(p[k]) - map.ManiCenter[k]) * columns[k]->Unit[axis];
@@ -343,7 +349,7 @@ Expected WideToCommon(const CalibrationMap& map, std::size_t axis, const Positio
         magnitude += std::fabs(term);
     }
     const bool against = !map.ManiDirect && axis == 0;
-    return InRange(map.PosZero[axis] + (against ? -sum : sum), magnitude);
+    return InRange(map.PosZero()[axis] + (against ? -sum : sum), magnitude);
 }
 
 Expected WideToManipulator(const CalibrationMap& map, std::size_t axis, const PositionXYZ& p) {
@@ -351,7 +357,7 @@ Expected WideToManipulator(const CalibrationMap& map, std::size_t axis, const Po
     long double sum = map.ManiCenter[axis];
     long double magnitude = std::fabs(sum);
     for (std::size_t k = 0; k < 3; ++k) {
-        std::int64_t difference = std::int64_t{p[k]} - map.PosZero[k];
+        std::int64_t difference = std::int64_t{p[k]} - map.PosZero()[k];
         difference = k == 0 && !map.ManiDirect ? -difference : difference;
         if (!Fits(difference)) {
             return {};

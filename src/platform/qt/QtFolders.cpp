@@ -19,7 +19,10 @@ void QtFolders::Create(const QString& folder) {
 }
 
 bool QtSingleInstance::Claim() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty()) {
+        folder = QDir::tempPath();
+    }
     lock_ = std::make_unique<QLockFile>(QDir(folder).filePath(QStringLiteral("TRAVO.lock")));
     // Age says nothing: the program may run for weeks.
     lock_->setStaleLockTime(0);

@@ -1,0 +1,114 @@
+#include "platform/qt/QtMessageBoxes.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+namespace travo::platform::qt {
+
+namespace {
+
+class QtMessageBoxesTest : public testing::Test {
+protected:
+    // The operator's hand: called with the box once it is on show.
+    void WhenShown(std::function<void(QMessageBox&)> hand) {
+        QTimer::singleShot(0, [hand = std::move(hand)] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            hand(*box);
+        });
+    }
+    static void Click(QMessageBox& box, QMessageBox::StandardButton button) {
+        QTest::mouseClick(box.button(button), Qt::LeftButton);
+    }
+
+    QtEventLoop loop_;
+    QtMessageBoxes boxes_{loop_};
+};
+
+TEST_F(QtMessageBoxesTest, ShowsPlainTextSoThatALineFromAWireIsNeverTakenForMarkup) {
+    const QString line = QStringLiteral("<b>nD2A2</b><img src=x> : Mirror : Parametar Error");
+    WhenShown([&](QMessageBox& box) {
+        EXPECT_EQ(box.text(), line);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        for (const QLabel* const label : box.findChildren<QLabel*>()) {
+            if (label->text() == line) {
+                EXPECT_EQ(label->textFormat(), Qt::PlainText);
+            }
+        }
+        Click(box, QMessageBox::Ok);
+    });
+    EXPECT_EQ(boxes_.Show(line, BoxButtons::OK, BoxIcon::None), BoxAnswer::OK);
+}
+
+TEST_F(QtMessageBoxesTest, EachButtonGivesItsAnswer) {
+    WhenShown([](QMessageBox& box) { Click(box, QMessageBox::Ok); });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::OK);
+    WhenShown([](QMessageBox& box) { Click(box, QMessageBox::Cancel); });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::Cancel);
+    WhenShown([](QMessageBox& box) { Click(box, QMessageBox::Yes); });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::YesNo, BoxIcon::None), BoxAnswer::Yes);
+    WhenShown([](QMessageBox& box) { Click(box, QMessageBox::No); });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::YesNo, BoxIcon::None), BoxAnswer::No);
+}
+
+TEST_F(QtMessageBoxesTest, ClosingABoxWithoutAButtonIsOkOrCancelOrNo) {
+    for (const auto& [buttons, answer] :
+         {std::pair{BoxButtons::OK, BoxAnswer::OK}, std::pair{BoxButtons::OKCancel, BoxAnswer::Cancel},
+          std::pair{BoxButtons::YesNo, BoxAnswer::No}}) {
+        WhenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        EXPECT_EQ(boxes_.Show(QStringLiteral("?"), buttons, BoxIcon::None), answer);
+    }
+}
+
+TEST_F(QtMessageBoxesTest, OnlyTheWarningBearsTheStopIcon) {
+    WhenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        Click(box, QMessageBox::Ok);
+    });
+    boxes_.Show(QStringLiteral("WARNING!"), BoxButtons::OK, BoxIcon::Stop);
+    WhenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        Click(box, QMessageBox::Ok);
+    });
+    boxes_.Show(QStringLiteral("Z"), BoxButtons::OK, BoxIcon::None);
+}
+
+TEST_F(QtMessageBoxesTest, ButtonsAreAsLargeAsAGlovedFinger) {
+    WhenShown([](QMessageBox& box) {
+        for (const QAbstractButton* const button : box.buttons()) {
+            EXPECT_GE(button->width(), 88);
+            EXPECT_GE(button->height(), 44);
+        }
+        Click(box, QMessageBox::Ok);
+    });
+    boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None);
+}
+
+TEST_F(QtMessageBoxesTest, AnOperationThatShowsABoxWaits) {
+    WhenShown([this](QMessageBox& box) {
+        EXPECT_TRUE(loop_.Waiting());
+        Click(box, QMessageBox::Ok);
+    });
+    boxes_.Show(QStringLiteral("?"), BoxButtons::OK, BoxIcon::None);
+    EXPECT_FALSE(loop_.Waiting());
+}
+
+TEST_F(QtMessageBoxesTest, DismissEndsBoxesThatAreOnShowInEachOther) {
+    WhenShown([this](QMessageBox&) {
+        WhenShown([this](QMessageBox&) { boxes_.Dismiss(); });
+        EXPECT_EQ(boxes_.Show(QStringLiteral("inner"), BoxButtons::YesNo, BoxIcon::None), BoxAnswer::No);
+    });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("outer"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::Cancel);
+    EXPECT_EQ(boxes_.Show(QStringLiteral("later"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::Cancel);
+}
+
+}  // namespace
+
+}  // namespace travo::platform::qt

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <optional>
@@ -79,17 +80,17 @@ private:
             if (mirror.Receive().find("rD2R\r") != std::string::npos) {
                 Send(++x_);
             }
-            if (wanted_ != x_) {
+            if (const std::int32_t wanted = wanted_; wanted != reported_) {
                 // The program sleeps by then, as it does between the lines of an instrument.
                 std::this_thread::sleep_for(microseconds(std::uniform_int_distribution(100, 1000)(random_)));
-                Send(wanted_);
+                reported_ = wanted;
+                Send(wanted);
             }
             std::this_thread::sleep_for(microseconds(50));
         }
     }
     void Send(std::int32_t x) {
         x_ = x;
-        wanted_ = x;
         sentAt_ = Clock::now().time_since_epoch().count();
         mirror.Send(AnswerX(x));
     }
@@ -105,6 +106,7 @@ private:
     std::atomic<bool> over_ = false;
     std::atomic<std::int32_t> wanted_ = 0;
     std::atomic<Clock::rep> sentAt_ = 0;
+    std::int32_t reported_ = 0;
     std::int32_t x_ = 0;
     std::int32_t y_ = 0;
     Clock::time_point nextMotor_, nextGauge_, nextStatus_;
@@ -171,6 +173,9 @@ public:
         microseconds_.push_back(seconds * 1e6);
     }
     void Tell(const std::string& onTheWire) {
+        if (microseconds_.empty()) {
+            return;
+        }
         std::sort(microseconds_.begin(), microseconds_.end());
         state_.counters["median_us"] = microseconds_[microseconds_.size() / 2];
         state_.counters["p99_us"] = microseconds_[microseconds_.size() * 99 / 100];
@@ -201,6 +206,21 @@ void ByteOnTheWireToSharedState(benchmark::State& state) {
     sampling.Tell(AnswerX(x));
 }
 
+bool ReadUntil(int wire, const std::string& line) {
+    std::string text;
+    std::array<char, 256> block;
+    pollfd ready{wire, POLLIN, 0};
+    while (text.find(line) == std::string::npos) {
+        const ssize_t size =
+            ::poll(&ready, 1, LimitMilliseconds) == 1 ? ::read(wire, block.data(), block.size()) : 0;
+        if (size <= 0) {
+            return false;
+        }
+        text.append(block.data(), static_cast<std::size_t>(size));
+    }
+    return true;
+}
+
 void ByteOnTheWireToABareRead(benchmark::State& state) {
     Instruments instruments;
     const int wire = ::open(instruments.mirror.Device().toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
@@ -208,16 +228,14 @@ void ByteOnTheWireToABareRead(benchmark::State& state) {
     std::int32_t x = 1000;
     for (auto _ : state) {
         instruments.Report(++x);
-        std::string text;
-        for (pollfd ready{wire, POLLIN, 0};
-             text.find(AnswerX(x)) == std::string::npos && ::poll(&ready, 1, LimitMilliseconds) == 1;) {
-            std::array<char, 256> block;
-            text.append(block.data(), static_cast<std::size_t>(::read(wire, block.data(), block.size())));
+        if (!ReadUntil(wire, AnswerX(x))) {
+            state.SkipWithError("the line has not come");
+            break;
         }
         sampling.Add(Clock::now() - instruments.SentAt());
     }
-    sampling.Tell(AnswerX(x));
     ::close(wire);
+    sampling.Tell(AnswerX(x));
 }
 
 void OpeningAPortToTheFirstValue(benchmark::State& state) {

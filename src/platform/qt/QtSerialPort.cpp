@@ -241,7 +241,7 @@ void QtSerialPort::Line::Schedule() {
 }
 
 void QtSerialPort::Line::Deliver() {
-    if (!port_ || depth_ >= MostNestedCalls) {
+    if (!port_) {
         return;
     }
     const std::shared_ptr<Line> alive = shared_from_this();

@@ -1,0 +1,115 @@
+#include "controls/ControlAccess.h"
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include "controls/Pressable.h"
+
+namespace travo {
+
+namespace {
+
+class ButtonAccess : public QAccessibleWidget {
+public:
+    ButtonAccess(QAbstractButton& button, Pressable& pressable)
+        : QAccessibleWidget(&button, pressable.AccessibleRole()), button_(button), pressable_(pressable) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = button_.isCheckable();
+        state.checked = button_.isChecked();
+        state.pressed = button_.isDown();
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        const QString given = QAccessibleWidget::text(kind);
+        if (kind == QAccessible::Name && given.isEmpty()) {
+            return pressable_.NameWithoutName();
+        }
+        return given;
+    }
+
+    QStringList actionNames() const override {
+        QStringList names{pressAction()};
+        if (button_.isEnabled()) {
+            names << setFocusAction();
+        }
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        if (name == pressAction()) {
+            pressable_.Press();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    QAbstractButton& button_;
+    Pressable& pressable_;
+};
+
+class ScrollAccess : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+    explicit ScrollAccess(QAbstractSlider& bar)
+        : QAccessibleWidget(&bar, QAccessible::ScrollBar), bar_(bar) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface) {
+            return static_cast<QAccessibleValueInterface*>(this);
+        }
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return bar_.sliderPosition(); }
+    void setCurrentValue(const QVariant& value) override {
+        if (TakesPress(bar_)) {
+            bar_.setValue(value.toInt());
+        }
+    }
+    QVariant maximumValue() const override { return bar_.maximum(); }
+    QVariant minimumValue() const override { return bar_.minimum(); }
+    QVariant minimumStepSize() const override { return bar_.singleStep(); }
+
+    QStringList actionNames() const override {
+        return {increaseAction(), decreaseAction(), setFocusAction()};
+    }
+
+    void doAction(const QString& name) override {
+        if (name != increaseAction() && name != decreaseAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (TakesPress(bar_)) {
+            bar_.triggerAction(name == increaseAction() ? QAbstractSlider::SliderSingleStepAdd
+                                                        : QAbstractSlider::SliderSingleStepSub);
+        }
+    }
+
+private:
+    QAbstractSlider& bar_;
+};
+
+// Qt asks with the name of the object's class, then of each class above it.
+QAccessibleInterface* AccessOf(const QString& className, QObject* object) {
+    if (className == QLatin1String("travo::SkinImage")) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Graphic);
+    }
+    if (className == QLatin1String("travo::usrKVXscroll")) {
+        return new ScrollAccess(*static_cast<QAbstractSlider*>(object));
+    }
+    auto* const pressable = dynamic_cast<Pressable*>(object);
+    auto* const button = qobject_cast<QAbstractButton*>(object);
+    if (pressable != nullptr && button != nullptr) {
+        return new ButtonAccess(*button, *pressable);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void InstallControlAccess() { QAccessible::installFactory(AccessOf); }
+
+}  // namespace travo

@@ -1,0 +1,85 @@
+#include "controls/NumberBox.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "controls/Palette.h"
+#include "controls/Type.h"
+
+namespace travo {
+
+namespace {
+// In design pixels.
+constexpr double Radius = 3;
+constexpr double TextSides = 12;
+}  // namespace
+
+NumberBox::NumberBox(QWidget* parent) : QLineEdit(parent) {
+    setFrame(false);
+    setAlignment(Qt::AlignCenter);
+    setDragEnabled(false);
+    setAcceptDrops(false);
+    // The box paints its own ground.
+    QPalette colours = QLineEdit::palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    colours.setColor(QPalette::Text, palette::Ink);
+    colours.setColor(QPalette::Disabled, QPalette::Text, palette::Off);
+    colours.setColor(QPalette::Highlight, palette::Slate);
+    colours.setColor(QPalette::HighlightedText, palette::OnSlate);
+    setPalette(colours);
+    connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
+    FitText();
+}
+
+bool NumberBox::PassesKey(const QKeyEvent& event) const {
+    const QString entered = event.text();
+    if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || entered.isEmpty()) {
+        return true;
+    }
+    return entered.size() == 1 && entered.front() >= QLatin1Char('0') && entered.front() <= QLatin1Char('9');
+}
+
+void NumberBox::keyPressEvent(QKeyEvent* event) {
+    if (PassesKey(*event)) {
+        QLineEdit::keyPressEvent(event);
+    } else {
+        event->accept();
+    }
+}
+
+void NumberBox::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    FitText();
+}
+
+void NumberBox::FitText() {
+    if (fitting_) {
+        return;
+    }
+    fitting_ = true;
+    setFont(Fitted(TextFont(type::Box * Scale(), QFont::DemiBold), text(), width() - TextSides * Scale()));
+    fitting_ = false;
+}
+
+void NumberBox::paintEvent(QPaintEvent* event) {
+    {
+        const double scale = Scale();
+        const double line = hasFocus() ? 2 : 1;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(!isEnabled() ? palette::OffEdge
+                            : hasFocus() ? palette::Ring
+                                         : palette::Edge,
+                            line));
+        painter.setBrush(isEnabled() ? palette::Field : palette::OffFace);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2),
+                                Radius * scale, Radius * scale);
+        if (isEnabled()) {
+            painter.fillRect(QRectF(3, line, width() - 6, 1.6 * scale), palette::FieldShade);
+            painter.fillRect(QRectF(1.5, height() - 0.5 - 2 * scale, width() - 3, 2 * scale), palette::Slate);
+        }
+    }
+    QLineEdit::paintEvent(event);
+}
+
+}  // namespace travo

@@ -1,0 +1,46 @@
+// A label that shows a value.
+#pragma once
+
+#include <QLabel>
+
+#include "controls/DesignSized.h"
+#include "controls/Type.h"
+
+namespace travo {
+
+// Right-aligned 5 design pixels from its edge on the ground of readings with a hairline, or bare. Text that
+// is wider than the label is shrunk; "N/A" stands in the colour of what is off. Assistive programs get the
+// text as its name and the human name as its description.
+class NumberLabel : public QLabel, public DesignSized {
+    Q_OBJECT
+
+public:
+    enum class Ground { Framed, Bare };
+
+    explicit NumberLabel(QWidget* parent = nullptr, double pixels = type::Number,
+                         QFont::Weight weight = QFont::DemiBold, Ground ground = Ground::Framed);
+
+    // Hides QLabel's: the accessible name follows the text.
+    void setText(const QString& text);
+    // "Cell A X" and the like.
+    void HumanName(const QString& name) { setAccessibleDescription(name); }
+    // Ink at first.
+    void Colour(const QColor& colour);
+
+    // The font that the present text is painted with.
+    QFont PaintedFont() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void DesignSizeChanged() override { update(); }
+
+private:
+    double Scale() const { return ScaleAt(QSizeF(size())); }
+
+    double pixels_;
+    QFont::Weight weight_;
+    Ground ground_;
+    QColor colour_;
+};
+
+}  // namespace travo

@@ -20,7 +20,7 @@ Sides SidesOf(PlanPoint a, PlanPoint b, PlanPoint c, PlanPoint d) {
     return {Side(a, b, c), Side(a, b, d), Side(c, d, a), Side(c, d, b)};
 }
 
-class WorkedExample : public ::testing::Test {
+class ContactCheckWorkedExample : public ::testing::Test {
 protected:
     const Shaft now = ShaftOf({1000, 0}, {6000, 0});
     const Shaft target = ShaftOf({2000, 100}, {7000, 100});
@@ -39,15 +39,17 @@ protected:
     }
 };
 
-TEST_F(WorkedExample, TheSweptShaftLiesThirtyFurther) { EXPECT_EQ(swept, ShaftOf({2030, 130}, {7030, 130})); }
+TEST_F(ContactCheckWorkedExample, TheSweptShaftLiesThirtyFurther) {
+    EXPECT_EQ(swept, ShaftOf({2030, 130}, {7030, 130}));
+}
 
-TEST_F(WorkedExample, AShaftThatThePresentOneCutsIsAContactAtStageTwo) {
+TEST_F(ContactCheckWorkedExample, AShaftThatThePresentOneCutsIsAContactAtStageTwo) {
     EXPECT_EQ(Stage1(cutting), (Sides{1, 1, 1, -1}));
     EXPECT_EQ(Stage2(cutting), (Sides{-1, 1, 1, -1}));
     EXPECT_TRUE(NeedleCrossCheck(now, swept, cutting));
 }
 
-TEST_F(WorkedExample, AShaftBesideTheWayIsClearAtAllStages) {
+TEST_F(ContactCheckWorkedExample, AShaftBesideTheWayIsClearAtAllStages) {
     EXPECT_EQ(Stage1(beside), (Sides{-1, -1, 1, 1}));
     EXPECT_EQ(Stage2(beside), (Sides{-1, -1, 1, -1}));
     EXPECT_EQ(Stage3(beside), (Sides{-1, -1, 1, -1}));

@@ -32,8 +32,9 @@ public:
     // Received characters for each reception event; 0 fires none.
     virtual void RThreshold(int characters) = 0;
 
-    // True opens and raises std::runtime_error where the port is missing, forbidden or in use, or its
-    // settings cannot be had; false closes. A port whose device vanishes closes by itself.
+    // True opens and raises std::runtime_error where the port is missing, forbidden, in use or open
+    // already, or its settings cannot be had; false closes, also inside OnComm. A port whose device
+    // vanishes closes by itself, from the event loop and without an event.
     virtual void PortOpen(bool open) = 0;
     virtual bool PortOpen() const = 0;
 
@@ -51,7 +52,7 @@ class SerialPorts {
 public:
     virtual ~SerialPorts() = default;
     // A closed port. OnComm is called from the event loop for each event of the port, and from event
-    // loops that run inside such a call.
+    // loops that run inside such a call, up to a bound; it may end the port.
     virtual std::unique_ptr<SerialPort> Create(std::function<void()> OnComm) = 0;
 };
 

@@ -48,6 +48,17 @@ bool ForgetAsked(const Words& words) {
     return true;
 }
 
+bool SwitchAt(const Words& words, std::size_t index) {
+    const std::string_view word = WordAt(words, index);
+    if (word == "on" || word == "1") {
+        return true;
+    }
+    if (word != "off" && word != "0") {
+        throw travo::NumberFailure("\"on\" or \"off\" is expected");
+    }
+    return false;
+}
+
 std::int32_t IntegerAt(const Words& words, std::size_t index) {
     return travo::ReadInteger32(WordAt(words, index));
 }
@@ -79,6 +90,8 @@ std::string Text(const travo::PositionXYZ& counts) {
 }
 
 std::string Text(const Vector& place) { return Blanked({Text(place[0]), Text(place[1]), Text(place[2])}); }
+
+std::string Text(const PlanPoint& place) { return Blanked({Text(place[0]), Text(place[1])}); }
 
 std::string Text(double value) {
     std::array<char, 400> digits{};

@@ -26,6 +26,8 @@ void ExpectWords(const Words& words, std::size_t least, std::size_t most);
 // Whether there is the one word "forget"; false without a word, NumberFailure for anything else.
 bool ForgetAsked(const Words& words);
 
+// A switch: "on" or "1", "off" or "0".
+bool SwitchAt(const Words& words, std::size_t index);
 std::int32_t IntegerAt(const Words& words, std::size_t index);
 // A finite decimal number within -limit to limit.
 double RealAt(const Words& words, std::size_t index, double limit);
@@ -38,6 +40,7 @@ travo::PositionXYZ TripleAt(const Words& words, std::size_t index);
 // with three digits after the point.
 std::string Text(const travo::PositionXYZ& counts);
 std::string Text(const Vector& place);
+std::string Text(const PlanPoint& place);
 std::string Text(double value);
 // Words with a blank before each.
 std::string Blanked(std::initializer_list<std::string> words);

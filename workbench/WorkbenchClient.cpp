@@ -1,11 +1,9 @@
 #include "workbench/WorkbenchClient.h"
 
-#include <array>
-#include <locale>
-#include <sstream>
 #include <thread>
 
 #include "core/Arithmetic.h"
+#include "workbench/ClientText.h"
 
 namespace workbench {
 
@@ -13,65 +11,8 @@ namespace {
 
 constexpr std::chrono::milliseconds PollPause{5};
 
-// A command: its name and numbers.
-class Request {
-public:
-    explicit Request(const std::string& name) {
-        text_.imbue(std::locale::classic());
-        text_.precision(17);
-        text_ << name;
-    }
-
-    template <typename Number>
-    Request& With(const Number& number) {
-        text_ << ' ' << number;
-        return *this;
-    }
-
-    template <typename Number, std::size_t Count>
-    Request& With(const std::array<Number, Count>& numbers) {
-        for (const Number& number : numbers) {
-            With(number);
-        }
-        return *this;
-    }
-
-    std::string Line() const { return text_.str(); }
-
-private:
-    std::ostringstream text_;
-};
-
-// The numbers of an answer, in their order.
-class Reader {
-public:
-    explicit Reader(const std::string& text) : words_(text) { words_.imbue(std::locale::classic()); }
-
-    template <typename Number>
-    Number Next() {
-        Number number{};
-        if (!(words_ >> number)) {
-            throw travo::NumberFailure("the workbench answered with too few numbers");
-        }
-        return number;
-    }
-
-    WorkbenchClient::Place NextPlace() {
-        WorkbenchClient::Place place{};
-        for (double& coordinate : place) {
-            coordinate = Next<double>();
-        }
-        return place;
-    }
-
-    bool AtEnd() { return (words_ >> std::ws).eof(); }
-
-private:
-    std::istringstream words_;
-};
-
 travo::PositionXYZ ReadCounts(const std::string& text) {
-    Reader reader(text);
+    AnswerReader reader(text);
     travo::PositionXYZ counts{};
     for (std::int32_t& count : counts) {
         count = reader.Next<std::int32_t>();
@@ -102,10 +43,10 @@ bool WorkbenchClient::WaitUntilReady(std::chrono::milliseconds limit) {
 }
 
 WorkbenchClient::Tip WorkbenchClient::TipOf(std::int32_t needle) {
-    Reader reader(Ask(Request("world tip").With(needle).Line()));
+    AnswerReader reader(Ask(Request("world tip").With(needle).Line()));
     Tip tip;
-    tip.now = reader.NextPlace();
-    tip.atRest = reader.NextPlace();
+    tip.now = reader.NextPlace<3>();
+    tip.atRest = reader.NextPlace<3>();
     return tip;
 }
 
@@ -132,7 +73,7 @@ bool WorkbenchClient::WaitForRest(std::chrono::milliseconds limit) {
 }
 
 WorkbenchClient::Crossings WorkbenchClient::ShaftCrossings() {
-    Reader reader(Ask("world crossings"));
+    AnswerReader reader(Ask("world crossings"));
     Crossings crossings;
     crossings.inAll = reader.Next<std::int64_t>();
     crossings.pairsCrossedNow = reader.Next<std::int32_t>();
@@ -151,20 +92,20 @@ WorkbenchClient::Crossings WorkbenchClient::ShaftCrossings() {
 void WorkbenchClient::ForgetCrossings() { Ask("world crossings forget"); }
 
 std::vector<WorkbenchClient::Cell> WorkbenchClient::Cells() {
-    Reader reader(Ask("world cells"));
+    AnswerReader reader(Ask("world cells"));
     std::vector<Cell> cells;
     while (!reader.AtEnd()) {
         Cell cell;
         cell.mirrorX = reader.Next<std::int32_t>();
         cell.mirrorY = reader.Next<std::int32_t>();
-        cell.place = reader.NextPlace();
+        cell.place = reader.NextPlace<3>();
         cells.push_back(cell);
     }
     return cells;
 }
 
 std::array<double, 2> WorkbenchClient::ViewCentre(double mirrorX, double mirrorY) {
-    Reader reader(Ask(Request("world view").With(mirrorX).With(mirrorY).Line()));
+    AnswerReader reader(Ask(Request("world view").With(mirrorX).With(mirrorY).Line()));
     std::array<double, 2> centre{};
     for (double& coordinate : centre) {
         coordinate = reader.Next<double>();
@@ -197,7 +138,7 @@ void WorkbenchClient::MountNeedle(std::int32_t needle, const Mount& mount) {
 void WorkbenchClient::WriteSettings(const std::string& path) { Ask("write-settings " + path); }
 
 std::map<std::string, std::int64_t> WorkbenchClient::Counters() {
-    Reader reader(Ask("counters"));
+    AnswerReader reader(Ask("counters"));
     std::map<std::string, std::int64_t> counters;
     while (!reader.AtEnd()) {
         const std::string name = reader.Next<std::string>();

@@ -54,6 +54,46 @@ public:
         double tilt = 0.0;
     };
 
+    struct MirrorState {
+        std::array<double, 2> now{};     // counts, X and Y
+        std::array<double, 2> atRest{};  // where it goes
+        bool motorsOn = false;
+        bool limitX = false;
+        bool limitY = false;
+    };
+
+    struct FocusState {
+        double now = 0.0;     // Z units
+        double atRest = 0.0;  // where it goes
+        std::int32_t counts = 0;
+        std::int32_t countsAtRest = 0;
+    };
+
+    struct GaugeState {
+        double reading = 0.0;  // Z units from the gauge's own zero
+        double zero = 0.0;     // the Z at which it shows 0
+    };
+
+    // All that a picture of the view needs, at one moment.
+    struct CameraState {
+        struct Needle {
+            bool connected = false;
+            Place tip{};
+            std::array<double, 2> rear{};  // end of the shaft in plan
+        };
+        struct Cell {
+            Place place{};
+            double radius = 0.0;
+        };
+
+        std::array<double, 2> viewCentre{};   // X, Y
+        std::int32_t magnification = 0;       // 1 is 0.35x, 2 is 2x, 3 is 4x, 0 between two objectives
+        std::array<double, 2> fieldOfView{};  // width and height; 0 at magnification 0
+        double focusZ = 0.0;                  // the focal plane
+        std::vector<Needle> needles;          // needle 1 first
+        std::vector<Cell> cells;
+    };
+
     explicit WorkbenchClient(const std::string& socketPath = SocketPath()) : exchange_(socketPath) {}
 
     // Waits until a workbench answers. False when none has at the end of the limit.
@@ -74,6 +114,23 @@ public:
     std::vector<Cell> Cells();
     // The centre of the view for mirror counts, X and Y.
     std::array<double, 2> ViewCentre(double mirrorX, double mirrorY);
+    // The centre of the view now, X and Y, and where it will come to rest.
+    std::array<double, 2> ViewCentreNow();
+    std::array<double, 2> ViewCentreAtRest();
+
+    MirrorState Mirror();
+    // By hand at the mirror: to counts, or by a distance. Beyond 180 it goes to its limit.
+    void MoveMirror(std::int32_t x, std::int32_t y);
+    void JogMirror(std::int32_t x, std::int32_t y);
+    void SwitchMirrorMotors(bool on);
+    std::int32_t Magnification();
+    void SetMagnification(std::int32_t index);
+    FocusState Focus();
+    // By hand at the focus, in motor counts, 100 to a unit of Z.
+    void MoveFocus(std::int32_t counts);
+    void JogFocus(std::int32_t counts);
+    GaugeState Gauge();
+    CameraState Camera();
 
     void FailDriverCalls(std::int32_t calls);
     void FailDriverAlways();

@@ -7,6 +7,7 @@
 
 #include "core/Positions.h"
 #include "workbench/Geometry.h"
+#include "workbench/Microscope.h"
 #include "workbench/ShaftContact.h"
 #include "workbench/Travel.h"
 
@@ -60,6 +61,10 @@ public:
     // Lets time pass: what the shafts do until then is taken into the list of crossings.
     void Advance(Time now);
 
+    // What the needles are seen through. It knows nothing of them.
+    Microscope& Optics() { return optics_; }
+    const Microscope& Optics() const { return optics_; }
+
     // Starts a needle towards whole counts. travo::BoundsFailure, and nothing moves, where a count
     // lies outside LowestCount to HighestCount.
     void MoveNeedle(std::int32_t needle, const travo::PositionXYZ& counts, Time now);
@@ -102,6 +107,7 @@ private:
     void ObservePair(std::size_t a, std::size_t b, Time from, Time to);
     void ObserveAll(Time from, Time to);
 
+    Microscope optics_;
     std::array<Needle, travo::NeedleCount> needles_;
     std::int32_t connected_ = travo::NeedleCount;
     Time time_{0};

@@ -53,7 +53,12 @@ std::string Moving(const World& world, const Words& words, Time now) {
     return moving;
 }
 
-std::string View(const Words& words) {
+std::string View(const World& world, const Words& words, Time now) {
+    if (words.empty()) {
+        const PlanPoint here = world.Optics().ViewNow(now);
+        const PlanPoint rest = world.Optics().ViewAtRest();
+        return Blanked({Text(here[0]), Text(here[1]), Text(rest[0]), Text(rest[1])});
+    }
     ExpectWords(words, 2, 2);
     const PlanPoint centre =
         ViewCentreOf(RealAt(words, 0, LargestMirrorCount), RealAt(words, 1, LargestMirrorCount));
@@ -147,7 +152,7 @@ void AddWorldCommands(Commands& commands, World& world, const std::string& progr
     commands.Add("world move", [&w](const Words& words, Time now) { return Move(w, words, now); });
     commands.Add("world jog", [&w](const Words& words, Time now) { return Jog(w, words, now); });
     commands.Add("world moving", [&w](const Words& words, Time now) { return Moving(w, words, now); });
-    commands.Add("world view", [](const Words& words, Time) { return View(words); });
+    commands.Add("world view", [&w](const Words& words, Time now) { return View(w, words, now); });
     commands.Add("world cells", [](const Words& words, Time) { return CellsText(words); });
     commands.Add("world crossings", [&w](const Words& words, Time) { return Crossings(w, words); });
     commands.Add("mount", [&w](const Words& words, Time now) { return Remount(w, words, now); });

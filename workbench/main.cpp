@@ -19,6 +19,7 @@
 #include "workbench/Commands.h"
 #include "workbench/ControlServer.h"
 #include "workbench/ManipulatorCommands.h"
+#include "workbench/OpticsCommands.h"
 #include "workbench/SocketPath.h"
 #include "workbench/WorldCommands.h"
 
@@ -86,6 +87,7 @@ int Run(QCoreApplication& application, int endSignals) {
     workbench::Manipulators manipulators(world);
     workbench::Commands commands(world, manipulators);
     workbench::AddManipulatorCommands(commands, manipulators);
+    workbench::AddOpticsCommands(commands, world);
     workbench::AddWorldCommands(commands, world, options.programFolder);
     const auto start = std::chrono::steady_clock::now();
     workbench::ControlServer server(

@@ -7,6 +7,6 @@ cd "$(dirname "$0")"
 in_order "packages" install_missing $packages_to_bench
 in_order "configure" cmake --preset bench
 in_order "build" cmake --build --preset bench
-for program in build-bench/benchmarks/*_bench; do
+for program in build-bench/benchmarks/*Bench; do
     in_order "$(basename "$program")" "$program" --benchmark_counters_tabular=true
 done

@@ -19,14 +19,13 @@ NumberBox::NumberBox(QWidget* parent) : QLineEdit(parent) {
     setAlignment(Qt::AlignCenter);
     setDragEnabled(false);
     setAcceptDrops(false);
-    // The box paints its own ground.
-    QPalette colours = QLineEdit::palette();
-    colours.setColor(QPalette::Base, Qt::transparent);
-    colours.setColor(QPalette::Text, palette::Ink);
-    colours.setColor(QPalette::Disabled, QPalette::Text, palette::Off);
-    colours.setColor(QPalette::Highlight, palette::Slate);
-    colours.setColor(QPalette::HighlightedText, palette::OnSlate);
-    setPalette(colours);
+    // The box paints its own ground. A palette would not do: an application that has a style sheet
+    // ignores it.
+    setStyleSheet(
+        QStringLiteral("QLineEdit { background: transparent; border: none; padding: 0px; color: %1;"
+                       " selection-background-color: %2; selection-color: %3; }"
+                       "QLineEdit:disabled { color: %4; }")
+            .arg(palette::Ink.name(), palette::Slate.name(), palette::OnSlate.name(), palette::Off.name()));
     connect(this, &QLineEdit::textChanged, this, [this] { FitText(); });
     FitText();
 }

@@ -7,6 +7,7 @@ class Clock;
 class Display;
 class EventLoop;
 class Folders;
+class LiveCamera;
 class ManipulatorDriverLibrary;
 class MessageBoxes;
 class Pointer;
@@ -21,6 +22,7 @@ struct Machine {
     Display& display;
     EventLoop& eventLoop;
     Folders& folders;
+    LiveCamera& liveCamera;
     ManipulatorDriverLibrary& driverLibrary;
     MessageBoxes& boxes;
     Pointer& pointer;

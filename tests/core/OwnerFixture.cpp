@@ -12,8 +12,8 @@ OwnerFixture::OwnerFixture() {
 }
 
 platform::Machine OwnerFixture::Seams() {
-    return {clock_,   display_, eventLoop_,   folders_,        driverLibrary_, boxes_,
-            pointer_, profile_, serialPorts_, singleInstance_, timers_};
+    return {clock_, display_, eventLoop_, folders_,     liveCamera_,     driverLibrary_,
+            boxes_, pointer_, profile_,   serialPorts_, singleInstance_, timers_};
 }
 
 void OwnerFixture::Restart() {

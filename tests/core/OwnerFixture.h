@@ -13,6 +13,7 @@
 #include "core/PositionLoop.h"
 #include "core/StartUp.h"
 #include "platform/qt/QtPrivateProfile.h"
+#include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
@@ -119,6 +120,7 @@ protected:
     FakePointer pointer_;
     FakeDisplay display_;
     FakeFolders folders_{journal_};
+    FakeLiveCamera liveCamera_{journal_};
     FakeSingleInstance singleInstance_{journal_};
     FakeTimers timers_;
     FakeDriverState driver_;

@@ -8,6 +8,7 @@
 #include "platform/qt/QtDriverLibrary.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtFolders.h"
+#include "platform/qt/QtLiveCamera.h"
 #include "platform/qt/QtMessageBoxes.h"
 #include "platform/qt/QtPrivateProfile.h"
 #include "platform/qt/QtScreen.h"
@@ -26,8 +27,8 @@ public:
           serialPorts_(programFolder) {}
 
     Machine Seams() {
-        return {clock_,   display_, eventLoop_,   folders_,        driverLibrary_, boxes_,
-                pointer_, profile_, serialPorts_, singleInstance_, timers_};
+        return {clock_, display_, eventLoop_, folders_,     liveCamera_,     driverLibrary_,
+                boxes_, pointer_, profile_,   serialPorts_, singleInstance_, timers_};
     }
     QtMessageBoxes& Boxes() { return boxes_; }
     QtPointer& MousePointer() { return pointer_; }
@@ -38,6 +39,7 @@ private:
     QtEventLoop eventLoop_;
     QtDriverLibrary driverLibrary_;
     QtFolders folders_;
+    QtLiveCamera liveCamera_;
     QtMessageBoxes boxes_;
     QtPointer pointer_;
     QtPrivateProfile profile_;

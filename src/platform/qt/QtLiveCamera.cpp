@@ -1,0 +1,231 @@
+#include "platform/qt/QtLiveCamera.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QFileInfo>
+#include <QThread>
+#include <chrono>
+#include <optional>
+
+namespace travo::platform::qt {
+
+namespace {
+
+const QString ServiceName() { return QStringLiteral("TRAVOLive.Live"); }
+const QString InterfaceName() { return QStringLiteral("TRAVOLive.Live"); }
+const QString ObjectPath() { return QStringLiteral("/Live"); }
+
+// The bus itself, as a service.
+const QString BusName() { return QStringLiteral("org.freedesktop.DBus"); }
+const QString BusPath() { return QStringLiteral("/org/freedesktop/DBus"); }
+
+// Between two looks at whether a closing program has given up its name.
+constexpr unsigned long ReleasePause = 1;  // ms
+
+[[noreturn]] void Raise(const QString& what, const QString& why) {
+    throw LiveCameraFailure((what + QStringLiteral(": ") + why).toStdString());
+}
+
+// Asked for by hand: the library's own search would start a bus where there is none.
+QString BusAddress() {
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!address.isEmpty()) {
+        return address;
+    }
+    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+    if (!QFileInfo::exists(socket)) {
+        Raise(QStringLiteral("The live camera"), QStringLiteral("there is no session bus"));
+    }
+    return QStringLiteral("unix:path=") + socket;
+}
+
+}  // namespace
+
+// One client of the bus, and the object that it holds there.
+class LiveBus : public QObject {
+    Q_OBJECT
+
+public:
+    explicit LiveBus(const QtLiveCamera::Limits& limits)
+        : limits_(limits),
+          connectionName_(QStringLiteral("live camera %1").arg(reinterpret_cast<quintptr>(this), 0, 16)) {}
+    ~LiveBus() override { Leave(); }
+
+    void Create(LiveCamera::Listener& listener);
+    void Call(QLatin1String operation, const QVariantList& arguments);
+    void Leave();
+
+private Q_SLOTS:
+    void Event(const QDBusMessage& message);
+    void OwnerChanged(const QString& name, const QString& before, const QString& now);
+    void BusGone() { Lose(); }
+
+private:
+    void Join();
+    void Forget();
+    void Lose();
+    void WaitForRelease();
+    QString PresentOwner();
+    QDBusMessage AskBus(const QString& question, const QVariantList& arguments,
+                        std::chrono::milliseconds limit);
+    QDBusMessage Exchange(QDBusMessage message, std::chrono::milliseconds limit);
+
+    const QtLiveCamera::Limits limits_;
+    const QString connectionName_;
+    std::optional<QDBusConnection> connection_;
+    LiveCamera::Listener* listener_ = nullptr;
+    QString owner_;    // unique name of the program behind the object; empty without an object
+    QString closing_;  // unique name of a program that has told that it closes
+};
+
+void LiveBus::Create(LiveCamera::Listener& listener) {
+    Forget();
+    Join();
+    WaitForRelease();
+    AskBus(QStringLiteral("StartServiceByName"), {ServiceName(), 0U}, limits_.start);
+    const QString owner = PresentOwner();
+    connection_->connect(BusName(), BusPath(), BusName(), QStringLiteral("NameOwnerChanged"), {owner},
+                         QString(), this, SLOT(OwnerChanged(QString, QString, QString)));
+    owner_ = owner;
+    // A program that went before it was watched tells nothing of it.
+    if (owner.isEmpty() ||
+        !AskBus(QStringLiteral("NameHasOwner"), {owner}, limits_.call).arguments().value(0).toBool()) {
+        Forget();
+        Raise(ServiceName(), QStringLiteral("it has ended at once"));
+    }
+    listener_ = &listener;
+}
+
+void LiveBus::Call(QLatin1String operation, const QVariantList& arguments) {
+    if (owner_.isEmpty()) {
+        Raise(operation, QStringLiteral("there is no live camera"));
+    }
+    QDBusMessage message = QDBusMessage::createMethodCall(owner_, ObjectPath(), InterfaceName(), operation);
+    message.setArguments(arguments);
+    Exchange(std::move(message), limits_.call);
+}
+
+void LiveBus::Join() {
+    if (connection_ && connection_->isConnected()) {
+        return;
+    }
+    Leave();
+    connection_ = QDBusConnection::connectToBus(BusAddress(), connectionName_);
+    if (!connection_->isConnected()) {
+        const QString why = connection_->lastError().message();
+        Leave();
+        Raise(QStringLiteral("The session bus"), why);
+    }
+    // Events are taken from every sender and sorted out on arrival, so that none is missed between the
+    // program's start and the answer to who it is.
+    for (const char* const event : {"BirdViewSave", "WindowHide", "WindowClose"}) {
+        connection_->connect(QString(), ObjectPath(), InterfaceName(), QLatin1String(event), this,
+                             SLOT(Event(QDBusMessage)));
+    }
+    connection_->connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                         QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                         SLOT(BusGone()));
+}
+
+void LiveBus::Leave() {
+    Forget();
+    if (connection_) {
+        connection_.reset();
+        QDBusConnection::disconnectFromBus(connectionName_);
+    }
+    // Unique names begin anew on another bus: what was still on its way is not taken for news from there.
+    QCoreApplication::removePostedEvents(this);
+}
+
+void LiveBus::Forget() {
+    listener_ = nullptr;
+    if (!owner_.isEmpty()) {
+        connection_->disconnect(BusName(), BusPath(), BusName(), QStringLiteral("NameOwnerChanged"), {owner_},
+                                QString(), this, SLOT(OwnerChanged(QString, QString, QString)));
+        owner_.clear();
+    }
+}
+
+void LiveBus::Lose() {
+    if (LiveCamera::Listener* const listener = listener_) {
+        Forget();
+        listener->Lost();
+    }
+}
+
+void LiveBus::WaitForRelease() {
+    const auto end = std::chrono::steady_clock::now() + limits_.release;
+    while (!closing_.isEmpty() && PresentOwner() == closing_) {
+        if (std::chrono::steady_clock::now() >= end) {
+            Raise(ServiceName(), QStringLiteral("the program that closes does not give up its name"));
+        }
+        QThread::msleep(ReleasePause);
+    }
+    closing_.clear();
+}
+
+QString LiveBus::PresentOwner() {
+    const QVariantList name{ServiceName()};
+    if (!AskBus(QStringLiteral("NameHasOwner"), name, limits_.call).arguments().value(0).toBool()) {
+        return QString();
+    }
+    return AskBus(QStringLiteral("GetNameOwner"), name, limits_.call).arguments().value(0).toString();
+}
+
+QDBusMessage LiveBus::AskBus(const QString& question, const QVariantList& arguments,
+                             std::chrono::milliseconds limit) {
+    QDBusMessage message = QDBusMessage::createMethodCall(BusName(), BusPath(), BusName(), question);
+    message.setArguments(arguments);
+    return Exchange(std::move(message), limit);
+}
+
+QDBusMessage LiveBus::Exchange(QDBusMessage message, std::chrono::milliseconds limit) {
+    message.setAutoStartService(false);
+    QDBusMessage reply = connection_->call(message, QDBus::Block, static_cast<int>(limit.count()));
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        Raise(message.member(), reply.errorName() + QStringLiteral(" ") + reply.errorMessage());
+    }
+    return reply;
+}
+
+void LiveBus::Event(const QDBusMessage& message) {
+    if (listener_ == nullptr || message.service() != owner_) {
+        return;
+    }
+    if (message.member() == QLatin1String("BirdViewSave")) {
+        listener_->BirdViewSave();
+    } else if (message.member() == QLatin1String("WindowHide")) {
+        listener_->WindowHide();
+    } else {
+        closing_ = owner_;
+        listener_->WindowClose();
+    }
+}
+
+void LiveBus::OwnerChanged(const QString& name, const QString&, const QString& now) {
+    if (name == owner_ && now.isEmpty()) {
+        Lose();
+    }
+}
+
+QtLiveCamera::QtLiveCamera() : QtLiveCamera(Limits()) {}
+
+QtLiveCamera::QtLiveCamera(const Limits& limits) : bus_(std::make_unique<LiveBus>(limits)) {}
+
+QtLiveCamera::~QtLiveCamera() = default;
+
+void QtLiveCamera::Create(Listener& listener) { bus_->Create(listener); }
+
+void QtLiveCamera::Release() { bus_->Leave(); }
+
+void QtLiveCamera::Call(QLatin1String operation) { bus_->Call(operation, {}); }
+
+void QtLiveCamera::Call(QLatin1String operation, std::int16_t argument) {
+    bus_->Call(operation, {QVariant::fromValue(argument)});
+}
+
+}  // namespace travo::platform::qt
+
+#include "QtLiveCamera.moc"

@@ -47,6 +47,16 @@ TEST_F(QtMessageBoxesTest, ShowsPlainTextSoThatALineFromAWireIsNeverTakenForMark
     EXPECT_EQ(boxes_.Show(line, BoxButtons::OK, BoxIcon::None), BoxAnswer::OK);
 }
 
+TEST_F(QtMessageBoxesTest, ALineOfAMillionCharactersIsShownCut) {
+    const QString line(1000000, QLatin1Char('x'));
+    WhenShown([&](QMessageBox& box) {
+        EXPECT_EQ(box.text().size(), 2001);
+        EXPECT_TRUE(line.startsWith(box.text().left(2000)));
+        Click(box, QMessageBox::Ok);
+    });
+    EXPECT_EQ(boxes_.Show(line, BoxButtons::OK, BoxIcon::None), BoxAnswer::OK);
+}
+
 TEST_F(QtMessageBoxesTest, EachButtonGivesItsAnswer) {
     WhenShown([](QMessageBox& box) { Click(box, QMessageBox::Ok); });
     EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::OK);

@@ -47,6 +47,12 @@ BoxAnswer AnswerOf(int button, BoxButtons buttons) {
     }
 }
 
+// A line from a wire can be a million characters long; no screen shows them and no layout survives them.
+QString ReadableText(const QString& text) {
+    constexpr qsizetype MostCharacters = 2000;
+    return text.size() <= MostCharacters ? text : text.left(MostCharacters) + QChar(0x2026);
+}
+
 }  // namespace
 
 BoxAnswer QtMessageBoxes::Show(const QString& text, BoxButtons buttons, BoxIcon icon) {
@@ -59,7 +65,7 @@ BoxAnswer QtMessageBoxes::Show(const QString& text, BoxButtons buttons, BoxIcon 
     // The box has no title of its own: it bears the program's.
     box.setWindowTitle(QApplication::applicationDisplayName());
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
+    box.setText(ReadableText(text));
     box.setIcon(icon == BoxIcon::Stop ? QMessageBox::Critical : QMessageBox::NoIcon);
     box.setStandardButtons(StandardButtons(buttons));
     if (buttons == BoxButtons::YesNo) {

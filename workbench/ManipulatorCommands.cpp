@@ -127,27 +127,6 @@ std::string Stray(Manipulators& manipulators, const Words& words) {
     return {};
 }
 
-std::string ClearFaults(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
-    manipulators.ClearFaults(now);
-    return {};
-}
-
-// The faults that are on, by the words that set them.
-std::string ListFaults(const Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
-    constexpr std::array<std::pair<const char*, FailureMode>, 4> lasting = {
-        {{"fail", FailureMode::CallsFail},
-         {"hang", FailureMode::Hangs},
-         {"count", FailureMode::CountChanges},
-         {"range", FailureMode::PositionOutOfRange}}};
-    std::string faults;
-    for (const auto& [name, mode] : lasting) {
-        faults += manipulators.Misbehaves(mode, now) ? Blanked({name}) : std::string();
-    }
-    return faults;
-}
-
 std::string SelectAtHardware(Manipulators& manipulators, const Words& words) {
     ExpectWords(words, 1, 1);
     manipulators.SelectAtHardware(IntegerAt(words, 0));
@@ -168,6 +147,19 @@ std::string Counters(Manipulators& manipulators, const Words& words) {
 
 }  // namespace
 
+std::string ManipulatorFaults(const Manipulators& manipulators, Time now) {
+    constexpr std::array<std::pair<const char*, FailureMode>, 4> lasting = {
+        {{"fail", FailureMode::CallsFail},
+         {"hang", FailureMode::Hangs},
+         {"count", FailureMode::CountChanges},
+         {"range", FailureMode::PositionOutOfRange}}};
+    std::string faults;
+    for (const auto& [name, mode] : lasting) {
+        faults += manipulators.Misbehaves(mode, now) ? Blanked({name}) : std::string();
+    }
+    return faults;
+}
+
 void AddManipulatorCommands(Commands& commands, Manipulators& manipulators) {
     Manipulators& m = manipulators;
     commands.Add("driver getposition",
@@ -179,8 +171,6 @@ void AddManipulatorCommands(Commands& commands, Manipulators& manipulators) {
     commands.Add("fault driver", [&m](const Words& words, Time now) { return DriverFault(m, words, now); });
     commands.Add("fault count", [&m](const Words& words, Time now) { return ChangeCount(m, words, now); });
     commands.Add("fault range", [&m](const Words& words, Time) { return Stray(m, words); });
-    commands.Add("fault clear", [&m](const Words& words, Time now) { return ClearFaults(m, words, now); });
-    commands.Add("fault list", [&m](const Words& words, Time now) { return ListFaults(m, words, now); });
     commands.Add("hardware select", [&m](const Words& words, Time) { return SelectAtHardware(m, words); });
     commands.Add("counters", [&m](const Words& words, Time) { return Counters(m, words); });
 }

@@ -64,8 +64,15 @@ NeedleCalibration CalibrationOf(const Mount& mount, const CalibrationView& view)
     return calibration;
 }
 
-std::string SettingsText(std::span<const NeedleCalibration> calibrations, const std::string& time) {
+std::string SettingsText(std::span<const NeedleCalibration> calibrations, const std::string& time,
+                         const std::optional<StoredPorts>& ports) {
     std::string text;
+    if (ports) {
+        Section(text, "COMPort");
+        Line(text, "Mirror", std::to_string(ports->mirror));
+        Line(text, "Magnescale", std::to_string(ports->gauge));
+        Line(text, "Motor", std::to_string(ports->motor));
+    }
     Section(text, "User_Value");
     Line(text, "XYOffset", "0");
     Line(text, "ZOffset", "0");

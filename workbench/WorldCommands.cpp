@@ -2,6 +2,7 @@
 
 #include <array>
 #include <ctime>
+#include <optional>
 
 #include "core/Arithmetic.h"
 #include "workbench/SettingsWriter.h"
@@ -133,12 +134,17 @@ std::string FileNamed(const Words& words, const std::string& programFolder) {
     return programFolder + "/KVData.ini";
 }
 
-std::string Write(const World& world, const Words& words, const std::string& programFolder) {
+std::string Write(const World& world, Words words, const std::string& programFolder) {
+    std::optional<StoredPorts> ports;
+    if (!words.empty() && words.front() == "ports") {
+        ports.emplace();
+        words.erase(words.begin());
+    }
     std::array<NeedleCalibration, travo::NeedleCount> calibrations;
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         calibrations[static_cast<std::size_t>(needle)] = CalibrationOf(world.MountOf(needle), {});
     }
-    WriteSettings(FileNamed(words, programFolder), SettingsText(calibrations, PresentTime()));
+    WriteSettings(FileNamed(words, programFolder), SettingsText(calibrations, PresentTime(), ports));
     return {};
 }
 

@@ -16,12 +16,10 @@
 #include <exception>
 #include <stdexcept>
 
-#include "workbench/Commands.h"
+#include "workbench/Bench.h"
 #include "workbench/ControlServer.h"
-#include "workbench/ManipulatorCommands.h"
-#include "workbench/OpticsCommands.h"
 #include "workbench/SocketPath.h"
-#include "workbench/WorldCommands.h"
+#include "workbench/WirePorts.h"
 
 namespace {
 
@@ -83,21 +81,16 @@ void WatchInput(QSocketNotifier& notifier) {
 
 int Run(QCoreApplication& application, int endSignals) {
     const Options options = ReadOptions(application);
-    workbench::World world;
-    workbench::Manipulators manipulators(world);
-    workbench::Commands commands(world, manipulators);
-    workbench::AddManipulatorCommands(commands, manipulators);
-    workbench::AddOpticsCommands(commands, world);
-    workbench::AddWorldCommands(commands, world, options.programFolder);
+    workbench::Bench bench(options.programFolder);
     const auto start = std::chrono::steady_clock::now();
-    workbench::ControlServer server(
-        commands,
-        [start] {
-            return std::chrono::duration_cast<workbench::Time>(std::chrono::steady_clock::now() - start);
-        },
-        [] { QCoreApplication::quit(); });
+    const auto clock = [start] {
+        return std::chrono::duration_cast<workbench::Time>(std::chrono::steady_clock::now() - start);
+    };
+    workbench::ControlServer server(bench.commands, clock, [] { QCoreApplication::quit(); });
     MakeRuntimeFolder();
     server.Listen(workbench::SocketPath());
+    // After the socket: a second workbench must not take the links of the first.
+    const workbench::WirePorts ports(bench.instruments, options.programFolder, clock);
 
     QSocketNotifier asked(endSignals, QSocketNotifier::Read);
     QObject::connect(&asked, &QSocketNotifier::activated, &asked, [] { QCoreApplication::quit(); });

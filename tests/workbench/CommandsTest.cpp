@@ -5,8 +5,7 @@
 #include <filesystem>
 #include <random>
 
-#include "workbench/ManipulatorCommands.h"
-#include "workbench/WorldCommands.h"
+#include "workbench/Bench.h"
 
 namespace workbench {
 
@@ -14,18 +13,11 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk {
-    explicit Desk(const std::string& folder = "") {
-        AddManipulatorCommands(commands, manipulators);
-        AddWorldCommands(commands, world, folder);
-    }
+struct Desk : Bench {
+    using Bench::Bench;
     std::string Ask(std::string_view line, Time now = milliseconds(100)) {
         return commands.Answer(line, now);
     }
-
-    World world;
-    Manipulators manipulators{world};
-    Commands commands{world, manipulators};
 };
 
 }  // namespace

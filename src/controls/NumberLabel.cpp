@@ -17,6 +17,7 @@ constexpr double Radius = 3;
 NumberLabel::NumberLabel(QWidget* parent, double pixels, QFont::Weight weight, Ground ground)
     : QLabel(parent), pixels_(pixels), weight_(weight), ground_(ground), colour_(palette::Ink) {
     setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void NumberLabel::setText(const QString& text) {
@@ -29,30 +30,35 @@ void NumberLabel::Colour(const QColor& colour) {
     update();
 }
 
+double NumberLabel::SideRoom() const { return ground_ == Ground::Framed ? FromEdge * Scale() : 0; }
+
 QFont NumberLabel::PaintedFont() const {
-    const double sides = ground_ == Ground::Framed ? 2 * FromEdge * Scale() : 0;
-    return Fitted(TextFont(pixels_ * Scale(), weight_), text(), width() - sides);
+    return Fitted(TextFont(pixels_ * Scale(), weight_), text(), width() - 2 * SideRoom());
+}
+
+void NumberLabel::PaintGround(QPainter& painter) const {
+    painter.setPen(QPen(isEnabled() ? palette::Hair : palette::OffEdge, 1));
+    painter.setBrush(isEnabled() ? palette::Read : palette::OffFace);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Radius * Scale(),
+                            Radius * Scale());
 }
 
 void NumberLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    double right = width();
     if (ground_ == Ground::Framed) {
-        painter.setPen(QPen(isEnabled() ? palette::Hair : palette::OffEdge, 1));
-        painter.setBrush(isEnabled() ? palette::Read : palette::OffFace);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Radius * Scale(),
-                                Radius * Scale());
-        right -= FromEdge * Scale();
+        PaintGround(painter);
     }
-    const bool isOff = !isEnabled() || text() == QLatin1String("N/A");
     const QFont font = PaintedFont();
     const QFontMetricsF measures(font);
+    const double spare = width() - 2 * SideRoom() - measures.horizontalAdvance(text());
+    const double before = (alignment() & Qt::AlignRight) != 0     ? spare
+                          : (alignment() & Qt::AlignHCenter) != 0 ? spare / 2
+                                                                  : 0;
+    const bool isOff = !isEnabled() || text() == QLatin1String("N/A");
     painter.setFont(font);
     painter.setPen(isOff ? palette::Off : colour_);
-    painter.drawText(QPointF(right - measures.horizontalAdvance(text()),
-                             std::round((height() + measures.capHeight()) / 2)),
-                     text());
+    painter.drawText(QPointF(SideRoom() + before, std::round((height() + measures.capHeight()) / 2)), text());
 }
 
 }  // namespace travo

@@ -8,7 +8,8 @@
 
 namespace travo {
 
-// Right-aligned 5 design pixels from its edge on the ground of readings with a hairline, or bare. Text that
+// On the ground of readings with a hairline, its text 5 design pixels from the edge, or bare, from edge to
+// edge. Right-aligned at first; `setAlignment` takes Qt::AlignLeft and Qt::AlignHCenter as well. Text that
 // is wider than the label is shrunk; "N/A" stands in the colour of what is off. Assistive programs get the
 // text as its name and the human name as its description.
 class NumberLabel : public QLabel, public DesignSized {
@@ -36,6 +37,8 @@ protected:
 
 private:
     double Scale() const { return ScaleAt(QSizeF(size())); }
+    double SideRoom() const;
+    void PaintGround(QPainter& painter) const;
 
     double pixels_;
     QFont::Weight weight_;

@@ -59,6 +59,18 @@ TEST_F(NumberLabelTest, ANumberStandsFivePixelsFromTheRightEdgeInTheMiddle) {
     EXPECT_NEAR(ink.center().y(), 30, 1);
 }
 
+TEST_F(NumberLabelTest, ABareCaptionStandsAtItsLeftEdgeOrInTheMiddle) {
+    NumberLabel label(&window_, type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
+    label.Colour(palette::Ink2);
+    label.DesignSize(QSizeF(100, 26));
+    label.resize(100, 26);
+    label.setText(QStringLiteral("Motor"));
+    label.setAlignment(Qt::AlignLeft);
+    EXPECT_NEAR(InkOf(Shot(label)).left(), 1, 1);
+    label.setAlignment(Qt::AlignHCenter);
+    EXPECT_NEAR(InkOf(Shot(label)).center().x(), 50, 2);
+}
+
 TEST_F(NumberLabelTest, NotAvailableStandsInTheColourOfWhatIsOff) {
     NumberLabel label(&window_, 40);
     label.resize(92, 60);

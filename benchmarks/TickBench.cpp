@@ -7,6 +7,7 @@
 #include "platform/PrivateProfile.h"
 #include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
+#include "support/FakeSerialPortList.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
@@ -50,7 +51,7 @@ public:
     }
 };
 
-class Quiet : public SharedState::Listener, public PositionLoop::Listener {
+class Quiet : public SharedState::Listener, public PositionLoop::Listener, public LiveLink::Listener {
 public:
     void MagnificationChanged(std::int16_t) override {}
     void ViewChanged() override {}
@@ -58,6 +59,10 @@ public:
     void ManipulatorChange(std::int16_t) override {}
     void ChangeNeedleXYZ(std::int16_t, const PositionXYZ& root) override { benchmark::DoNotOptimize(root); }
     void ChangeZeroPosition() override {}
+    void Live_BirdViewSave() override {}
+    void Live_WindowHide() override {}
+    void Live_WindowClose() override {}
+    void LiveDied() override {}
     void ChangeCurrentXYZ(const PositionXYZ& view) override { benchmark::DoNotOptimize(view); }
 };
 
@@ -85,15 +90,17 @@ void OneTick(benchmark::State& run) {
     FakeSingleInstance singleInstance(journal);
     FakeTimers timers;
     FakeLiveCamera liveCamera(journal);
+    FakeSerialPortList serialPortList;
     FakeSerialPorts serialPorts(journal);
     InstrumentsListener instruments(journal);
     QuietDriverLibrary driverLibrary;
     NoProfile profile;
-    const platform::Machine machine{clock, display, eventLoop, folders,     liveCamera,     driverLibrary,
-                                    boxes, pointer, profile,   serialPorts, singleInstance, timers};
+    const platform::Machine machine{clock,         display,        eventLoop, folders, liveCamera,
+                                    driverLibrary, boxes,          pointer,   profile, serialPortList,
+                                    serialPorts,   singleInstance, timers};
     Quiet quiet;
     SharedState state(quiet);
-    FormMainObjects objects(machine, state, instruments);
+    FormMainObjects objects(machine, state, instruments, quiet);
     objects.Create();
     Calibrate(*objects.cNeedleMove);
     PositionLoop loop(state, objects, boxes, timers, quiet);

@@ -12,6 +12,7 @@ class ManipulatorDriverLibrary;
 class MessageBoxes;
 class Pointer;
 class PrivateProfile;
+class SerialPortList;
 class SerialPorts;
 class SingleInstance;
 class Timers;
@@ -27,6 +28,7 @@ struct Machine {
     MessageBoxes& boxes;
     Pointer& pointer;
     PrivateProfile& profile;
+    SerialPortList& serialPortList;
     SerialPorts& serialPorts;
     SingleInstance& singleInstance;
     Timers& timers;

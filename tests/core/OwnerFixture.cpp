@@ -12,8 +12,8 @@ OwnerFixture::OwnerFixture() {
 }
 
 platform::Machine OwnerFixture::Seams() {
-    return {clock_, display_, eventLoop_, folders_,     liveCamera_,     driverLibrary_,
-            boxes_, pointer_, profile_,   serialPorts_, singleInstance_, timers_};
+    return {clock_,   display_, eventLoop_,      folders_,     liveCamera_,     driverLibrary_, boxes_,
+            pointer_, profile_, serialPortList_, serialPorts_, singleInstance_, timers_};
 }
 
 void OwnerFixture::Restart() {
@@ -27,7 +27,7 @@ void OwnerFixture::Restart() {
     place_.reset();
     machine_.emplace(Seams());
     state_.emplace(*this);
-    objects_.emplace(*machine_, *state_, instruments_);
+    objects_.emplace(*machine_, *state_, instruments_, *this);
     loop_.emplace(*state_, *objects_, boxes_, timers_, *this);
     startUp_.emplace(*machine_, *state_, *objects_, *loop_, *this);
     closing_.emplace(*state_, *objects_, *loop_, boxes_, *this);

@@ -15,6 +15,7 @@
 #include "platform/qt/QtPrivateProfile.h"
 #include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
+#include "support/FakeSerialPortList.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
@@ -64,6 +65,7 @@ private:
 class OwnerFixture : public testing::Test,
                      public SharedState::Listener,
                      public PositionLoop::Listener,
+                     public LiveLink::Listener,
                      public StartUp::Window,
                      public Closing::Window {
 protected:
@@ -103,6 +105,11 @@ protected:
     void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override;
     void ChangeZeroPosition() override { journal_.push_back("zero position"); }
     void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) override;
+    // LiveLink::Listener
+    void Live_BirdViewSave() override { journal_.push_back("Live_BirdViewSave"); }
+    void Live_WindowHide() override { journal_.push_back("Live_WindowHide"); }
+    void Live_WindowClose() override { journal_.push_back("Live_WindowClose"); }
+    void LiveDied() override { journal_.push_back("LiveDied"); }
     // StartUp::Window
     WindowSize DesignSize() const override { return {7800, 9360}; }
     void DefaultSize(const WindowSize& size) override { defaultSize_ = size; }
@@ -125,6 +132,7 @@ protected:
     FakeTimers timers_;
     FakeDriverState driver_;
     FakeDriverLibrary driverLibrary_{driver_, journal_};
+    FakeSerialPortList serialPortList_;
     FakeSerialPorts serialPorts_{journal_};
     InstrumentsListener instruments_{journal_};
     JournalProfile profile_{journal_};

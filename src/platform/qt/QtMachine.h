@@ -13,6 +13,7 @@
 #include "platform/qt/QtPrivateProfile.h"
 #include "platform/qt/QtScreen.h"
 #include "platform/qt/QtSerialPort.h"
+#include "platform/qt/QtSerialPortList.h"
 
 namespace travo::platform::qt {
 
@@ -24,11 +25,12 @@ public:
         : driverLibrary_(programFolder),
           folders_(programFolder),
           boxes_(eventLoop_),
+          serialPortList_({programFolder}),
           serialPorts_(programFolder) {}
 
     Machine Seams() {
-        return {clock_, display_, eventLoop_, folders_,     liveCamera_,     driverLibrary_,
-                boxes_, pointer_, profile_,   serialPorts_, singleInstance_, timers_};
+        return {clock_,   display_, eventLoop_,      folders_,     liveCamera_,     driverLibrary_, boxes_,
+                pointer_, profile_, serialPortList_, serialPorts_, singleInstance_, timers_};
     }
     QtMessageBoxes& Boxes() { return boxes_; }
     QtPointer& MousePointer() { return pointer_; }
@@ -43,6 +45,7 @@ private:
     QtMessageBoxes boxes_;
     QtPointer pointer_;
     QtPrivateProfile profile_;
+    QtSerialPortList serialPortList_;
     QtSerialPorts serialPorts_;
     QtSingleInstance singleInstance_;
     QtTimers timers_;

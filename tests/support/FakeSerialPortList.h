@@ -1,0 +1,26 @@
+// A list of serial ports that the test writes.
+#pragma once
+
+#include <stdexcept>
+#include <vector>
+
+#include "platform/SerialPortList.h"
+
+namespace travo::test {
+
+class FakeSerialPortList : public platform::SerialPortList {
+public:
+    std::vector<Entry> List() override {
+        ++asked;
+        if (absent) {
+            throw std::runtime_error("the system gives no list");
+        }
+        return entries;
+    }
+
+    std::vector<Entry> entries;
+    bool absent = false;  // List raises
+    int asked = 0;
+};
+
+}  // namespace travo::test

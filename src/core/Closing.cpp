@@ -23,6 +23,7 @@ void Closing::Close() {
 // The order of the closing; windows, camera and ports take their places in it as they are built.
 void Closing::CloseSteps() {
     SaveValues();
+    objects_.Live->AnnounceHideWindow();
     ClosePorts();
 }
 

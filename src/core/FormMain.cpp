@@ -40,7 +40,7 @@ QFont Semibold(const QFont& font, int pixels) {
 FormMain::FormMain(const platform::Machine& machine)
     : machine_(machine),
       state_(*this),
-      objects_(machine_, state_, *this),
+      objects_(machine_, state_, *this, *this),
       loop_(state_, objects_, machine_.boxes, machine_.timers, *this),
       closing_(state_, objects_, loop_, machine_.boxes, *this) {
     setObjectName(QStringLiteral("FormMain"));
@@ -156,7 +156,9 @@ void FormMain::ShowNeedle(std::int32_t needle) {
     }
 }
 
-void FormMain::MagnificationChanged(std::int16_t) {}
+void FormMain::MagnificationChanged(std::int16_t magnification) {
+    objects_.Live->AnnounceMagnification(magnification);
+}
 
 void FormMain::ViewChanged() { objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2); }
 
@@ -219,5 +221,13 @@ MeasuredWindowPlace FormMain::Measured() const {
     const QPoint frame = pos();
     return {units(frame.y()), units(frame.x()), units(inner.height()), units(inner.width())};
 }
+
+void FormMain::Live_BirdViewSave() {}
+
+void FormMain::Live_WindowHide() {}
+
+void FormMain::Live_WindowClose() {}
+
+void FormMain::LiveDied() {}
 
 }  // namespace travo

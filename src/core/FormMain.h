@@ -21,7 +21,8 @@ class FormMain : public QWidget,
                  private PositionLoop::Listener,
                  private StartUp::Window,
                  private Closing::Window,
-                 private clsCommunication::Listener {
+                 private clsCommunication::Listener,
+                 private LiveLink::Listener {
     Q_OBJECT
 
 public:
@@ -71,6 +72,11 @@ private:
     // clsCommunication::Listener
     void checkMotor(std::int16_t ONOFF) override;
     void ControlONOFF(bool ONOFF) override;
+    // LiveLink::Listener
+    void Live_BirdViewSave() override;
+    void Live_WindowHide() override;
+    void Live_WindowClose() override;
+    void LiveDied() override;
 
     platform::Machine machine_;
     SharedState state_;

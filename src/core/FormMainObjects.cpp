@@ -3,11 +3,12 @@
 namespace travo {
 
 FormMainObjects::FormMainObjects(const platform::Machine& machine, SharedState& state,
-                                 clsCommunication::Listener& instruments)
+                                 clsCommunication::Listener& instruments, LiveLink::Listener& camera)
     : Failures(DebugLog.Place(), machine.boxes),
       machine_(machine),
       state_(state),
-      instruments_(instruments) {}
+      instruments_(instruments),
+      camera_(camera) {}
 
 void FormMainObjects::Create() {
     const clsCommunication::Machine links{
@@ -23,6 +24,7 @@ void FormMainObjects::Create() {
     cMirrorMove.Create(state_, cCommunication.Place(), cObjectiveUpDown.Place(), Failures);
     cIniEdit.Create(machine_.profile);
     DebugLog.Create(machine_.clock);
+    Live.Create(machine_.liveCamera, state_, camera_);
 }
 
 void FormMainObjects::Release() {
@@ -34,6 +36,7 @@ void FormMainObjects::Release() {
     cMirrorMove.Release();
     cIniEdit.Release();
     DebugLog.Release();
+    Live.Release();
 }
 
 }  // namespace travo

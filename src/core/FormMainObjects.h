@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/FailureHandler.h"
+#include "core/LiveLink.h"
 #include "core/SharedState.h"
 #include "core/Slot.h"
 #include "core/clsDebugLog.h"
@@ -19,15 +20,15 @@ namespace travo {
 class FormMainObjects {
 public:
     FormMainObjects(const platform::Machine& machine, SharedState& state,
-                    clsCommunication::Listener& instruments);
+                    clsCommunication::Listener& instruments, LiveLink::Listener& camera);
     ~FormMainObjects() { Release(); }
     FormMainObjects(const FormMainObjects&) = delete;
     FormMainObjects& operator=(const FormMainObjects&) = delete;
 
     // Creates all objects, each with references to what it uses. Failures go to the caller.
     void Create();
-    // Releases all objects, in the order of creation: the instruments first, the log last, so that a
-    // failure at the instruments' release can still be written.
+    // Releases all objects, in the order of creation: the instruments first, the log behind them, so that
+    // a failure at the instruments' release can still be written, and the camera last.
     void Release();
 
     Slot<clsCommunication> cCommunication;
@@ -38,6 +39,8 @@ public:
     Slot<clsMirrorMove> cMirrorMove;
     Slot<clsIniEdit> cIniEdit;
     Slot<clsDebugLog> DebugLog;
+    // Empty until the camera program is attached; its release lets that program end.
+    Slot<LiveLink> Live;
 
     // The handler of all objects; to be used while DebugLog lives.
     FailureHandler Failures;
@@ -46,6 +49,7 @@ private:
     const platform::Machine& machine_;
     SharedState& state_;
     clsCommunication::Listener& instruments_;
+    LiveLink::Listener& camera_;
 };
 
 }  // namespace travo

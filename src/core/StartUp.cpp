@@ -104,7 +104,19 @@ StartUp::Outcome StartUp::LoadSteps() {
     }
     loop_.AllManipulatorReload();
     window_.TellTotalManipulatorNumber();
+    OpenCamera();
     return Outcome::GoOn;
+}
+
+void StartUp::OpenCamera() {
+    if (objects_.cIniEdit->GetInt(QStringLiteral("Window"), QStringLiteral("0"), 1) != 0) {
+        return;
+    }
+    objects_.Failures.Handle(QStringLiteral("Error : Camera Load"), [this] {
+        objects_.Live->Create();
+        objects_.Live->LiveShowWindow();
+        state_.LiveOpen = true;
+    });
 }
 
 void StartUp::MeasureDisplay() {

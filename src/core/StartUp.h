@@ -57,6 +57,7 @@ private:
     PortNumbers ReadPortNumbers() const;
     void OpenPorts(const PortNumbers& ports);
     void RestoreCalibration(std::int32_t needle);
+    void OpenCamera();
     bool RestoreCalibrationAxis(std::int32_t needle, std::int32_t axis);
 
     const platform::Machine& machine_;

@@ -100,6 +100,29 @@ TEST_F(ClosingTest, CancelLeavesEveryOpenPortAsItWas) {
     EXPECT_TRUE(objects_->cCommunication->MirrorPortOpenCheck());
 }
 
+TEST_F(ClosingTest, AnOpenCameraIsHiddenBeforeThePortsCloseAndReleasedLast) {
+    objects_->Live->Create();
+    state_->LiveOpen = true;
+    objects_->cCommunication->MirrorPortOpen(1);
+    journal_.clear();
+    closing_->Close();
+    EXPECT_LT(PlaceOf("write User_Value|ZOffset"), PlaceOf("LiveHideWindow"));
+    EXPECT_LT(PlaceOf("LiveHideWindow"), PlaceOf("port 1 close"));
+    objects_->Release();
+    EXPECT_LT(PlaceOf("driver released"), PlaceOf("live released"));
+    EXPECT_EQ(Last(), "live released");
+}
+
+TEST_F(ClosingTest, AnIllCameraDoesNotDisturbTheClose) {
+    objects_->Live->Create();
+    state_->LiveOpen = true;
+    liveCamera_.failing = {"LiveHideWindow"};
+    objects_->cCommunication->MirrorPortOpen(1);
+    closing_->Close();
+    EXPECT_TRUE(boxes_.shown.empty());
+    EXPECT_FALSE(objects_->cCommunication->MirrorPortOpenCheck());
+}
+
 TEST_F(ClosingTest, NothingTicksAfterClosing) {
     closing_->Close();
     journal_.clear();

@@ -112,7 +112,7 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
         expected.push_back("DriverGetPosition");
         expected.push_back("needle " + std::to_string(needle));
     }
-    expected.insert(expected.end(), {"DriverSelect 1", "total 3"});
+    expected.insert(expected.end(), {"DriverSelect 1", "total 3", "read Window|0"});
     EXPECT_EQ(journal_, expected);
 }
 
@@ -336,6 +336,38 @@ TEST_F(StartUpTest, AStoredPortThatDoesNotOpenStaysClosedInSilenceAndNoMagnifica
 
 TEST_F(StartUpTest, APortNumberBeyondSixteenBitsEndsTheLoad) {
     ExpectRefused("[COMPort]\r\nMotor=32768\r\n");
+}
+
+TEST_F(StartUpTest, ACameraThatWasOpenIsCreatedAndShownLastWithoutAttaching) {
+    WriteSettings("[Window]\r\n0=0\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_TRUE(state_->LiveOpen);
+    EXPECT_EQ(Last(), "LiveShowWindow");
+    EXPECT_LT(PlaceOf("total 3"), PlaceOf("live created"));
+    EXPECT_EQ(CountOf("LiveAttach"), 0);
+}
+
+TEST_F(StartUpTest, WithNoCameraProgramTheProgramStartsSaysSoOnceAndRunsOn) {
+    liveCamera_.absent = true;
+    WriteSettings("[Window]\r\n0=0\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_FALSE(state_->LiveOpen);
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Camera Load")});
+    EXPECT_TRUE(ReadLog().endsWith(" - Error : Camera Load\r\n"));
+}
+
+TEST_F(StartUpTest, ACameraThatFailsToShowItsWindowLeavesLiveOpenFalse) {
+    liveCamera_.failing = {"LiveShowWindow"};
+    WriteSettings("[Window]\r\n0=0\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_FALSE(state_->LiveOpen);
+    EXPECT_EQ(CountOf("box Error : Camera Load"), 1);
+}
+
+TEST_F(StartUpTest, ACameraThatWasClosedIsNotStarted) {
+    WriteSettings("[Window]\r\n0=1\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(CountOf("live created"), 0);
 }
 
 TEST_F(StartUpTest, TheLoopTicksEveryTwoHundredMilliseconds) {

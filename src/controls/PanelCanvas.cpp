@@ -19,6 +19,11 @@ void PanelCanvas::inipath(const QString& folder) {
     update();
 }
 
+void PanelCanvas::Ground(const QColor& colour) {
+    ground_ = colour;
+    update();
+}
+
 int PanelCanvas::Paint(const PanelItem& item) {
     painted_.push_back({item});
     update();
@@ -44,6 +49,7 @@ void PanelCanvas::resizeEvent(QResizeEvent*) { layout_.Apply(QSizeF(size())); }
 
 void PanelCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.fillRect(rect(), ground_);
     painter.setRenderHint(QPainter::Antialiasing);
     for (const Painted& painted : painted_) {
         if (painted.isVisible) {

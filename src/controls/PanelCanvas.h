@@ -20,6 +20,9 @@ public:
     // The program's folder, for painted icons.
     void inipath(const QString& folder);
 
+    // Behind all else; nothing at first, so that the owner's own ground is seen.
+    void Ground(const QColor& colour);
+
     // Something to paint, on top of what was added before. Gives its number. What is painted takes no
     // mouse.
     int Paint(const PanelItem& item);
@@ -54,6 +57,7 @@ private:
     void Draw(QPainter& painter, const PaintedIcon& icon);
 
     ScaledLayout layout_;
+    QColor ground_ = Qt::transparent;
     SkinPictures pictures_;
     std::vector<Painted> painted_;
 };

@@ -1,7 +1,6 @@
 #include "controls/PanelCanvas.h"
 
 #include "controls/ControlRig.h"
-#include "controls/SkinImage.h"
 #include "controls/usrKVButton.h"
 #include "controls/usrKVCheckButton.h"
 
@@ -57,6 +56,17 @@ TEST_F(PanelCanvasTest, APlateIsPaintedUnderItsText) {
         << "it starts at its left end";
 }
 
+TEST_F(PanelCanvasTest, AGroundStandsBehindAllElseAlsoUnderAnApplicationStyleSheet) {
+    const QString before = qApp->styleSheet();
+    qApp->setStyleSheet(QStringLiteral("QToolTip { color: white; }"));
+    panel_.Ground(palette::Ground);
+    panel_.Paint(Plate{QRectF(12, 12, 462, 110)});
+    const QImage shot = Shot(panel_);
+    qApp->setStyleSheet(before);
+    EXPECT_EQ(shot.pixelColor(4, 4), palette::Ground);
+    EXPECT_EQ(shot.pixelColor(300, 60), palette::Well);
+}
+
 TEST_F(PanelCanvasTest, TextKeepsToItsAlignment) {
     const auto reach = [this](Qt::AlignmentFlag alignment) {
         const int item = panel_.Paint(CaptionText(200, 100, QStringLiteral("Connect"), alignment));
@@ -100,19 +110,6 @@ TEST_F(PanelCanvasTest, AnIconIsPaintedAroundItsMiddleAndAMissingOneNotAtAll) {
     panel_.Paint(PaintedIcon{QStringLiteral("icon-plug"), 36, 50, 22});
     EXPECT_NE(Shot(panel_).copy(25, 39, 22, 22), bare.copy(25, 39, 22, 22));
     EXPECT_EQ(Shot(panel_).copy(60, 0, 400, 500), bare.copy(60, 0, 400, 500));
-}
-
-TEST_F(PanelCanvasTest, APictureTakesNoMouse) {
-    SkinImage lamp(&panel_);
-    panel_.Add(lamp, QRectF(24, 107, 82, 12));
-    lamp.path(QStringLiteral("lamp-move"));
-    lamp.inipath(test::SkinHome());
-    lamp.show();
-    EXPECT_EQ(panel_.childAt(60, 110), nullptr);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&lamp)->role(), QAccessible::Graphic);
-    EXPECT_EQ(Shot(lamp).pixelColor(41, 4), palette::Coral);
-    lamp.resize(164, 12);
-    EXPECT_EQ(Shot(lamp).pixelColor(20, 4), palette::Coral) << "a lamp is stretched";
 }
 
 TEST_F(PanelCanvasTest, OneSkinNameServesControlsOfSeveralSizesWithoutDistortion) {

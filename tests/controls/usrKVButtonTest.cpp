@@ -5,7 +5,6 @@
 
 #include "controls/ControlRig.h"
 #include "controls/Palette.h"
-#include "controls/SkinTab.h"
 
 namespace travo {
 
@@ -145,19 +144,6 @@ TEST_F(usrKVButtonTest, TheSmallestSizeButtonDraws) {
     EXPECT_EQ(Shot(*size).pixelColor(2, 6), QColor(0x3D, 0x67, 0x80));
     size->resize(1, 1);
     EXPECT_EQ(Shot(*size).size(), QSize(1, 1));
-}
-
-using SkinTabTest = test::ControlRig;
-
-TEST_F(SkinTabTest, AClickAndAPressOnThePictureAreClicksOnTheTab) {
-    const auto tab = Made<SkinTab>(QStringLiteral("tab-07"), QSize(162, 36));
-    const QSignalSpy clicked(tab.get(), &SkinTab::clicked);
-    QTest::mouseClick(tab.get(), Qt::LeftButton);
-    EXPECT_EQ(clicked.count(), 1);
-    Press(*tab);
-    EXPECT_EQ(clicked.count(), 2);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(tab.get())->role(), QAccessible::PageTab);
-    EXPECT_EQ(Shot(*tab).pixelColor(20, 20), QColor(0xD0, 0xE0, 0xEB));
 }
 
 }  // namespace travo

@@ -1,0 +1,22 @@
+#include "controls/SkinTab.h"
+
+#include <QSignalSpy>
+
+#include "controls/ControlRig.h"
+
+namespace travo {
+
+using SkinTabTest = test::ControlRig;
+
+TEST_F(SkinTabTest, AClickAndAPressOnThePictureAreClicksOnTheTab) {
+    const auto tab = Made<SkinTab>(QStringLiteral("tab-07"), QSize(162, 36));
+    const QSignalSpy clicked(tab.get(), &SkinTab::clicked);
+    QTest::mouseClick(tab.get(), Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 1);
+    Press(*tab);
+    EXPECT_EQ(clicked.count(), 2);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(tab.get())->role(), QAccessible::PageTab);
+    EXPECT_EQ(Shot(*tab).pixelColor(20, 20), QColor(0xD0, 0xE0, 0xEB));
+}
+
+}  // namespace travo

@@ -1,6 +1,7 @@
 // The owner's side of the facade: writes what the instruments tell to the journal.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -14,9 +15,15 @@ public:
     explicit InstrumentsListener(Journal& journal) : journal_(journal) {}
 
     void checkMotor(std::int16_t ONOFF) override { Tell("checkMotor " + std::to_string(ONOFF)); }
-    void ControlONOFF(bool ONOFF) override { Tell(ONOFF ? "ControlONOFF 1" : "ControlONOFF 0"); }
+    void ControlONOFF(bool ONOFF) override {
+        Tell(ONOFF ? "ControlONOFF 1" : "ControlONOFF 0");
+        if (motorButtons) {
+            motorButtons(ONOFF);
+        }
+    }
 
-    bool fail = false;  // each call raises, once it is in the journal
+    bool fail = false;                       // each call raises, once it is in the journal
+    std::function<void(bool)> motorButtons;  // the panel that is told, where a test has one
 
 private:
     void Tell(const std::string& what) {

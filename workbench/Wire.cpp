@@ -96,7 +96,8 @@ void Wire::PlayBack(Time now) {
     while (!replay_.empty() && replay_.front().time + replayShift_ <= now) {
         const WireRecord& record = replay_.front();
         if (open_) {
-            pacer_.Push({record.bytes, MannerOf(record.kind).value_or(WireLine::Manner::Paced)}, now);
+            pacer_.Push({record.bytes, MannerOf(record.kind).value_or(WireLine::Manner::Paced)},
+                        record.time + replayShift_);
         }
         replay_.pop_front();
     }

@@ -74,6 +74,12 @@ public:
         double zero = 0.0;     // the Z at which it shows 0
     };
 
+    struct WireState {
+        std::int32_t port = 0;  // its number in the program folder
+        bool plugged = false;
+        bool open = false;  // somebody has the port open
+    };
+
     // All that a picture of the view needs, at one moment.
     struct CameraState {
         struct Needle {
@@ -141,7 +147,32 @@ public:
     void SelectAtHardware(std::int32_t needle);
     void MountNeedle(std::int32_t needle, const Mount& mount);
 
+    // The serial wires by their names: "mirror", "gauge", "motor".
+    WireState Wire(const std::string& wire);
+    // Commands received on the wire, by name, and "unknown"; what never came is not there.
+    std::map<std::string, std::int64_t> WireCounters(const std::string& wire);
+    void ForgetWireCounters(const std::string& wire);
+    void LogWire(const std::string& wire, const std::string& path);
+    void EndWireLog(const std::string& wire);
+    void ReplayWire(const std::string& wire, const std::string& path);
+    // The cable pulled out: the port vanishes. Plugged in again it is a new one.
+    void PullCable(const std::string& wire);
+    void PlugCable(const std::string& wire);
+    void SilenceInstrument(const std::string& wire, bool silent);
+    // Any other fault of docs/workbench.md, by the words behind "fault".
+    void Fault(const std::string& words);
+    // The faults that are on, in one line.
+    std::string Faults();
+    void PassErgoLine(const std::string& line);
+    // In one piece with a status line behind it.
+    void PassErgoLineTogether(const std::string& line);
+    bool GaugeKeysEnabled();
+    // The gauge's own key; refused while its keys are disabled.
+    void PressGaugeZero();
+
     void WriteSettings(const std::string& path);
+    // The same with the numbers of the three serial ports, so that they are opened at the next start.
+    void WriteSettingsWithPorts(const std::string& path);
     // Calls received, by their names: "getposition", "moveto", "select", "getcount", "reconnect"; and
     // "refused", how many of them were.
     std::map<std::string, std::int64_t> Counters();

@@ -5,21 +5,25 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QApplication>
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QDir>
 #include <QSocketNotifier>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 
 #include "workbench/Bench.h"
 #include "workbench/ControlServer.h"
 #include "workbench/SocketPath.h"
 #include "workbench/WirePorts.h"
+#include "workbench/WorkbenchWindow.h"
 
 namespace {
 
@@ -37,6 +41,7 @@ int EndSignals() {
 
 struct Options {
     std::string programFolder;
+    bool headless = false;
     bool endWithInput = false;
 };
 
@@ -52,6 +57,7 @@ Options ReadOptions(const QCoreApplication& application) {
     parser.addHelpOption();
     parser.process(application);
     Options options;
+    options.headless = parser.isSet(headless);
     options.endWithInput = parser.isSet(input);
     if (parser.isSet(folder)) {
         if (!QDir(parser.value(folder)).exists()) {
@@ -98,19 +104,35 @@ int Run(QCoreApplication& application, int endSignals) {
     input.setEnabled(options.endWithInput);
     WatchInput(input);
 
+    std::optional<workbench::WorkbenchWindow> window;
+    if (!options.headless) {
+        window.emplace([&](const std::string& line) { return bench.commands.Answer(line, clock()); });
+        window->show();
+    }
+
     std::printf("travo-workbench: ready at %s\n", workbench::SocketPath().c_str());
     std::fflush(stdout);
     return QCoreApplication::exec();
+}
+
+// Without a window no display is needed.
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
+    for (int place = 1; place < argc; ++place) {
+        if (std::strcmp(argv[place], "--headless") == 0) {
+            return std::make_unique<QCoreApplication>(argc, argv);
+        }
+    }
+    return std::make_unique<QApplication>(argc, argv);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const int endSignals = EndSignals();
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("travo-workbench"));
     try {
-        return Run(application, endSignals);
+        return Run(*application, endSignals);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "travo-workbench: %s\n", failure.what());
         return 1;

@@ -246,7 +246,7 @@ TEST_F(CtlCellPositionPanel, ASetPressWhileTheGaugeIsNotConnectedKeepsTheRowUnse
 TEST_F(CtlCellPositionPanel, WhatIsStoredIsWhatWasKnownBeforeTheRepliesToTheRequests) {
     View(10, 20, 30);
     SetRow(0);
-    rig.GaugePort().Receive("+00.099\r\n", platform::ClearToSendEvent);
+    rig.GaugePort().Receive("A+00.099", platform::ClearToSendEvent);
     EXPECT_EQ(rig.state.CurrentXYZ(2), 99);
     EXPECT_EQ(Cell(0), (PositionXYZ{10, 20, 30}));
 }

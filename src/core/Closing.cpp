@@ -36,6 +36,8 @@ void Closing::SaveValues() {
     const QString user = QStringLiteral("User_Value");
     ini.WriteString(user, QStringLiteral("XYOffset"), QString::number(objects_.cNeedleMove->lngXYOffset));
     ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));
+    ini.WriteString(user, QStringLiteral("OffsetOFF"), QString::number(window_.OffsetOFF()));
+    ini.WriteString(user, QStringLiteral("ContactOFF"), QString::number(window_.ContactOFF()));
 }
 
 void Closing::ClosePorts() {

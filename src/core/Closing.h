@@ -16,6 +16,9 @@ public:
     public:
         virtual ~Window() = default;
         virtual MeasuredWindowPlace Measured() const = 0;
+        // 1 while the offsets' minimum, or the contact check, is switched off, else 0.
+        virtual std::int32_t OffsetOFF() const = 0;
+        virtual std::int32_t ContactOFF() const = 0;
     };
 
     Closing(SharedState& state, FormMainObjects& objects, PositionLoop& loop, platform::MessageBoxes& boxes,

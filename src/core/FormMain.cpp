@@ -1,39 +1,22 @@
 #include "core/FormMain.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QFont>
-#include <QGridLayout>
-#include <QGuiApplication>
-#include <QLabel>
+#include <QPainter>
 #include <QScreen>
-#include <cstddef>
 
+#include "controls/ApplicationStyle.h"
+#include "core/FormMainFrame.h"
+#include "platform/Display.h"
 #include "platform/EventLoop.h"
+#include "platform/Folders.h"
 
 namespace travo {
 
 namespace {
 
-// Design size of the window in pixels, and logical units to the pixel.
-constexpr int DesignWidth = 520;
-constexpr int DesignHeight = 624;
+// Logical units to the pixel.
 constexpr int UnitsPerPixel = 15;
-
-const char* const StyleSheet =
-    "QWidget { background: #F0F7FC; color: #182733; }"
-    "QLabel[value=\"true\"] { background: #F8FBFE; border: 1px solid #B3C7D6; border-radius: 3px;"
-    " padding-right: 5px; }"
-    "QLabel[caption=\"true\"] { color: #3B5364; }"
-    "QLabel:disabled { color: #6C8191; }";
-
-QString AxisName(std::int32_t axis) { return QString(QLatin1Char("XYZ"[axis])); }
-
-QFont Semibold(const QFont& font, int pixels) {
-    QFont result = font;
-    result.setPixelSize(pixels);
-    result.setWeight(QFont::DemiBold);
-    return result;
-}
 
 }  // namespace
 
@@ -42,23 +25,35 @@ FormMain::FormMain(const platform::Machine& machine)
       state_(*this),
       objects_(machine_, state_, *this, *this),
       loop_(state_, objects_, machine_.boxes, machine_.timers, *this),
-      closing_(state_, objects_, loop_, machine_.boxes, *this) {
+      closing_(state_, objects_, loop_, machine_.boxes, *this),
+      layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
+              machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
+      controls_(machine_.folders.Program(), this) {
     setObjectName(QStringLiteral("FormMain"));
     setWindowTitle(QStringLiteral("TRAVO"));
-    resize(DesignWidth, DesignHeight);
-    BuildNeedleTable();
+    qApp->setStyleSheet(ApplicationStyleSheet());
+    resize(FormMainLayout::DesignSize);
+    ConnectControls();
 }
 
-FormMain::~FormMain() { objects_.Release(); }
+FormMain::~FormMain() {
+    // The panels go first: they refer to the objects, and the user panel still writes its windows.
+    tabs_.reset();
+    panels_.reset();
+    objects_.Release();
+}
 
 bool FormMain::Start() {
     StartUp startUp(machine_, state_, objects_, loop_, *this);
-    if (startUp.Initialize() == StartUp::Outcome::End || startUp.Load() == StartUp::Outcome::End) {
-        loop_.Stop();
-        return false;
+    if (startUp.Initialize() == StartUp::Outcome::GoOn && startUp.Load() == StartUp::Outcome::GoOn) {
+        show();
+        return true;
     }
-    show();
-    return true;
+    loop_.Stop();
+    if (panels_) {
+        panels_->CtlUser1.SaveWindowsAtEnd(false);
+    }
+    return false;
 }
 
 void FormMain::ReportUnexpectedFailure() noexcept {
@@ -70,6 +65,20 @@ void FormMain::ReportUnexpectedFailure() noexcept {
     } catch (...) {
         // There is nobody left to tell; the program goes on.
     }
+}
+
+void FormMain::ConnectControls() {
+    for (int index = 0; index < FormMainLayout::TabPictureCount; ++index) {
+        connect(&controls_.imgTab.at(static_cast<std::size_t>(index)), &SkinTab::clicked, this,
+                [this, index] { tabs_->TabClick(index); });
+    }
+    for (const int index : {0, 1}) {
+        connect(&controls_.usrKVButton2.at(static_cast<std::size_t>(index)), &usrKVButton::clicked, this,
+                [this, index] { tabs_->StepButtonClick(index); });
+    }
+    connect(&controls_.usrKVCheckButton1, &usrKVCheckButton::clicked, this,
+            [this] { tabs_->UserButtonClick(); });
+    connect(&controls_.usrKVButton1, &usrKVButton::clicked, this, [this] { resize(defaultSize_); });
 }
 
 void FormMain::closeEvent(QCloseEvent* event) {
@@ -112,97 +121,66 @@ void FormMain::FinishClose() {
     }
 }
 
-// The table of needles: a row each with its place in the common frame.
-void FormMain::BuildNeedleTable() {
-    setStyleSheet(QLatin1String(StyleSheet));
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(24, 24, 24, 24);
-    grid->setSpacing(12);
-    for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-        auto* const caption = new QLabel(AxisName(axis), this);
-        caption->setProperty("caption", true);
-        caption->setFont(Semibold(font(), 13));
-        caption->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-        grid->addWidget(caption, 0, axis + 1);
-    }
-    for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
-        auto* const name = new QLabel(this);
-        name->setObjectName(QStringLiteral("lblName(%1)").arg(needle));
-        name->setFont(Semibold(font(), 15));
-        nameLabel_.at(static_cast<std::size_t>(needle)) = name;
-        grid->addWidget(name, needle + 1, 0);
-        for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-            const std::int32_t index = needle * AxisCount + axis;
-            auto* const label = new QLabel(QStringLiteral("N/A"), this);
-            label->setObjectName(QStringLiteral("lblNeedle(%1)").arg(index));
-            label->setAccessibleDescription(
-                QStringLiteral("Needle %1 %2").arg(needle + 1).arg(AxisName(axis)));
-            label->setProperty("value", true);
-            label->setFont(Semibold(font(), 18));
-            label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            label->setMinimumSize(92, 60);
-            positionLabel_.at(static_cast<std::size_t>(index)) = label;
-            grid->addWidget(label, needle + 1, axis + 1);
-        }
-    }
-    grid->setRowStretch(NeedleCount + 1, 1);
-    TellTotalManipulatorNumber();
+void FormMain::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    PaintMainFrame(painter, size(), layout_, tabs_ ? tabs_->ShownStep() : std::int16_t{0});
 }
 
-void FormMain::ShowNeedle(std::int32_t needle) {
-    for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-        const auto index = static_cast<std::size_t>(needle * AxisCount + axis);
-        positionLabel_.at(index)->setText(QString::number(state_.Needle(needle, axis)));
+void FormMain::resizeEvent(QResizeEvent*) { ResizeStep(); }
+
+void FormMain::ResizeStep() {
+    const QSize wanted = size().expandedTo(defaultSize_);
+    if (wanted != size()) {
+        resize(wanted);
+        return;
     }
+    layout_.Resize(size());
+    controls_.Place(layout_);
+    if (panels_) {
+        panels_->Place(layout_.Panel());
+    }
+    update();
 }
 
+// Bird's-eye view and mirror windows come before the experiment panel, the calibration panel behind the
+// camera.
 void FormMain::MagnificationChanged(std::int16_t magnification) {
+    panels_->CtlExperiment1.ChangeMagnification();
     objects_.Live->AnnounceMagnification(magnification);
 }
 
 void FormMain::ViewChanged() { objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2); }
 
-void FormMain::checkMotor(std::int16_t) {}
-
-void FormMain::ControlONOFF(bool) {}
-
 void FormMain::TotalManipulatorNumber(std::int16_t number) {
-    for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
-        const bool connected = needle <= number;
-        nameLabel_.at(static_cast<std::size_t>(needle))
-            ->setText(QStringLiteral("Needle %1\n%2")
-                          .arg(needle + 1)
-                          .arg(connected ? QStringLiteral("connected") : QStringLiteral("not connected")));
-        for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-            positionLabel_.at(static_cast<std::size_t>(needle * AxisCount + axis))->setEnabled(connected);
-        }
-    }
+    panels_->CtlConnection1.StateChange();
+    panels_->CtlExperiment1.TotalManipulatorNumber(number);
 }
 
-void FormMain::ManipulatorChange(std::int16_t number) {
-    for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
-        QLabel* const name = nameLabel_.at(static_cast<std::size_t>(needle));
-        QFont font = name->font();
-        font.setUnderline(needle == number);
-        name->setFont(font);
-    }
+void FormMain::ManipulatorChange(std::int16_t number) { panels_->CtlExperiment1.ManipulatorChange(number); }
+
+void FormMain::ChangeNeedleXYZ(std::int16_t, const PositionXYZ&) {}
+
+void FormMain::ChangeZeroPosition() { panels_->CtlCellPosition1.ChangeZeroPosition(); }
+
+void FormMain::ChangeCurrentXYZ(const PositionXYZ& currentXYZ) {
+    panels_->CtlExperiment1.ChangeCurrentXYZ(currentXYZ);
 }
-
-void FormMain::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ&) { ShowNeedle(index); }
-
-void FormMain::ChangeZeroPosition() {}
-
-void FormMain::ChangeCurrentXYZ(const PositionXYZ&) {}
-
-void FormMain::TellTotalManipulatorNumber() { TotalManipulatorNumber(state_.intTotalManipulatorNumber); }
 
 WindowSize FormMain::DesignSize() const {
-    return {static_cast<std::int16_t>(DesignWidth * UnitsPerPixel),
-            static_cast<std::int16_t>(DesignHeight * UnitsPerPixel)};
+    return {static_cast<std::int16_t>(FormMainLayout::DesignSize.width() * UnitsPerPixel),
+            static_cast<std::int16_t>(FormMainLayout::DesignSize.height() * UnitsPerPixel)};
 }
 
 void FormMain::DefaultSize(const WindowSize& size) {
-    setMinimumSize(size.Width / UnitsPerPixel, size.Height / UnitsPerPixel);
+    defaultSize_ = QSize(size.Width / UnitsPerPixel, size.Height / UnitsPerPixel);
+    setMinimumSize(defaultSize_);
+}
+
+void FormMain::ConstructPanels() {
+    panels_ = std::make_unique<FormMainPanels>(machine_, state_, objects_,
+                                               FormMainPanels::Owner{*this, *this}, this);
+    tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
+                                           [this] { ResizeStep(); });
 }
 
 void FormMain::Place(const WindowPlace& place) {
@@ -215,6 +193,23 @@ void FormMain::Place(const WindowPlace& place) {
     move(OntoScreen(QRect(stored, size()), screens));
 }
 
+void FormMain::RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) {
+    panels_->CtlUser1.OffsetONOff(offsetOFF);
+    panels_->CtlUser1.ContactONOff(contactOFF);
+}
+
+void FormMain::WatchPort(std::int16_t device, std::int16_t number) {
+    panels_->CtlConnection1.txtNoChange(device, QString::number(number));
+    panels_->CtlConnection1.TimerONOFF(device, true);
+}
+
+void FormMain::TellTotalManipulatorNumber() { TotalManipulatorNumber(state_.intTotalManipulatorNumber); }
+
+void FormMain::SelectFirstTab() {
+    ResizeStep();
+    tabs_->TabClick(6);
+}
+
 MeasuredWindowPlace FormMain::Measured() const {
     const auto units = [](int pixels) { return static_cast<float>(pixels * UnitsPerPixel); };
     const QRect inner = isMaximized() || isMinimized() ? normalGeometry() : geometry();
@@ -222,12 +217,35 @@ MeasuredWindowPlace FormMain::Measured() const {
     return {units(frame.y()), units(frame.x()), units(inner.height()), units(inner.width())};
 }
 
+std::int32_t FormMain::OffsetOFF() const { return panels_->CtlUser1.OffsetONOff(); }
+
+std::int32_t FormMain::ContactOFF() const { return panels_->CtlUser1.ContactONOff(); }
+
+void FormMain::checkMotor(std::int16_t ONOFF) { panels_->CtlExperiment1.checkMotor(ONOFF != 0); }
+
+void FormMain::ControlONOFF(bool ONOFF) { panels_->CtlConnection1.ControlONOFF(ONOFF); }
+
 void FormMain::Live_BirdViewSave() {}
 
-void FormMain::Live_WindowHide() {}
+void FormMain::Live_WindowHide() { panels_->CtlUser1.LiveFromHide(); }
 
-void FormMain::Live_WindowClose() {}
+void FormMain::Live_WindowClose() {
+    panels_->CtlUser1.LiveButtonChange(true);
+    panels_->CtlConnection1.StateChange();
+}
 
-void FormMain::LiveDied() {}
+void FormMain::LiveDied() {
+    panels_->CtlUser1.LiveButtonChange(true);
+    panels_->CtlConnection1.StateChange();
+}
+
+void FormMain::ModeChange(bool bWizerd) { tabs_->ModeChange(bWizerd); }
+
+// The secondary windows take their places here.
+void FormMain::ShowWindow(std::int32_t) {}
+
+void FormMain::HideWindow(std::int32_t) {}
+
+void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }
 
 }  // namespace travo

@@ -2,27 +2,32 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 #include <functional>
+#include <memory>
 
 #include "core/Closing.h"
+#include "core/FormMainControls.h"
+#include "core/FormMainLayout.h"
 #include "core/FormMainObjects.h"
+#include "core/FormMainPanels.h"
+#include "core/FormMainTabs.h"
 #include "core/PositionLoop.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "platform/Machine.h"
 
-class QLabel;
-
 namespace travo {
 
+// What the objects and panels have to tell comes in here and is passed on, each in its fixed order.
 class FormMain : public QWidget,
                  private SharedState::Listener,
                  private PositionLoop::Listener,
                  private StartUp::Window,
                  private Closing::Window,
                  private clsCommunication::Listener,
-                 private LiveLink::Listener {
+                 private LiveLink::Listener,
+                 private CtlUser::Owner,
+                 private CtlCellPosition::Owner {
     Q_OBJECT
 
 public:
@@ -44,13 +49,17 @@ public:
     SharedState& State() { return state_; }
     FormMainObjects& Objects() { return objects_; }
     PositionLoop& Loop() { return loop_; }
+    // There from start-up on.
+    FormMainPanels& Panels() { return *panels_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void BuildNeedleTable();
-    void ShowNeedle(std::int32_t needle);
+    void ConnectControls();
+    void ResizeStep();
     void FinishClose();
 
     // SharedState::Listener
@@ -65,10 +74,16 @@ private:
     // StartUp::Window
     WindowSize DesignSize() const override;
     void DefaultSize(const WindowSize& size) override;
+    void ConstructPanels() override;
     void Place(const WindowPlace& place) override;
+    void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override;
+    void WatchPort(std::int16_t device, std::int16_t number) override;
     void TellTotalManipulatorNumber() override;
+    void SelectFirstTab() override;
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
+    std::int32_t OffsetOFF() const override;
+    std::int32_t ContactOFF() const override;
     // clsCommunication::Listener
     void checkMotor(std::int16_t ONOFF) override;
     void ControlONOFF(bool ONOFF) override;
@@ -77,17 +92,26 @@ private:
     void Live_WindowHide() override;
     void Live_WindowClose() override;
     void LiveDied() override;
+    // CtlUser::Owner
+    void ModeChange(bool bWizerd) override;
+    void ShowWindow(std::int32_t Index) override;
+    void HideWindow(std::int32_t Index) override;
+    // CtlCellPosition::Owner
+    void ZeroPointReset() override;
 
     platform::Machine machine_;
     SharedState state_;
     FormMainObjects objects_;
     PositionLoop loop_;
     Closing closing_;
+    FormMainLayout layout_;
+    FormMainControls controls_;
+    std::unique_ptr<FormMainPanels> panels_;
+    std::unique_ptr<FormMainTabs> tabs_;
+    QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;
     bool asking_ = false;
     std::function<void()> whenClosed_;
-    std::array<QLabel*, NeedleCount> nameLabel_{};
-    std::array<QLabel*, NeedleCount * AxisCount> positionLabel_{};
 };
 
 }  // namespace travo

@@ -50,6 +50,7 @@ StartUp::Outcome StartUp::InitializeSteps() {
     state_.LiveOpen = false;
     objects_.DebugLog->LogFilePath(MakeDataFolder() + QStringLiteral("debugTRAVO.txt"));
     objects_.DebugLog->WriteDate();
+    window_.ConstructPanels();
     return Outcome::GoOn;
 }
 
@@ -104,6 +105,7 @@ StartUp::Outcome StartUp::LoadSteps() {
     }
     loop_.AllManipulatorReload();
     window_.TellTotalManipulatorNumber();
+    window_.SelectFirstTab();
     OpenCamera();
     return Outcome::GoOn;
 }
@@ -169,6 +171,9 @@ void StartUp::RestoreValues() {
         StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
     objects_.cObjectiveUpDown->lngOffset =
         StoredOrDefault(ini.GetInt(user, QStringLiteral("ZOffset"), -1), DefaultOffset);
+    const std::int32_t offsetOFF = StoredOrDefault(ini.GetInt(user, QStringLiteral("OffsetOFF"), -1), 0);
+    const std::int32_t contactOFF = StoredOrDefault(ini.GetInt(user, QStringLiteral("ContactOFF"), -1), 0);
+    window_.RestoreSafeguards(offsetOFF, contactOFF);
 }
 
 StartUp::PortNumbers StartUp::ReadPortNumbers() const {
@@ -186,12 +191,15 @@ void StartUp::OpenPorts(const PortNumbers& ports) {
     clsCommunication& instruments = *objects_.cCommunication;
     if (ports.mirror >= 1) {
         instruments.MirrorPortOpen(ports.mirror);
+        window_.WatchPort(0, ports.mirror);
     }
     if (ports.magnescale >= 1) {
         instruments.MagnescalePortOpen(ports.magnescale);
+        window_.WatchPort(1, ports.magnescale);
     }
     if (ports.motor >= 1) {
         instruments.MotorPortOpen(ports.motor);
+        window_.WatchPort(2, ports.motor);
     }
 }
 

@@ -24,9 +24,18 @@ public:
         virtual WindowSize DesignSize() const = 0;
         // The design size at the display's scale; the size to which the window can be brought back.
         virtual void DefaultSize(const WindowSize& size) = 0;
+        // The panels come into being, when all objects are there.
+        virtual void ConstructPanels() = 0;
         virtual void Place(const WindowPlace& place) = 0;
+        // 1: the offsets' minimum, or the contact check, was switched off at the end of the last run.
+        virtual void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) = 0;
+        // The port of mirror (0), gauge (1) or motor (2) has been opened: shows its number and starts
+        // its watch.
+        virtual void WatchPort(std::int16_t device, std::int16_t number) = 0;
         // Tells all that show it the highest connected index.
         virtual void TellTotalManipulatorNumber() = 0;
+        // Lays out tabs and panels and selects the first tab.
+        virtual void SelectFirstTab() = 0;
     };
 
     StartUp(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,

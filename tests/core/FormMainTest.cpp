@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
-#include <QLabel>
 #include <QScreen>
+#include <QTest>
 
 #include "core/OwnerFixture.h"
 
@@ -26,22 +26,130 @@ protected:
         window_->WhenClosed([this] { ++closed_; });
         return window_->Start();
     }
-    QString LabelText(const QString& name) const { return window_->findChild<QLabel*>(name)->text(); }
+    void Tab(int index) {
+        QTest::mouseClick(window_->findChild<QWidget*>(QStringLiteral("imgTab(%1)").arg(index)),
+                          Qt::LeftButton);
+    }
     void Answer(platform::BoxAnswer answer) { boxes_.answers = {answer}; }
 
     std::unique_ptr<FormMain> window_;
     int closed_ = 0;
 };
 
-TEST_F(FormMainTest, ShowsTheLivePositionsOfTheNeedles) {
-    WriteSettings(CalibrationText(0));
+TEST_F(FormMainTest, LoadSelectsTheExperimentPanelWithoutStoppingTheWatchesJustStarted) {
+    WriteSettings("[COMPort]\r\nMirror=1\r\nMagnescale=2\r\nMotor=3\r\n");
     ASSERT_TRUE(Start());
-    EXPECT_EQ(LabelText(QStringLiteral("lblNeedle(0)")), QStringLiteral("-9800"));
-    driver_.position[0] = {11000, 21000, 5100};
-    timers_.created.at(0)->Fire();
-    EXPECT_EQ(LabelText(QStringLiteral("lblNeedle(0)")), QStringLiteral("1100"));
-    EXPECT_EQ(LabelText(QStringLiteral("lblNeedle(1)")), QStringLiteral("-1200"));
-    EXPECT_EQ(LabelText(QStringLiteral("lblNeedle(2)")), QStringLiteral("100"));
+    EXPECT_TRUE(window_->Panels().CtlExperiment1.isVisible());
+    int running = 0;
+    for (const FakeTimer* const timer : timers_.created) {
+        running += timer->Enabled() && timer->interval == 150 ? 1 : 0;
+    }
+    EXPECT_EQ(running, 3);
+}
+
+TEST_F(FormMainTest, MinimisingIsNoChangeOfPanel) {
+    WriteSettings("[COMPort]\r\nMirror=1\r\n");
+    ASSERT_TRUE(Start());
+    Tab(10);
+    window_->Panels().CtlConnection1.TimerONOFF(0, true);
+    window_->showMinimized();
+    window_->showNormal();
+    int running = 0;
+    for (const FakeTimer* const timer : timers_.created) {
+        running += timer->Enabled() && timer->interval == 150 ? 1 : 0;
+    }
+    EXPECT_EQ(running, 1);
+}
+
+TEST_F(FormMainTest, AClickOnATabPictureShowsItsPanelInTheSharedRectangle) {
+    ASSERT_TRUE(Start());
+    Tab(16);
+    EXPECT_TRUE(window_->Panels().CtlConnection1.isVisible());
+    EXPECT_FALSE(window_->Panels().CtlExperiment1.isVisible());
+    EXPECT_EQ(window_->Panels().CtlConnection1.geometry(), QRect(18, 88, 486, 520));
+    Tab(11);
+    EXPECT_TRUE(window_->Panels().CtlUser1.isVisible());
+}
+
+TEST_F(FormMainTest, StepModeIsChosenOnTheUserPanelAndWalkedByItsButtons) {
+    ASSERT_TRUE(Start());
+    Tab(17);
+    QTest::mouseClick(window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
+                      Qt::LeftButton);
+    EXPECT_TRUE(window_->Panels().CtlConnection1.isVisible());
+    EXPECT_EQ(window_->Panels().CtlConnection1.geometry(), QRect(18, 20, 486, 520));
+    QTest::mouseClick(
+        window_->findChild<QWidget*>(QStringLiteral("usrKVButton2(1)"), Qt::FindDirectChildrenOnly),
+        Qt::LeftButton);
+    EXPECT_FALSE(window_->Panels().CtlConnection1.isVisible());
+    QTest::mouseClick(
+        window_->findChild<QWidget*>(QStringLiteral("usrKVCheckButton1"), Qt::FindDirectChildrenOnly),
+        Qt::LeftButton);
+    EXPECT_TRUE(window_->Panels().CtlUser1.isVisible());
+}
+
+TEST_F(FormMainTest, TheSizeButtonBringsTheWindowBackToItsDesignSize) {
+    ASSERT_TRUE(Start());
+    window_->resize(700, 760);
+    EXPECT_EQ(window_->Panels().CtlExperiment1.geometry(), QRect(18, 88, 666, 656));
+    QTest::mouseClick(
+        window_->findChild<QWidget*>(QStringLiteral("usrKVButton1"), Qt::FindDirectChildrenOnly),
+        Qt::LeftButton);
+    EXPECT_EQ(window_->size(), QSize(520, 624));
+}
+
+TEST_F(FormMainTest, TheDesignSizeIsTheSmallest) {
+    ASSERT_TRUE(Start());
+    window_->resize(300, 200);
+    EXPECT_EQ(window_->size(), QSize(520, 624));
+}
+
+TEST_F(FormMainTest, AMagnificationTellsTheExperimentPanelAndThenTheCamera) {
+    ASSERT_TRUE(Start());
+    window_->Objects().Live->Create();
+    window_->State().LiveOpen = true;
+    journal_.clear();
+    window_->State().CurrentMagnification(2);
+    EXPECT_EQ(journal_, Journal{"LiveChangeMagnification 2"});
+}
+
+TEST_F(FormMainTest, ACameraThatDiesRaisesItsButtonWithoutABox) {
+    WriteSettings("[Window]\r\n0=0\r\n");
+    ASSERT_TRUE(Start());
+    auto* const button =
+        window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(0)"));
+    EXPECT_TRUE(button->Value());
+    liveCamera_.TellLost();
+    EXPECT_FALSE(button->Value());
+    EXPECT_FALSE(window_->State().LiveOpen);
+    EXPECT_TRUE(boxes_.shown.empty());
+}
+
+TEST_F(FormMainTest, ALoadThatFailsLeavesTheSettingsFileUntouched) {
+    WriteSettings("[Window]\r\n0=0\r\n[FormMain_Position]\r\nTop=40000\r\n");
+    const QByteArray before = ReadSettings();
+    EXPECT_FALSE(Start());
+    window_.reset();
+    EXPECT_EQ(ReadSettings(), before);
+}
+
+TEST_F(FormMainTest, AGoodEndSavesWhichWindowsAreOpenWhenThePanelsGo) {
+    ASSERT_TRUE(Start());
+    Answer(platform::BoxAnswer::OK);
+    EXPECT_TRUE(window_->close());
+    EXPECT_FALSE(ReadSettings().contains("[Window]"));
+    window_.reset();
+    EXPECT_TRUE(ReadSettings().contains("[Window]\r\n0=1\r\n1=1\r\n2=1\r\n3=1\r\n4=1\r\n"));
+}
+
+TEST_F(FormMainTest, StoredSafeguardsReachTheUserPanelAndTheNeedleMoves) {
+    WriteSettings("[User_Value]\r\nOffsetOFF=1\r\nContactOFF=1\r\n");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(window_->Panels().CtlUser1.OffsetONOff(), 1);
+    EXPECT_EQ(window_->Panels().CtlUser1.ContactONOff(), 1);
+    Answer(platform::BoxAnswer::OK);
+    EXPECT_TRUE(window_->close());
+    EXPECT_TRUE(ReadSettings().contains("OffsetOFF=1\r\nContactOFF=1\r\n"));
 }
 
 TEST_F(FormMainTest, IsPlacedWhereTheSettingsSay) {
@@ -136,16 +244,6 @@ TEST_F(FormMainTest, TheEscapeKnowsThePresentZAtEachChangeOfTheView) {
     EXPECT_EQ(window_->Objects().cEscape->NowCurrentZPos, NoPositionValue);
     window_->State().CurrentXYZ(2, 77);
     EXPECT_EQ(window_->Objects().cEscape->NowCurrentZPos, 77);
-}
-
-TEST_F(FormMainTest, EveryLabelBearsItsNameAndItsDescription) {
-    ASSERT_TRUE(Start());
-    for (int index = 0; index < 12; ++index) {
-        const auto* const label = window_->findChild<QLabel*>(QStringLiteral("lblNeedle(%1)").arg(index));
-        ASSERT_NE(label, nullptr);
-        EXPECT_EQ(label->accessibleDescription(),
-                  QStringLiteral("Needle %1 %2").arg(index / 3 + 1).arg(QLatin1Char("XYZ"[index % 3])));
-    }
 }
 
 }  // namespace

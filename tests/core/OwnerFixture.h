@@ -113,10 +113,22 @@ protected:
     // StartUp::Window
     WindowSize DesignSize() const override { return {7800, 9360}; }
     void DefaultSize(const WindowSize& size) override { defaultSize_ = size; }
+    void ConstructPanels() override { journal_.push_back("construct panels"); }
     void Place(const WindowPlace& place) override;
+    void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override {
+        offsetOFF_ = offsetOFF;
+        contactOFF_ = contactOFF;
+        journal_.push_back("restore safeguards");
+    }
+    void WatchPort(std::int16_t device, std::int16_t number) override {
+        journal_.push_back("watch " + std::to_string(device) + " on port " + std::to_string(number));
+    }
+    void SelectFirstTab() override { journal_.push_back("first tab"); }
     void TellTotalManipulatorNumber() override { TotalManipulatorNumber(state_->intTotalManipulatorNumber); }
     // Closing::Window
     MeasuredWindowPlace Measured() const override { return measured_; }
+    std::int32_t OffsetOFF() const override { return offsetOFF_; }
+    std::int32_t ContactOFF() const override { return contactOFF_; }
 
     QTemporaryDir program_;
     QTemporaryDir data_;
@@ -148,6 +160,8 @@ protected:
     std::optional<WindowPlace> place_;
     MeasuredWindowPlace measured_{300.0F, 450.0F, 9360.0F, 7800.0F};
     PositionXYZ lastRoot_{};
+    std::int32_t offsetOFF_ = 0;
+    std::int32_t contactOFF_ = 0;
 };
 
 }  // namespace travo::test

@@ -31,7 +31,7 @@ TEST_F(StartUpTest, InitializeCreatesTheObjectsThenTheDataFolderThenTheLog) {
     const std::string data = data_.path().toStdString();
     EXPECT_EQ(journal_, (Journal{"claim", "driver created", "create folder " + data + "/Zelvo",
                                  "create folder " + data + "/Zelvo/Shared",
-                                 "create folder " + data + "/Zelvo/Shared/Data"}));
+                                 "create folder " + data + "/Zelvo/Shared/Data", "construct panels"}));
     EXPECT_EQ(objects_->DebugLog->LogFilePath(), data_.path() + "/Zelvo/Shared/Data/debugTRAVO.txt");
 }
 
@@ -93,6 +93,7 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
     }
     expected.insert(expected.end(),
                     {"place main window", "read User_Value|XYOffset", "read User_Value|ZOffset",
+                     "read User_Value|OffsetOFF", "read User_Value|ContactOFF", "restore safeguards",
                      "read COMPort|Mirror", "read COMPort|Magnescale", "read COMPort|Motor"});
     for (int needle = 0; needle < 4; ++needle) {
         const std::string section = "read Manipulator Calibration:" + std::to_string(needle) + "|";
@@ -112,7 +113,7 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
         expected.push_back("DriverGetPosition");
         expected.push_back("needle " + std::to_string(needle));
     }
-    expected.insert(expected.end(), {"DriverSelect 1", "total 3", "read Window|0"});
+    expected.insert(expected.end(), {"DriverSelect 1", "total 3", "first tab", "read Window|0"});
     EXPECT_EQ(journal_, expected);
 }
 
@@ -184,8 +185,10 @@ TEST_F(StartUpTest, StoredValuesComeBack) {
     WriteSettings(
         "[FormBirdView_Shift]\r\nX=12.5\r\nY=-0.25\r\n"
         "[FormMain_Position]\r\nTop=300\r\nLeft=-30\r\nWidth=9000\r\nHeight=32767\r\n"
-        "[User_Value]\r\nXYOffset=0\r\nZOffset=250\r\n");
+        "[User_Value]\r\nXYOffset=0\r\nZOffset=250\r\nOffsetOFF=1\r\nContactOFF=-5\r\n");
     EXPECT_TRUE(Begin());
+    EXPECT_EQ(offsetOFF_, 1);
+    EXPECT_EQ(contactOFF_, 0);
     EXPECT_EQ(state_->ShiftX, 12.5);
     EXPECT_EQ(state_->ShiftY, -0.25);
     EXPECT_EQ(place_->Top, 300);
@@ -309,7 +312,10 @@ TEST_F(StartUpTest,
        StoredPortsAreOpenedInTheOrderMirrorGaugeMotorAndTheMirrorIsAskedForTheLowestMagnification) {
     WriteSettings("[COMPort]\r\nMotor=3\r\nMagnescale=2\r\nMirror=1\r\n");
     EXPECT_TRUE(Begin());
-    EXPECT_LT(PlaceOf("port 1 open"), PlaceOf("port 2 open"));
+    EXPECT_LT(PlaceOf("port 1 open"), PlaceOf("watch 0 on port 1"));
+    EXPECT_LT(PlaceOf("watch 0 on port 1"), PlaceOf("port 2 open"));
+    EXPECT_LT(PlaceOf("port 2 open"), PlaceOf("watch 1 on port 2"));
+    EXPECT_LT(PlaceOf("port 3 open"), PlaceOf("watch 2 on port 3"));
     EXPECT_LT(PlaceOf("port 2 open"), PlaceOf("port 3 open"));
     EXPECT_LT(PlaceOf("port 3 open"), PlaceOf("port 1 > cMAG1\r"));
     EXPECT_LT(PlaceOf("port 1 > cMAG1\r"), PlaceOf("read Manipulator Calibration:0|Index:0,XYZ:0"));

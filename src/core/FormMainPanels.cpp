@@ -1,0 +1,51 @@
+#include "core/FormMainPanels.h"
+
+#include "platform/Folders.h"
+
+namespace travo {
+
+namespace {
+
+template <typename Panel>
+FormMainTabs::Panel ForTab(Panel& panel) {
+    return {&panel, &panel};
+}
+
+}  // namespace
+
+FormMainPanels::FormMainPanels(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
+                               const Owner& owner, QWidget* window)
+    : CtlExperiment1({state, *objects.cCommunication, *objects.cNeedleMove, *objects.cNeedleSynchro,
+                      *objects.cEscape, *objects.cMirrorMove, *objects.Live, machine.boxes, machine.timers},
+                     machine.folders.Program(), window),
+      CtlCellPosition1({state, *objects.cCommunication, *objects.Live, owner.cellPosition},
+                       machine.folders.Program(), window),
+      CtlConnection1({state, *objects.cCommunication, *objects.cIniEdit, *objects.Live, objects.Failures,
+                      machine.pointer, machine.serialPortList, machine.timers},
+                     machine.folders.Program(), window),
+      CtlUser1({state, *objects.Live, *objects.cNeedleMove, *objects.cObjectiveUpDown, objects.Failures,
+                machine.profile, machine.folders, owner.user},
+               machine.folders.Program(), window) {
+    for (QWidget* const panel :
+         std::initializer_list<QWidget*>{&CtlExperiment1, &CtlCellPosition1, &CtlConnection1, &CtlUser1}) {
+        panel->hide();
+    }
+}
+
+FormMainTabs::Panels FormMainPanels::ForTabs() {
+    FormMainTabs::Panels panels;
+    panels.cellPosition = ForTab(CtlCellPosition1);
+    panels.connection = ForTab(CtlConnection1);
+    panels.experiment = ForTab(CtlExperiment1);
+    panels.user = ForTab(CtlUser1);
+    return panels;
+}
+
+void FormMainPanels::Place(const QRect& rectangle) {
+    for (QWidget* const panel :
+         std::initializer_list<QWidget*>{&CtlExperiment1, &CtlCellPosition1, &CtlConnection1, &CtlUser1}) {
+        panel->setGeometry(rectangle);
+    }
+}
+
+}  // namespace travo

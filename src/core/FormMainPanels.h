@@ -1,0 +1,40 @@
+// The panels of the main window, one of each.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include "core/CtlUser.h"
+#include "core/FormMainObjects.h"
+#include "core/FormMainTabs.h"
+#include "core/SharedState.h"
+#include "devices/CtlConnection.h"
+#include "experiment/CtlCellPosition.h"
+#include "experiment/CtlExperiment2.h"
+#include "platform/Machine.h"
+
+namespace travo {
+
+// All are children of the window and hidden at first; they go with this object, before the window.
+class FormMainPanels {
+public:
+    struct Owner {
+        CtlUser::Owner& user;
+        CtlCellPosition::Owner& cellPosition;
+    };
+
+    // The objects are alive.
+    FormMainPanels(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
+                   const Owner& owner, QWidget* window);
+
+    FormMainTabs::Panels ForTabs();
+    // The rectangle that they share.
+    void Place(const QRect& rectangle);
+
+    CtlExperiment2 CtlExperiment1;
+    CtlCellPosition CtlCellPosition1;
+    CtlConnection CtlConnection1;
+    CtlUser CtlUser1;
+};
+
+}  // namespace travo

@@ -169,6 +169,7 @@ void CtlConnection::BuildStateLines() {
                  RowWordsOf[row].name + QStringLiteral(" state"));
         Add(*label, QRectF(NamesLeft, RowTop[row] + StateTop, NamesRight - NamesLeft, LineHeight));
         lblState_[row] = label;
+        ShowState(static_cast<Row>(row), RowState::AtRest);
     }
 }
 

@@ -19,19 +19,21 @@ constexpr int RefreshPeriod = 1000;  // milliseconds
 enum Column { NumberColumn, DeviceColumn, DescriptionColumn, StateColumn, ColumnCount };
 
 // In device-independent pixels.
-constexpr QSize WindowSize(640, 320);
+constexpr QSize WindowSize(720, 336);
 constexpr QSize CloseSize(120, 52);
 constexpr int RowHeight = 36;
-constexpr int ColumnWidth[] = {64, 180, 216, 120};
+constexpr int ColumnWidth[] = {64, 224, 256, 140};
 
 // A word in brackets is a colour.
 constexpr char Sheet[] = R"(
 QDialog { background-color: [ground]; }
 QLabel { color: [ink2]; }
 QTableWidget { background-color: [read]; color: [ink]; border: 1px solid [hair]; border-radius: 3px;
-    gridline-color: [hair]; selection-background-color: [slate]; selection-color: [onSlate]; outline: none; }
+    selection-background-color: [slate]; selection-color: [onSlate]; outline: none; }
+QTableWidget::item { padding: 0px 8px; border: none; border-bottom: 1px solid [hair]; }
+QTableWidget::item:selected { background-color: [slate]; color: [onSlate]; }
 QHeaderView::section { background-color: [well]; color: [ink2]; border: none;
-    border-bottom: 1px solid [hair]; padding: 4px; }
+    border-bottom: 1px solid [hair]; padding: 4px 8px 4px 11px; }
 )";
 
 QString StyleSheet() {
@@ -103,6 +105,9 @@ void FormPortList::BuildTable() {
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
+    table_->setShowGrid(false);
+    // Both ends of a device path tell ports apart.
+    table_->setTextElideMode(Qt::ElideMiddle);
 }
 
 bool FormPortList::Open() {

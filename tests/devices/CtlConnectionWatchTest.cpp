@@ -1,0 +1,382 @@
+// The connection panel: the watches, tick by tick, and every state with every event.
+#include "devices/ConnectionRig.h"
+
+namespace travo::test {
+namespace {
+
+using platform::PointerShape;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+QString Refusal(int row) {
+    return QStringLiteral("Error : %1 : Communication connection").arg(NameOfRow(row));
+}
+
+class CtlConnectionWatch : public ConnectionRig {
+protected:
+    void ExpectAccepted(int row, const QString& port) {
+        EXPECT_FALSE(Watch(row).enabled);
+        EXPECT_TRUE(Port(row).open);
+        EXPECT_TRUE(TestEnabled(row));
+        EXPECT_EQ(Stored(row), port);
+        EXPECT_EQ(State(row), QStringLiteral("Connected"));
+        EXPECT_FALSE(Shown().contains(Refusal(row)));
+    }
+    void ExpectRefused(int row) {
+        EXPECT_FALSE(Watch(row).enabled);
+        EXPECT_FALSE(Port(row).open);
+        EXPECT_FALSE(TestEnabled(row));
+        EXPECT_EQ(Stored(row), QStringLiteral("-1"));
+        EXPECT_EQ(State(row), QStringLiteral("Refused"));
+        EXPECT_EQ(Shown().count(Refusal(row)), 1);
+        EXPECT_THAT(Logged(), IsEmpty());
+    }
+};
+
+struct AnswerAt {
+    int row;
+    int tick;  // the first that finds the answer
+};
+
+class EachTick : public CtlConnectionWatch, public ::testing::WithParamInterface<AnswerAt> {};
+
+std::vector<AnswerAt> EveryTickOfEveryRow() {
+    std::vector<AnswerAt> all;
+    for (int row = 0; row < 3; ++row) {
+        for (int tick = 1; tick <= 7; ++tick) {
+            all.push_back({row, tick});
+        }
+    }
+    return all;
+}
+INSTANTIATE_TEST_SUITE_P(All, EachTick, ::testing::ValuesIn(EveryTickOfEveryRow()), [](const auto& row) {
+    return NameOfRow(row.param.row).toStdString() + std::to_string(row.param.tick);
+});
+
+TEST_P(EachTick, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
+    const auto [row, tick] = GetParam();
+    Type(row, QStringLiteral("4"));
+    StartWatch(row);
+    Tick(row, tick - 1);
+    EXPECT_TRUE(Watch(row).enabled);
+    EXPECT_EQ(State(row), QStringLiteral("Watching"));
+    EXPECT_EQ(Stored(row), QStringLiteral("none"));
+    Answer(row);
+    Tick(row);
+    ExpectAccepted(row, QStringLiteral("4"));
+}
+
+class EachInstrument : public CtlConnectionWatch, public ::testing::WithParamInterface<int> {};
+INSTANTIATE_TEST_SUITE_P(Rows, EachInstrument, ::testing::Values(0, 1, 2), RowName);
+
+TEST_P(EachInstrument, ASilentOneIsRefusedAtTheSeventhTickAndNotBefore) {
+    const int row = GetParam();
+    rig.ini.WriteString(QStringLiteral("COMPort"), NameOfRow(row), QStringLiteral("5"));
+    Button(TestOfRow(row)).Enabled(true);
+    StartWatch(row);
+    Tick(row, 6);
+    EXPECT_TRUE(Watch(row).enabled);
+    EXPECT_EQ(Stored(row), QStringLiteral("5"));
+    EXPECT_THAT(Shown(), IsEmpty());
+    Tick(row);
+    ExpectRefused(row);
+}
+
+TEST_P(EachInstrument, StartUpRunsTheSameWatchBeforeThePanelIsEverShown) {
+    const int row = GetParam();
+    OpenPorts();
+    panel.txtNoChange(static_cast<std::int16_t>(row), QString::number(row + 1));
+    panel.TimerONOFF(static_cast<std::int16_t>(row), true);
+    Answer(row);
+    Tick(row);
+    ExpectAccepted(row, QString::number(row + 1));
+}
+
+TEST_P(EachInstrument, TheStoredTextIsThePlainNumberOfTheBox) {
+    const int row = GetParam();
+    Type(row, QStringLiteral("007"));
+    StartWatch(row);
+    Answer(row);
+    Tick(row);
+    EXPECT_EQ(Stored(row), QStringLiteral("7"));
+}
+
+TEST_P(EachInstrument, TheTickOfAVerdictCountsForTheNextWatch) {
+    const int row = GetParam();
+    StartWatch(row);
+    Tick(row, 7);
+    ASSERT_EQ(Shown().size(), 1);
+    StartWatch(row);
+    Tick(row, 5);
+    EXPECT_EQ(Shown().size(), 1);
+    Tick(row);
+    EXPECT_EQ(Shown().size(), 2);
+}
+
+TEST_P(EachInstrument, ABoxRaisedInATickComesAfterTheWatchHasStopped) {
+    const int row = GetParam();
+    StartWatch(row);
+    Tick(row, 6);
+    bool wasWatching = true;
+    bool wasOpen = true;
+    QString wasStored;
+    rig.boxes.whileShown = [&] {
+        wasWatching = Watch(row).enabled;
+        wasOpen = Port(row).open;
+        wasStored = Stored(row);
+        Tick(row, 9);
+    };
+    Tick(row);
+    EXPECT_FALSE(wasWatching);
+    EXPECT_FALSE(wasOpen);
+    EXPECT_EQ(wasStored, QStringLiteral("-1"));
+    EXPECT_EQ(Shown().size(), 1);
+}
+
+TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsRefusedAtTheSeventhTick) {
+    const int row = GetParam();
+    StartWatch(row);
+    Tick(row, 2);
+    Port(row).open = false;
+    Tick(row, 4);
+    EXPECT_TRUE(Watch(row).enabled);
+    Tick(row);
+    ExpectRefused(row);
+    EXPECT_EQ(Port(row).TakeOutput(), row == MagnescaleRow ? "Ar\r\nAr\r\n" : "");
+}
+
+TEST_F(CtlConnectionWatch, AllThreeRunAtOnce) {
+    for (int row = 0; row < 3; ++row) {
+        Type(row, QString::number(row + 1));
+        StartWatch(row);
+    }
+    for (int tick = 1; tick <= 6; ++tick) {
+        for (int row = 0; row < 3; ++row) {
+            Tick(row);
+        }
+    }
+    Answer(MagnescaleRow);
+    for (int row = 0; row < 3; ++row) {
+        Tick(row);
+    }
+    ExpectRefused(MirrorRow);
+    ExpectAccepted(MagnescaleRow, QStringLiteral("2"));
+    ExpectRefused(MotorRow);
+    EXPECT_THAT(Shown(), ElementsAre(Refusal(MirrorRow), Refusal(MotorRow)));
+}
+
+TEST_F(CtlConnectionWatch, AVerdictInsideTheBoxOfAnotherLeavesBothAsTheyAre) {
+    StartWatch(MirrorRow);
+    StartWatch(MotorRow);
+    Tick(MirrorRow, 6);
+    Tick(MotorRow, 6);
+    rig.boxes.whileShown = [this] { Tick(MotorRow); };
+    Tick(MirrorRow);
+    ExpectRefused(MirrorRow);
+    ExpectRefused(MotorRow);
+}
+
+TEST_F(CtlConnectionWatch, AMirrorThatReportsOnlyYIsASuccessAtTheFirstTick) {
+    StartWatch(MirrorRow);
+    rig.MirrorPort().Receive("aD1R7\r\n");
+    Tick(MirrorRow);
+    EXPECT_EQ(rig.state.CurrentXYZ(0), NoPositionValue);
+    ExpectAccepted(MirrorRow, QStringLiteral("1"));
+}
+
+TEST_F(CtlConnectionWatch, AMirrorThatReportsOneAxisOnlyIsAcceptedUpToTheSixthTickAndRefusedAtTheSeventh) {
+    for (const char* const line : {"aD1R7\r\n", "aD2R5\r\n"}) {
+        panel.Shown();
+        StartWatch(MirrorRow);
+        Tick(MirrorRow, 5);
+        rig.MirrorPort().Receive(line);
+        Tick(MirrorRow);
+        ExpectAccepted(MirrorRow, QStringLiteral("1"));
+
+        panel.Shown();
+        StartWatch(MirrorRow);
+        Tick(MirrorRow, 6);
+        rig.MirrorPort().Receive(std::string("aMGR1\r\n") + line);
+        Tick(MirrorRow);
+        ExpectRefused(MirrorRow);
+        rig.boxes.shown.clear();
+    }
+}
+
+TEST_F(CtlConnectionWatch, AMirrorThatIsAcceptedGetsItsErgoZSwitchedOff) {
+    StartWatch(MirrorRow);
+    Answer(MirrorRow);
+    Tick(MirrorRow);
+    EXPECT_EQ(rig.MirrorPort().TakeOutput(), "cZEN0\r");
+}
+
+TEST_F(CtlConnectionWatch, AGaugeWhoseFirstValueHasArrivedByTheSeventhTickIsAcceptedALaterOneIsRefused) {
+    StartWatch(MagnescaleRow);
+    Tick(MagnescaleRow, 6);
+    Answer(MagnescaleRow);
+    Tick(MagnescaleRow);
+    ExpectAccepted(MagnescaleRow, QStringLiteral("1"));
+
+    panel.Shown();
+    StartWatch(MagnescaleRow);
+    Tick(MagnescaleRow, 7);
+    Answer(MagnescaleRow);
+    ExpectRefused(MagnescaleRow);
+}
+
+TEST_F(CtlConnectionWatch, TheGaugeIsAskedOnEveryTick) {
+    StartWatch(MagnescaleRow);
+    Tick(MagnescaleRow, 6);
+    EXPECT_EQ(rig.GaugePort().TakeOutput(), "Ar\r\nAr\r\nAr\r\nAr\r\nAr\r\nAr\r\n");
+    Answer(MagnescaleRow);
+    Tick(MagnescaleRow);
+    EXPECT_EQ(rig.GaugePort().TakeOutput(), "KEYOFF\r\nAr\r\n");
+}
+
+TEST_F(CtlConnectionWatch, ARefusedGaugeIsSentNothingMore) {
+    StartWatch(MagnescaleRow);
+    Tick(MagnescaleRow, 6);
+    rig.GaugePort().TakeOutput();
+    Tick(MagnescaleRow);
+    EXPECT_EQ(rig.GaugePort().TakeOutput(), "");
+}
+
+TEST_F(CtlConnectionWatch, BothVerdictsOnTheGaugeTakeTheHourglassAway) {
+    StartWatch(MagnescaleRow);
+    Answer(MagnescaleRow);
+    Tick(MagnescaleRow);
+    EXPECT_THAT(rig.pointer.screen, ElementsAre(PointerShape::Hourglass, PointerShape::Default));
+    panel.Shown();
+    StartWatch(MagnescaleRow);
+    rig.boxes.whileShown = [this] { EXPECT_EQ(rig.pointer.screen.back(), PointerShape::Default); };
+    Tick(MagnescaleRow, 7);
+    EXPECT_EQ(rig.pointer.screen.size(), 4U);
+    EXPECT_EQ(Shown().size(), 1);
+}
+
+TEST_F(CtlConnectionWatch, ARefusedMotorUnlocksItsSetButton) {
+    StartWatch(MotorRow);
+    EXPECT_FALSE(Button(MotorRow).Enabled());
+    bool wasUnlocked = false;
+    rig.boxes.whileShown = [&] { wasUnlocked = TestEnabled(MotorRow); };
+    Tick(MotorRow, 7);
+    EXPECT_TRUE(wasUnlocked);
+    EXPECT_TRUE(Button(MotorRow).Enabled());
+    EXPECT_FALSE(TestEnabled(MotorRow));
+}
+
+// ---- Every state with every event ----
+
+enum class Now { AtRest, Watching, Connected, Refused };
+enum class Event { Set, BadSet, TickWithAnswer, SilentTick, SeventhTick, Hide, Show, WatchOn, WatchOff };
+
+struct Step {
+    Now before;
+    Event event;
+    Now after;
+};
+
+constexpr Step Steps[] = {
+    {Now::AtRest, Event::Set, Now::Watching},
+    {Now::AtRest, Event::BadSet, Now::Refused},
+    {Now::AtRest, Event::TickWithAnswer, Now::AtRest},
+    {Now::AtRest, Event::SilentTick, Now::AtRest},
+    {Now::AtRest, Event::SeventhTick, Now::AtRest},
+    {Now::AtRest, Event::Hide, Now::AtRest},
+    {Now::AtRest, Event::Show, Now::AtRest},
+    {Now::AtRest, Event::WatchOn, Now::Watching},
+    {Now::AtRest, Event::WatchOff, Now::AtRest},
+    {Now::Watching, Event::Set, Now::Watching},
+    {Now::Watching, Event::BadSet, Now::Refused},
+    {Now::Watching, Event::TickWithAnswer, Now::Connected},
+    {Now::Watching, Event::SilentTick, Now::Watching},
+    {Now::Watching, Event::SeventhTick, Now::Refused},
+    {Now::Watching, Event::Hide, Now::AtRest},
+    {Now::Watching, Event::Show, Now::AtRest},
+    {Now::Watching, Event::WatchOn, Now::Watching},
+    {Now::Watching, Event::WatchOff, Now::AtRest},
+    {Now::Connected, Event::Set, Now::Watching},
+    {Now::Connected, Event::BadSet, Now::Refused},
+    {Now::Connected, Event::TickWithAnswer, Now::Connected},
+    {Now::Connected, Event::SilentTick, Now::Connected},
+    {Now::Connected, Event::SeventhTick, Now::Connected},
+    {Now::Connected, Event::Hide, Now::Connected},
+    {Now::Connected, Event::Show, Now::Connected},
+    {Now::Connected, Event::WatchOn, Now::Watching},
+    {Now::Connected, Event::WatchOff, Now::Connected},
+    {Now::Refused, Event::Set, Now::Watching},
+    {Now::Refused, Event::BadSet, Now::Refused},
+    {Now::Refused, Event::TickWithAnswer, Now::Refused},
+    {Now::Refused, Event::SilentTick, Now::Refused},
+    {Now::Refused, Event::SeventhTick, Now::Refused},
+    {Now::Refused, Event::Hide, Now::Refused},
+    {Now::Refused, Event::Show, Now::Refused},
+    {Now::Refused, Event::WatchOn, Now::Watching},
+    {Now::Refused, Event::WatchOff, Now::Refused},
+};
+
+class EveryStateWithEveryEvent : public CtlConnectionWatch,
+                                 public ::testing::WithParamInterface<std::tuple<int, Step>> {
+protected:
+    void Do(int row, Event event) {
+        const auto index = static_cast<std::int16_t>(row);
+        switch (event) {
+            case Event::Set:
+                return SetOn(row, QStringLiteral("1"));
+            case Event::BadSet:
+                return SetOn(row, QStringLiteral("99999"));
+            case Event::TickWithAnswer:
+                Answer(row);
+                return Tick(row);
+            case Event::SilentTick:
+                return Tick(row);
+            case Event::SeventhTick:
+                return Tick(row, 7);
+            case Event::Hide:
+                return panel.Hidden();
+            case Event::Show:
+                return panel.Shown();
+            default:
+                return panel.TimerONOFF(index, event == Event::WatchOn);
+        }
+    }
+    void SetOn(int row, const QString& port) {
+        panel.ControlONOFF(true);
+        Type(row, port);
+        Press(row);
+    }
+    void Bring(int row, Now state) {
+        if (state != Now::AtRest) {
+            Do(row, Event::Set);
+        }
+        if (state == Now::Connected) {
+            Do(row, Event::TickWithAnswer);
+        }
+        if (state == Now::Refused) {
+            Do(row, Event::SeventhTick);
+        }
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Table, EveryStateWithEveryEvent,
+                         ::testing::Combine(::testing::Values(0, 1, 2), ::testing::ValuesIn(Steps)));
+
+TEST_P(EveryStateWithEveryEvent, TheRowSaysWhatItHasComeTo) {
+    const auto& [row, step] = GetParam();
+    const char* const words[] = {"At rest", "Watching", "Connected", "Refused"};
+    Bring(row, step.before);
+    ASSERT_EQ(State(row).toStdString(), words[static_cast<int>(step.before)]);
+    const QString storedBefore = Stored(row);
+    Do(row, step.event);
+    EXPECT_EQ(State(row).toStdString(), words[static_cast<int>(step.after)]);
+    EXPECT_EQ(Watch(row).enabled, step.after == Now::Watching);
+    if (step.before == Now::Watching && step.after == Now::Connected) {
+        EXPECT_EQ(Stored(row), QStringLiteral("1"));
+    } else if (step.event == Event::SeventhTick && step.before == Now::Watching) {
+        EXPECT_EQ(Stored(row), QStringLiteral("-1"));
+    } else {
+        EXPECT_EQ(Stored(row), storedBefore);
+    }
+}
+
+}  // namespace
+}  // namespace travo::test

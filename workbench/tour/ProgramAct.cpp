@@ -40,9 +40,10 @@ void WatchIdle(Stage& stage, QProcess& program) {
     const auto elapsed = static_cast<double>(time.elapsed());
     const std::int64_t reads = Reads(stage) - readsBefore;
     std::array<char, 160> text{};
-    std::snprintf(text.data(), text.size(),
-                  "the real program, idle: %.2f %% of one core, %.2f reads of a needle a second",
-                  used / elapsed * 100.0, static_cast<double>(reads) * 1000.0 / elapsed);
+    std::snprintf(
+        text.data(), text.size(),
+        "the real program, idle on three open ports: %.2f %% of one core, %.2f reads of a needle a second",
+        used / elapsed * 100.0, static_cast<double>(reads) * 1000.0 / elapsed);
     PrintLine(text.data());
     Require(reads > 0, "the real program reads no needle");
 }
@@ -57,13 +58,19 @@ QByteArray LogText() {
 }  // namespace
 
 void PlayProgramAct(Stage& stage) {
-    PrintHeading("The real program, started and closed once");
+    PrintHeading("The real program, started on three open ports and closed once");
+    stage.Workbench().WriteSettingsWithPorts(
+        QDir(stage.Where().programFolder).filePath(QStringLiteral("KVData.ini")).toStdString());
     stage.Workbench().ForgetCounters();
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(QDir(stage.Where().programFolder).filePath(QStringLiteral("TRAVO")), QStringList());
     Require(program.waitForStarted(), "the real program does not start");
     stage.WaitUntil([&] { return Reads(stage) > 8; }, "the real program reads no needle");
+    for (const char* const wire : {"mirror", "gauge", "motor"}) {
+        stage.WaitUntil([&] { return stage.Workbench().Wire(wire).open; },
+                        std::string("the real program has not opened the port of the ") + wire);
+    }
     WatchIdle(stage, program);
     program.terminate();
     Require(program.waitForFinished(10000), "the real program does not end when asked to");

@@ -10,7 +10,9 @@
 #include "workbench/tour/NeedleAct.h"
 #include "workbench/tour/ProgramAct.h"
 #include "workbench/tour/Report.h"
+#include "workbench/tour/SerialAct.h"
 #include "workbench/tour/Stage.h"
+#include "workbench/tour/WireFaultAct.h"
 
 namespace {
 
@@ -39,6 +41,8 @@ int main(int argumentCount, char** arguments) {
     try {
         workbench::tour::Stage stage(ReadPlaces(application));
         workbench::tour::PlayNeedleAct(stage);
+        workbench::tour::PlaySerialAct(stage);
+        workbench::tour::PlayWireFaultAct(stage);
         workbench::tour::PlayProgramAct(stage);
     } catch (const std::exception& failure) {
         std::printf("\nThe tour failed: %s.\n", failure.what());

@@ -1,0 +1,377 @@
+#include "workflows/CtlCalibration.h"
+
+#include <QString>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Arithmetic.h"
+
+namespace travo {
+
+namespace {
+
+constexpr QSizeF Design(486, 520);
+// The index of the objective that positions are recorded with.
+constexpr std::int16_t Magnification2x = 2;
+// Motor steps between marks and raised focus; 100 common Z units.
+constexpr std::int32_t ObjectiveRaise = 10000;
+// First field of a manipulator record that holds no position.
+constexpr std::int16_t NothingRead = -1;
+// Whose time it is.
+constexpr std::int16_t OfCalibration = 0;
+constexpr std::int16_t OfReCalibration = 1;
+
+const QString NoTime = QStringLiteral("-1");
+const QString AdjustMagnification = QStringLiteral("Please adjust the magnification to 2X.");
+
+// What a step shows: a row of capture buttons and a picture.
+struct Look {
+    std::size_t firstCapture;
+    std::size_t lastCapture;
+    std::size_t picture;
+};
+// By step.
+constexpr std::array<Look, 4> Looks{{{0, 2, 0}, {3, 3, 1}, {4, 4, 2}, {0, 2, 0}}};
+
+std::vector<std::string_view> Fields(std::string_view record) {
+    std::vector<std::string_view> fields;
+    for (std::size_t comma = record.find(','); comma != std::string_view::npos; comma = record.find(',')) {
+        fields.push_back(record.substr(0, comma));
+        record.remove_prefix(comma + 1);
+    }
+    fields.push_back(record);
+    return fields;
+}
+
+}  // namespace
+
+CtlCalibration::CtlCalibration(const System& system, const QString& programFolder, QWidget* parent)
+    : PanelCanvas(Design, parent),
+      system_(system),
+      values_({system.needleMove, system.iniEdit, system.clock}),
+      Timer1_(system.timers.Create([this] { lblWaring_.setVisible(lblWaring_.isHidden()); })) {
+    setObjectName(QStringLiteral("CtlCalibration1"));
+    Place(programFolder);
+    Connect();
+    PressOnly(modeButton_, FullCalibration);
+    lblWaring_.setText(AdjustMagnification);
+    lblWaring_.setAccessibleDescription(AdjustMagnification);
+    lblWaring_.hide();
+    Timer1_->Interval(BlinkPeriod);
+    ShowStep(Step::Marks);
+}
+
+void CtlCalibration::Connect() {
+    const auto onClick = [this](SkinButton& button, auto press) {
+        connect(&button, &SkinButton::clicked, this, press);
+    };
+    for (std::size_t mode = 0; mode < modeButton_.size(); ++mode) {
+        onClick(modeButton_[mode], [this, mode] { ModePressed(mode); });
+    }
+    for (std::int16_t needle = 0; needle < NeedleCount; ++needle) {
+        onClick(needleButton_[static_cast<std::size_t>(needle)], [this, needle] { NeedlePressed(needle); });
+    }
+    for (std::size_t point = 0; point < captureButton_.size(); ++point) {
+        onClick(captureButton_[point], [this, point] { CapturePressed(point); });
+    }
+    for (std::size_t index = 0; index < confirmButton_.size(); ++index) {
+        onClick(confirmButton_[index], [this, index] { ConfirmPressed(index); });
+    }
+}
+
+// Recording.
+
+void CtlCalibration::CapturePressed(std::size_t Index) {
+    usrKVCheckButton& button = captureButton_.at(Index);
+    if (!At2x()) {
+        // As it stood: only what has been recorded is down.
+        button.SetRaised(!recorded_.at(Index));
+        system_.failures.Show(AdjustMagnification);
+        return;
+    }
+    if (PointCaptured_.at(Index)) {
+        button.SetRaised(false);
+        return;
+    }
+    const bool done = system_.failures.Handle(
+        QStringLiteral("Error : Manipulator calibration position setting"), [this, Index, &button] {
+            try {
+                Capture(Index);
+            } catch (...) {
+                // Before the box: what the operator sees behind it is how things stand.
+                button.SetRaised(!recorded_.at(Index));
+                throw;
+            }
+        });
+    if (!done) {
+        system_.live.LiveActionEnd();
+    }
+}
+
+void CtlCalibration::Capture(std::size_t Index) {
+    if (system_.state.LiveOpen) {
+        system_.live.LiveActionStart();
+    }
+    // The replies come later: the view that is recorded is the one known before.
+    system_.communication.RequestMagnescaleData();
+    system_.communication.RequestMirrorData();
+    // Also where the rest fails: a new step alone makes the button usable again.
+    PointCaptured_.at(Index) = true;
+    const Tip tip = ReadTip();
+    if (Index == PointCenter) {
+        values_.Center(tip.counts);
+    } else {
+        values_.Position(tip.needle, Index, tip.counts);
+    }
+    // Each point in the focal plane overwrites the view of the one before; the raised one does not lie in it.
+    if (Index != PointZ) {
+        values_.Zero(tip.needle, MirrorToCommon(system_.state.CurrentXYZ()));
+    }
+    recorded_.at(Index) = true;
+    TellCameraCaptured(Index);
+    GoOnAfter(Index);
+}
+
+CtlCalibration::Tip CtlCalibration::ReadTip() {
+    const std::string record = system_.communication.RequestManipulatorData();
+    const std::vector<std::string_view> fields = Fields(record);
+    const std::int16_t needle = ReadInteger16(fields.front());
+    if (needle == NothingRead) {
+        throw Failure("no manipulator position could be read");
+    }
+    return {needle, {ReadInteger32(fields.at(1)), ReadInteger32(fields.at(2)), ReadInteger32(fields.at(3))}};
+}
+
+void CtlCalibration::TellCameraCaptured(std::size_t Index) {
+    if (!system_.state.LiveOpen) {
+        return;
+    }
+    system_.live.LiveActionEnd();
+    if (Index == PointCenter) {
+        system_.live.LiveCalibCenter();
+    } else {
+        system_.live.LiveCalibPoints();
+    }
+}
+
+void CtlCalibration::GoOnAfter(std::size_t Index) {
+    if (Index == PointZ || Index == PointCenter) {
+        confirmButton_[SetButton].Enabled(true);
+        return;
+    }
+    std::size_t down = 0;
+    for (std::size_t mark = 0; mark < MarkCount; ++mark) {
+        if (captureButton_.at(mark).Value() && recorded_.at(mark)) {
+            ++down;
+        }
+    }
+    if (down == MarkCount) {
+        ChangeCalibrationStep(Step::RaisedFocus);
+    }
+}
+
+// Keeping and clearing.
+
+void CtlCalibration::ConfirmPressed(std::size_t Index) {
+    system_.failures.Handle(QStringLiteral("Error : Calibration Setting"), [this, Index] {
+        const std::int16_t needle = system_.state.intManipulatorNumber;
+        if (Index == SetButton) {
+            Confirm(needle);
+            return;
+        }
+        if (Index == ResetButton) {
+            Clear(needle);
+        } else {
+            for (std::int16_t each = 0; each <= system_.state.intTotalManipulatorNumber; ++each) {
+                Clear(each);
+            }
+        }
+        ChangeCalibrationStep(StepOfMode());
+    });
+}
+
+void CtlCalibration::Confirm(std::int16_t needle) {
+    if (modeButton_[FullCalibration].Value()) {
+        values_.KeepFullCalibration(needle);
+        system_.owner.SetCalibTime(needle, values_.KeepTime(needle), OfCalibration);
+        // A calculation that fails tells so itself; the needle counts as calibrated all the same.
+        system_.needleMove.CalibrationCalculation(needle);
+        system_.state.CalibrationON(needle, true);
+        ChangeCalibrationStep(Step::AfterFullCalibration);
+    } else {
+        values_.KeepReCalibration(needle);
+        system_.owner.SetCalibTime(needle, values_.KeepReTime(needle), OfReCalibration);
+        ChangeCalibrationStep(Step::Center);
+    }
+}
+
+void CtlCalibration::Clear(std::int16_t needle) {
+    values_.Clear(needle);
+    system_.owner.SetCalibTime(needle, NoTime, OfCalibration);
+    system_.owner.SetCalibTime(needle, NoTime, OfReCalibration);
+    // The references that the maps hold stay: nothing uses them while this is off.
+    system_.state.CalibrationON(needle, false);
+}
+
+// Mode and needle.
+
+void CtlCalibration::ModePressed(std::size_t Index) {
+    PressOnly(modeButton_, Index);
+    EnterStepOfMode();
+}
+
+void CtlCalibration::NeedlePressed(std::int16_t Index) {
+    ManipulatorChange(Index);
+    if (system_.state.intManipulatorNumber != Index) {
+        system_.communication.ChangeManipulator(ToInteger16(Index + 1));
+    }
+    EnterStepOfMode();
+}
+
+void CtlCalibration::ManipulatorChange(std::int16_t ManipulatorNumber) {
+    system_.communication.RequestMagnescaleData();
+    system_.communication.RequestMirrorData();
+    PressOnly(needleButton_, Bounded(ManipulatorNumber, needleButton_.size()));
+    for (std::size_t mark = 0; mark < MarkCount; ++mark) {
+        captureButton_.at(mark).SetRaised(true);
+    }
+    if (!isHidden()) {
+        EnterStepOfMode();
+    }
+}
+
+// The steps.
+
+void CtlCalibration::ChangeCalibrationStep(Step step) {
+    ShowStep(step);
+    if (!system_.state.LiveOpen) {
+        return;
+    }
+    switch (step) {
+        case Step::RaisedFocus:
+            system_.live.LiveCalibZ();
+            break;
+        case Step::Center:
+            system_.live.LiveCalibCenter();
+            break;
+        case Step::Marks:
+        case Step::AfterFullCalibration:
+            system_.live.LiveCalibPoints();
+            break;
+    }
+}
+
+void CtlCalibration::EnterStepOfMode() {
+    const Step step = StepOfMode();
+    ShowStep(step);
+    if (step == Step::Center) {
+        system_.live.AnnounceCalibCenter();
+    } else {
+        system_.live.AnnounceCalibPoints();
+    }
+}
+
+void CtlCalibration::ShowStep(Step step) {
+    PointCaptured_.fill(false);
+    recorded_.fill(false);
+    confirmButton_[SetButton].Enabled(false);
+    const Look& look = Looks.at(static_cast<std::size_t>(step));
+    for (std::size_t point = 0; point < captureButton_.size(); ++point) {
+        captureButton_[point].SetRaised(true);
+        captureButton_[point].setVisible(point >= look.firstCapture && point <= look.lastCapture);
+    }
+    for (std::size_t picture = 0; picture < imgCalibPos_.size(); ++picture) {
+        imgCalibPos_[picture].setVisible(picture == look.picture);
+    }
+    if (step == Step::RaisedFocus) {
+        RaiseObjective();
+    } else if (step == Step::AfterFullCalibration && system_.communication.MotorPortOpenCheck()) {
+        // Undoes the raise.
+        system_.communication.MotorMoveRZ(-ObjectiveRaise);
+    }
+}
+
+void CtlCalibration::RaiseObjective() {
+    if (system_.communication.MotorPortOpenCheck()) {
+        system_.communication.MotorMoveRZ(ObjectiveRaise);
+        system_.failures.Show(
+            QStringLiteral("Adjust manipulator Z axis until needle tip is in focus.\r\n"
+                           "Do not adjust focus knob on microscope."));
+    } else {
+        system_.failures.Show(QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z"));
+    }
+}
+
+CtlCalibration::Step CtlCalibration::StepOfMode() const {
+    return modeButton_[FullCalibration].Value() ? Step::Marks : Step::Center;
+}
+
+// Coming and going.
+
+void CtlCalibration::Shown() {
+    EnterStepOfMode();
+    if (!At2x()) {
+        Timer1_->Enabled(true);
+    }
+    // Every recorded view needs the gauge.
+    const bool gauge = system_.communication.MagnescalePortOpenCheck();
+    EnableRecording(gauge);
+    confirmButton_[SetButton].Enabled(false);
+    EnableNeedles(system_.state.intTotalManipulatorNumber, gauge);
+}
+
+void CtlCalibration::Hidden() {
+    if (!At2x()) {
+        Timer1_->Enabled(false);
+    }
+}
+
+void CtlCalibration::ChangeMagnification(std::int16_t Magnification) {
+    const bool is2x = Magnification == Magnification2x;
+    Timer1_->Enabled(!is2x);
+    if (is2x) {
+        lblWaring_.hide();
+    }
+}
+
+void CtlCalibration::TotalManipulatorNumber(std::int16_t ManipulatorNumber) {
+    if (ManipulatorNumber < 0 || ManipulatorNumber > HighestManipulatorNumber) {
+        for (usrKVCheckButton& mode : modeButton_) {
+            mode.Enabled(false);
+        }
+        EnableRecording(false);
+        confirmButton_[SetButton].Enabled(false);
+    }
+    EnableNeedles(ManipulatorNumber, true);
+}
+
+// The words that the rules above are written in.
+
+bool CtlCalibration::At2x() const { return system_.state.intMagnification() == Magnification2x; }
+
+void CtlCalibration::EnableRecording(bool enabled) {
+    for (usrKVCheckButton& capture : captureButton_) {
+        capture.Enabled(enabled);
+    }
+    confirmButton_[ResetButton].Enabled(enabled);
+    confirmButton_[AllResetButton].Enabled(enabled);
+}
+
+void CtlCalibration::EnableNeedles(std::int16_t highest, bool enabled) {
+    for (usrKVCheckButton& button : needleButton_) {
+        button.Enabled(false);
+    }
+    for (std::int32_t needle = 0; needle <= highest; ++needle) {
+        needleButton_[Bounded(needle, needleButton_.size())].Enabled(enabled);
+    }
+}
+
+template <std::size_t Count>
+void CtlCalibration::PressOnly(std::array<usrKVCheckButton, Count>& group, std::size_t pressed) {
+    for (std::size_t index = 0; index < Count; ++index) {
+        group[index].SetRaised(index != pressed);
+    }
+}
+
+}  // namespace travo

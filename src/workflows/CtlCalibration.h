@@ -1,0 +1,148 @@
+// The panel that leads the operator through the calibration of one needle at a time.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "controls/PanelCanvas.h"
+#include "controls/PanelSteps.h"
+#include "controls/SkinImage.h"
+#include "controls/usrKVButton.h"
+#include "controls/usrKVCheckButton.h"
+#include "core/FailureHandler.h"
+#include "core/LiveLink.h"
+#include "core/Positions.h"
+#include "core/SharedState.h"
+#include "core/clsIniEdit.h"
+#include "devices/clsCommunication.h"
+#include "needle/clsNeedleMove.h"
+#include "platform/Clock.h"
+#include "workflows/CtlCalibrationValues.h"
+#include "workflows/CtlCalibrationWarning.h"
+
+namespace travo {
+
+// A full calibration records four positions of a needle: its tip on three marks of the image (points 0 to
+// 2) and in focus under the raised objective (point 3). A re-calibration records one, the tip on the
+// centre, and moves the reference point only. What has been captured stays here until SET.
+//
+// Presses of a capture button and of SET, RESET and ALLRESET report their failures themselves. A camera
+// that does not answer at any other change of step disturbs nothing. All else goes to the caller.
+class CtlCalibration : public PanelCanvas, public PanelSteps {
+    Q_OBJECT
+
+public:
+    // From one change of the blinking warning to the next, in milliseconds.
+    static constexpr int BlinkPeriod = 1000;
+
+    // What only the owner can do.
+    class Owner {
+    public:
+        virtual ~Owner() = default;
+        // The time of a needle's calibration (CalibOrRe 0) or re-calibration (1), as it is to be read; "-1"
+        // for none. ManiNo is 0 to 3.
+        virtual void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) = 0;
+    };
+
+    // Each outlives the panel.
+    struct System {
+        SharedState& state;
+        clsCommunication& communication;
+        clsNeedleMove& needleMove;
+        clsIniEdit& iniEdit;
+        LiveLink& live;
+        FailureHandler& failures;
+        const platform::Clock& clock;
+        platform::Timers& timers;
+        Owner& owner;
+    };
+
+    // programFolder holds the folder skin. Full calibration is chosen.
+    CtlCalibration(const System& system, const QString& programFolder, QWidget* parent = nullptr);
+
+    // The highest connected needle index, -1 for none. BoundsFailure above 3: there is no such button.
+    void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
+    // Another needle, index 0 to 3, is selected at the hardware. BoundsFailure for any other.
+    void ManipulatorChange(std::int16_t ManipulatorNumber);
+    // The magnification has been written. Positions are recorded at 2x alone.
+    void ChangeMagnification(std::int16_t Magnification);
+
+    void Shown() override;
+    void Hidden() override;
+
+private:
+    static constexpr std::size_t MarkCount = 3;
+    static constexpr std::size_t PointZ = 3;
+    static constexpr std::size_t PointCenter = 4;
+    static constexpr std::size_t CaptureCount = 5;
+    static constexpr std::size_t FullCalibration = 0;
+    static constexpr std::size_t SetButton = 0;
+    static constexpr std::size_t ResetButton = 1;
+    static constexpr std::size_t AllResetButton = 2;
+    // The highest index that a connection may report.
+    static constexpr std::int16_t HighestManipulatorNumber = 4;
+    static constexpr std::size_t PictureCount = 3;
+
+    enum class Step { Marks = 0, RaisedFocus = 1, Center = 2, AfterFullCalibration = 3 };
+
+    void Place(const QString& programFolder);
+    void PlaceModeAndNeedle(const QString& programFolder);
+    void PlaceRecord(const QString& programFolder);
+    void PlaceConfirm(const QString& programFolder);
+    void Connect();
+
+    // Index is 0 to 4: the marks, Z, the centre.
+    void CapturePressed(std::size_t Index);
+    void Capture(std::size_t Index);
+    // A needle's tip as its manipulator reports it.
+    struct Tip {
+        std::int16_t needle;
+        PositionXYZ counts;
+    };
+    // Raises for a record that says that nothing could be read, and for one that is no record.
+    Tip ReadTip();
+    void TellCameraCaptured(std::size_t Index);
+    void GoOnAfter(std::size_t Index);
+
+    void ConfirmPressed(std::size_t Index);
+    void Confirm(std::int16_t needle);
+    void Clear(std::int16_t needle);
+    void ModePressed(std::size_t Index);
+    void NeedlePressed(std::int16_t Index);
+
+    // Where a failing camera is reported by the handler of the press.
+    void ChangeCalibrationStep(Step step);
+    // Where nobody handles failures: an ill camera is passed over.
+    void EnterStepOfMode();
+    // All of a step but the camera.
+    void ShowStep(Step step);
+    void RaiseObjective();
+    Step StepOfMode() const;
+
+    bool At2x() const;
+    // What needs the gauge, besides the needle buttons.
+    void EnableRecording(bool enabled);
+    void EnableNeedles(std::int16_t highest, bool enabled);
+    // Shows one of a group as pressed and the others as raised.
+    template <std::size_t Count>
+    static void PressOnly(std::array<usrKVCheckButton, Count>& group, std::size_t pressed);
+
+    const System system_;
+
+    // The button has been used in this step, with or without success.
+    std::array<bool, CaptureCount> PointCaptured_{};
+    // The position has been recorded in this step.
+    std::array<bool, CaptureCount> recorded_{};
+    CtlCalibrationValues values_;
+
+    std::array<usrKVCheckButton, 2> modeButton_;
+    std::array<usrKVCheckButton, NeedleCount> needleButton_;
+    std::array<SkinImage, PictureCount> imgCalibPos_;
+    std::array<usrKVCheckButton, CaptureCount> captureButton_;
+    CtlCalibrationWarning lblWaring_;
+    std::array<usrKVButton, 3> confirmButton_;
+    std::unique_ptr<platform::Timer> Timer1_;
+};
+
+}  // namespace travo

@@ -18,18 +18,33 @@ std::string MirrorState(const Microscope& optics, const Words& words, Time now) 
            Flag(optics.MirrorMotorsOn()) + Flag(optics.AtLimit(AxisX)) + Flag(optics.AtLimit(AxisY));
 }
 
-std::string MoveMirror(Microscope& optics, std::int64_t x, std::int64_t y, Time now) {
-    if (optics.MoveMirror(AxisX, x, now) == MirrorMove::MotorsOff ||
-        optics.MoveMirror(AxisY, y, now) == MirrorMove::MotorsOff) {
+void MoveMirror(Microscope& optics, std::int32_t axis, std::int64_t target, Time now) {
+    if (optics.MoveMirror(axis, target, now) == MirrorMove::MotorsOff) {
         throw travo::Failure("the mirror's motors are off");
     }
+}
+
+std::string MoveMirrorTo(Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 2, 2);
+    const std::int32_t x = IntegerAt(words, 0);
+    const std::int32_t y = IntegerAt(words, 1);
+    MoveMirror(optics, AxisX, x, now);
+    MoveMirror(optics, AxisY, y, now);
     return {};
 }
 
+// An axis that is not jogged goes on as it goes.
 std::string JogMirror(Microscope& optics, const Words& words, Time now) {
     ExpectWords(words, 2, 2);
-    return MoveMirror(optics, std::int64_t{optics.MirrorCount(AxisX, now)} + IntegerAt(words, 0),
-                      std::int64_t{optics.MirrorCount(AxisY, now)} + IntegerAt(words, 1), now);
+    const std::int32_t x = IntegerAt(words, 0);
+    const std::int32_t y = IntegerAt(words, 1);
+    if (x != 0) {
+        MoveMirror(optics, AxisX, std::int64_t{optics.MirrorCount(AxisX, now)} + x, now);
+    }
+    if (y != 0) {
+        MoveMirror(optics, AxisY, std::int64_t{optics.MirrorCount(AxisY, now)} + y, now);
+    }
+    return {};
 }
 
 std::string SwitchMotors(Microscope& optics, const Words& words, Time now) {
@@ -97,10 +112,8 @@ std::string CameraState(const World& world, const Words& words, Time now) {
 void AddMirror(Commands& commands, Microscope& optics) {
     commands.Add("mirror state",
                  [&optics](const Words& words, Time now) { return MirrorState(optics, words, now); });
-    commands.Add("mirror move", [&optics](const Words& words, Time now) {
-        ExpectWords(words, 2, 2);
-        return MoveMirror(optics, IntegerAt(words, 0), IntegerAt(words, 1), now);
-    });
+    commands.Add("mirror move",
+                 [&optics](const Words& words, Time now) { return MoveMirrorTo(optics, words, now); });
     commands.Add("mirror jog",
                  [&optics](const Words& words, Time now) { return JogMirror(optics, words, now); });
     commands.Add("mirror motors",

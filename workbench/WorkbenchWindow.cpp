@@ -2,11 +2,16 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
+#include <algorithm>
 #include <array>
 
 namespace workbench {
 
 namespace {
+
+constexpr std::size_t OkLength = 3;  // "ok" and a blank
+// Of a long list, as of crossings, the beginning is enough.
+constexpr std::size_t LongestState = 120;
 
 struct Row {
     const char* text;
@@ -54,7 +59,9 @@ WorkbenchWindow::WorkbenchWindow(Ask ask) : ask_(std::move(ask)) {
 void WorkbenchWindow::Refresh() {
     for (const auto& [command, label] : states_) {
         const std::string answer = ask_(command);
-        label->setText(QString::fromStdString(answer.starts_with("ok ") ? answer.substr(3) : "-"));
+        const bool good = answer.starts_with("ok");
+        label->setText(QString::fromStdString(
+            good ? answer.substr(std::min(answer.size(), OkLength), LongestState) : "-"));
     }
     faults_->Show(ask_("fault list"));
 }

@@ -138,8 +138,8 @@ TEST(Wire, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMeanwhil
     second.Mirror().Replay(LogPath(), milliseconds(5000));
     EXPECT_TRUE(second.Mirror().Replays());
     second.Mirror().Receive("rD2R\r", milliseconds(5000));
-    EXPECT_EQ(second.Sent(second.Mirror(), 5050), "");
-    EXPECT_EQ(second.Sent(second.Mirror(), 5060), "oMAG3\r\n");
+    EXPECT_EQ(second.Sent(second.Mirror(), 5001), "");
+    EXPECT_EQ(second.Sent(second.Mirror(), 5010), "oMAG3\r\n");
     EXPECT_EQ(second.Sent(second.Mirror(), 5090), "");
     EXPECT_EQ(second.Sent(second.Mirror(), 5100), "aMGR3\r\n");
     EXPECT_EQ(second.Sent(second.Mirror(), 5300), "RZ5\r");

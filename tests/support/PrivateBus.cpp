@@ -22,7 +22,7 @@ const char* const Configuration =
     "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\""
     " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
     "<busconfig><type>session</type><listen>unix:dir=%1</listen>\n"
-    "<servicedir>%1/services</servicedir>\n"
+    "<servicedir>%1/services</servicedir><servicedir>%1/dbus-1/services</servicedir>\n"
     "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
     "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>%2</busconfig>\n";
 const char* const Full = "<limit name=\"max_connections_per_user\">0</limit>";

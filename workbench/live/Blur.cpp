@@ -1,9 +1,9 @@
 #include "workbench/live/Blur.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace workbench::live {
@@ -14,43 +14,70 @@ constexpr int Channels = 4;
 // Three running means one after the other come close to a Gaussian.
 constexpr int Passes = 3;
 
-using Sum = std::array<int, Channels>;
+// Channel values in memory order; what lies beyond the ends is transparent.
+using Bytes = std::vector<uchar>;
 
-// A row or a column of pixels; what lies beyond its ends is transparent.
-struct Line {
-    uchar* first;
-    int count;
-    std::ptrdiff_t step;
+// Divides by a running mean's width without a division: exact for sums of bytes over such widths.
+class Mean {
+public:
+    explicit Mean(int reach) : factor_((1U << 16U) / static_cast<std::uint32_t>(2 * reach + 1) + 1U) {}
+    uchar Of(std::uint32_t sum) const {
+        return static_cast<uchar>(std::min<std::uint32_t>(255U, sum * factor_ >> 16U));
+    }
 
-    uchar* At(int index) const { return first + index * step; }
+private:
+    std::uint32_t factor_;
 };
 
-void Add(Sum& sum, const uchar* pixel, int sign) {
+// The row's running mean; `copy` is room for it as it was.
+void MeanAlongRow(uchar* row, int width, int reach, Bytes& copy) {
+    const Mean mean(reach);
+    copy.assign(row, row + static_cast<std::ptrdiff_t>(width) * Channels);
     for (int channel = 0; channel < Channels; ++channel) {
-        sum[static_cast<std::size_t>(channel)] += sign * pixel[channel];
+        const uchar* const from = copy.data() + channel;
+        std::uint32_t sum = 0;
+        for (int x = 0; x < std::min(reach, width); ++x) {
+            sum += from[x * Channels];
+        }
+        for (int x = 0; x < width; ++x) {
+            sum += x + reach < width ? from[(x + reach) * Channels] : 0U;
+            sum -= x - reach - 1 >= 0 ? from[(x - reach - 1) * Channels] : 0U;
+            row[x * Channels + channel] = mean.Of(sum);
+        }
     }
 }
 
-void RunningMean(const Line& line, int reach, std::vector<uchar>& copy) {
-    copy.resize(static_cast<std::size_t>(line.count) * Channels);
-    for (int index = 0; index < line.count; ++index) {
-        std::copy_n(line.At(index), Channels, copy.data() + index * Channels);
+void AddRow(std::vector<std::uint32_t>& sums, const uchar* row) {
+    for (std::size_t index = 0; index < sums.size(); ++index) {
+        sums[index] += row[index];
     }
-    const int width = 2 * reach + 1;
-    Sum sum{};
-    for (int index = 0; index < std::min(reach, line.count); ++index) {
-        Add(sum, copy.data() + index * Channels, 1);
+}
+
+void SubtractRow(std::vector<std::uint32_t>& sums, const uchar* row) {
+    for (std::size_t index = 0; index < sums.size(); ++index) {
+        sums[index] -= row[index];
     }
-    for (int index = 0; index < line.count; ++index) {
-        if (index + reach < line.count) {
-            Add(sum, copy.data() + (index + reach) * Channels, 1);
+}
+
+// All columns at once, row by row: memory is read in its order.
+void MeanAlongColumns(QImage& image, int reach) {
+    const Mean mean(reach);
+    const QImage from = image.copy();
+    const int height = image.height();
+    std::vector<std::uint32_t> sums(static_cast<std::size_t>(image.width()) * Channels, 0U);
+    for (int y = 0; y < std::min(reach, height); ++y) {
+        AddRow(sums, from.constScanLine(y));
+    }
+    for (int y = 0; y < height; ++y) {
+        if (y + reach < height) {
+            AddRow(sums, from.constScanLine(y + reach));
         }
-        if (index - reach - 1 >= 0) {
-            Add(sum, copy.data() + (index - reach - 1) * Channels, -1);
+        if (y - reach - 1 >= 0) {
+            SubtractRow(sums, from.constScanLine(y - reach - 1));
         }
-        uchar* const pixel = line.At(index);
-        for (int channel = 0; channel < Channels; ++channel) {
-            pixel[channel] = static_cast<uchar>(sum[static_cast<std::size_t>(channel)] / width);
+        uchar* const row = image.scanLine(y);
+        for (std::size_t index = 0; index < sums.size(); ++index) {
+            row[index] = mean.Of(sums[index]);
         }
     }
 }
@@ -62,16 +89,12 @@ void BlurImage(QImage& image, double radius) {
     if (reach < 1) {
         return;
     }
-    uchar* const bits = image.bits();
-    const std::ptrdiff_t row = image.bytesPerLine();
-    std::vector<uchar> copy;
+    Bytes copy;
     for (int pass = 0; pass < Passes; ++pass) {
         for (int y = 0; y < image.height(); ++y) {
-            RunningMean({bits + y * row, image.width(), Channels}, reach, copy);
+            MeanAlongRow(image.scanLine(y), image.width(), reach, copy);
         }
-        for (int x = 0; x < image.width(); ++x) {
-            RunningMean({bits + x * Channels, image.height(), row}, reach, copy);
-        }
+        MeanAlongColumns(image, reach);
     }
 }
 

@@ -85,6 +85,7 @@ CameraWindow::CameraWindow(Wishes wishes)
     column->addWidget(pane_, 1);
     column->addLayout(texts);
     column->addLayout(buttons);
+    resize(layout()->totalSizeHint());
 }
 
 QPushButton* CameraWindow::AddButton(const QString& text, const QString& description,

@@ -18,6 +18,9 @@ LiveObject::LiveObject(std::function<void()> changed, std::function<void()> nobo
       nobody_(std::move(nobody)),
       bus_(QDBusConnection::sessionBus()),
       callers_([this] { End(); }) {
+    bus_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(BusGone()));
     watcher_.setConnection(bus_);
     watcher_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&watcher_, &QDBusServiceWatcher::serviceUnregistered, this, [this](const QString& caller) {

@@ -59,6 +59,9 @@ Q_SIGNALS:
     void WindowHide();
     void WindowClose();
 
+private Q_SLOTS:
+    void BusGone() { nobody_(); }
+
 private:
     // Counts the call and its caller; false where it is made to fail.
     bool Enter(const char* operation);

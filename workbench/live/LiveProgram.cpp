@@ -115,7 +115,8 @@ std::string LiveProgram::Answer(const std::string& line) {
 
 std::string LiveProgram::Work(const QStringList& words) {
     const QString command = words.value(0);
-    const double number = words.value(1).toDouble();
+    bool isNumber = false;
+    const double number = words.value(1).toDouble(&isNumber);
     // What ends or stops the program comes after its answer.
     const auto later = [this](auto procedure) { QTimer::singleShot(0, &window_, procedure); };
     if (command == QLatin1String("state")) {
@@ -134,9 +135,9 @@ std::string LiveProgram::Work(const QStringList& words) {
         later([this] { CloseByOperator(); });
     } else if (command == QLatin1String("kill")) {
         later([] { _exit(KilledExitCode); });
-    } else if (command == QLatin1String("hang") && number >= 0.0 && number <= LongestHang) {
+    } else if (command == QLatin1String("hang") && isNumber && number >= 0.0 && number <= LongestHang) {
         later([this, number] { Hang(number); });
-    } else if (command == QLatin1String("fail") && number >= 0.0 && number <= MostFailures) {
+    } else if (command == QLatin1String("fail") && isNumber && number >= 0.0 && number <= MostFailures) {
         object_.FailNext(static_cast<std::int64_t>(number));
     } else {
         throw std::runtime_error("not understood");

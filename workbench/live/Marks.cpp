@@ -39,15 +39,21 @@ void StrokeTwice(QPainter& painter, double width, Stroke stroke) {
     stroke();
 }
 
-void PaintText(QPainter& painter, const QPointF& centre, const QString& text) {
-    const QRectF box(centre.x() - 120.0, centre.y() - 12.0, 240.0, 24.0);
+// Left, centre or right of the text, half way up, stands at the place.
+void PaintText(QPainter& painter, const QPointF& place, Qt::Alignment alignment, const QString& text) {
+    const double width = 240.0;
+    const double left = alignment.testFlag(Qt::AlignLeft)    ? 0.0
+                        : alignment.testFlag(Qt::AlignRight) ? width
+                                                             : width / 2.0;
+    const QRectF box(place.x() - left, place.y() - 12.0, width, 24.0);
+    alignment |= Qt::AlignVCenter;
     painter.setPen(Dark);
     for (const QPointF& shift :
          {QPointF(1.2, 0.0), QPointF(-1.2, 0.0), QPointF(0.0, 1.2), QPointF(0.0, -1.2)}) {
-        painter.drawText(box.translated(shift), Qt::AlignCenter, text);
+        painter.drawText(box.translated(shift), static_cast<int>(alignment), text);
     }
     painter.setPen(Light);
-    painter.drawText(box, Qt::AlignCenter, text);
+    painter.drawText(box, static_cast<int>(alignment), text);
 }
 
 void PaintMark(QPainter& painter, const QString& name, const QPointF& place) {
@@ -57,7 +63,7 @@ void PaintMark(QPainter& painter, const QString& name, const QPointF& place) {
             painter.drawLine(QLineF(place + direction * 3.5, place + direction * CrossReach));
         }
     });
-    PaintText(painter, place + QPointF(RingRadius + 13.0, -RingRadius - 8.0), name);
+    PaintText(painter, place + QPointF(RingRadius + 5.0, -RingRadius - 8.0), Qt::AlignLeft, name);
 }
 
 // At the edge, in the direction in which the mark lies.
@@ -67,7 +73,7 @@ void PaintMarkOutside(QPainter& painter, const QString& name, const QPointF& pla
     QLineF arrow(at, place);
     arrow.setLength(14.0);
     StrokeTwice(painter, 2.0, [&] { painter.drawLine(arrow); });
-    PaintText(painter, at - QPointF(arrow.dx(), arrow.dy()) * 0.6, name);
+    PaintText(painter, at - QPointF(arrow.dx(), arrow.dy()) * 0.6, Qt::AlignHCenter, name);
 }
 
 double RoundLength(double longest) {
@@ -129,11 +135,11 @@ void PaintScaleBar(QPainter& painter, const QSizeF& field, const QRectF& rectang
     painter.save();
     const double scale = rectangle.width() / field.width();
     const double length = RoundLength(field.width() / 5.0);
-    const QPointF begin = rectangle.bottomLeft() + QPointF(16.0, -16.0);
+    const QPointF begin = rectangle.topLeft() + QPointF(16.0, 34.0);
     const QLineF bar(begin, begin + QPointF(length * scale, 0.0));
     StrokeTwice(painter, 3.0, [&] { painter.drawLine(bar); });
     painter.setFont(Lettering(13));
-    PaintText(painter, bar.center() - QPointF(0.0, 13.0), QString::number(length));
+    PaintText(painter, bar.center() - QPointF(0.0, 13.0), Qt::AlignHCenter, QString::number(length));
     painter.restore();
 }
 

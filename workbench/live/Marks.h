@@ -24,7 +24,7 @@ std::vector<Mark> MarksOf(Overlay overlay);
 // of at the edge.
 void PaintMarks(QPainter& painter, Overlay overlay, const QSizeF& field, const QRectF& rectangle);
 
-// A bar of a round length, bottom left.
+// A bar of a round length in common units, top left.
 void PaintScaleBar(QPainter& painter, const QSizeF& field, const QRectF& rectangle);
 
 }  // namespace workbench::live

@@ -48,13 +48,16 @@ void PaintBlurred(QPainter& painter, const QRectF& bounds, double radius,
     painter.drawImage(QRectF(area.topLeft(), QSizeF(layer.size()) * shrink), layer);
 }
 
-void PaintLight(QPainter& painter) {
-    const QPointF centre = WholePicture().center();
-    QRadialGradient light(centre, 0.64 * PictureSize.width());
-    light.setColorAt(0.0, QColor(236, 231, 216));
-    light.setColorAt(0.7, QColor(219, 213, 196));
-    light.setColorAt(1.0, QColor(178, 171, 154));
-    painter.fillRect(WholePicture(), light);
+// The lamp's light through the empty dish, brightest in the middle.
+QImage Light() {
+    QImage light(PictureSize, QImage::Format_RGB32);
+    QPainter painter(&light);
+    QRadialGradient shine(WholePicture().center(), 0.64 * PictureSize.width());
+    shine.setColorAt(0.0, QColor(236, 231, 216));
+    shine.setColorAt(0.7, QColor(219, 213, 196));
+    shine.setColorAt(1.0, QColor(178, 171, 154));
+    painter.fillRect(WholePicture(), shine);
+    return light;
 }
 
 QFont Lettering(double pixels) {
@@ -71,12 +74,13 @@ QImage PaintPicture(const WorkbenchClient::CameraState& scene) {
     if (scene.fieldOfView[0] <= 0.0) {
         return PaintEmptyPicture(QStringLiteral("The microscope stands between two objectives."));
     }
-    QImage picture(PictureSize, QImage::Format_RGB32);
+    // Always the same, and the dearest part of the picture.
+    static const QImage light = Light();
+    QImage picture = light;
     const View view({scene.viewCentre[0], scene.viewCentre[1]}, FieldOf(&scene, 0), PictureSize);
     const auto radius = [&](double z) { return BlurRadius(z - scene.focusZ, view.PixelsPerUnit()); };
     QPainter painter(&picture);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    PaintLight(painter);
     PaintBlurred(painter, WholePicture(), radius(0.0), [&](QPainter& own) { PaintGrain(own, view); });
     for (const auto& cell : scene.cells) {
         PaintBlurred(painter, CellBounds(cell, view), radius(cell.place[2]),

@@ -3,8 +3,10 @@
 #include <QLineF>
 #include <QPolygonF>
 #include <QRadialGradient>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace workbench::live {
 
@@ -14,6 +16,8 @@ namespace {
 constexpr double TipHalfWidth = 0.8;
 constexpr double ShaftHalfWidth = 14.0;
 constexpr double TaperLength = 420.0;
+// The wall of the capillary, seen from above.
+constexpr double WallPixels = 1.8;
 
 // Grain: at most one speck in each square of this side, in common units, and its largest radius.
 struct GrainSize {
@@ -53,33 +57,41 @@ void PaintGrainOf(QPainter& painter, const View& view, const GrainSize& size, st
     }
 }
 
-// The needle's outline, and lines along it at a share of the half width to each side.
+// A needle along its shaft, as far as the picture can show it.
 struct NeedleShape {
     QPointF tip;
     QPointF along;   // one unit from the tip towards the rear
     QPointF across;  // one unit to the side
     double length;
+    double taper;  // the drawn-out part of it
 
     QPointF At(double distance, double side) const { return tip + along * distance + across * side; }
+    double HalfWidth() const { return TipHalfWidth + (ShaftHalfWidth - TipHalfWidth) * taper / TaperLength; }
 };
 
-NeedleShape ShapeOf(const WorkbenchClient::CameraState::Needle& needle) {
+NeedleShape ShapeOf(const WorkbenchClient::CameraState::Needle& needle, const View& view) {
     const QPointF tip(needle.tip[0], needle.tip[1]);
     const QLineF shaft(tip, QPointF(needle.rear[0], needle.rear[1]));
     const double length = shaft.length();
     const QPointF along =
         length > 0.0 ? QPointF(shaft.dx() / length, shaft.dy() / length) : QPointF(0.0, 0.0);
-    return {tip, along, QPointF(-along.y(), along.x()), length};
+    const QPointF corner = view.Place({0.0, 0.0});
+    const QPointF opposite = view.Place({view.Picture().width(), view.Picture().height()});
+    const double farthest = std::max(QLineF(tip, corner).length(),
+                                     QLineF(corner, opposite).length() + QLineF(tip, opposite).length());
+    const double shown = std::min(length, std::max(farthest, TaperLength));
+    return {tip, along, QPointF(-along.y(), along.x()), shown, std::min(TaperLength, length)};
 }
 
-QPolygonF NeedleBody(const NeedleShape& shape, const View& view, double share) {
-    const double taper = std::min(TaperLength, shape.length);
-    const double wide = TipHalfWidth + (ShaftHalfWidth - TipHalfWidth) * taper / TaperLength;
+// The outline, drawn in on all sides by so many common units.
+QPolygonF NeedleBody(const NeedleShape& shape, const View& view, double inset) {
+    const double fine = std::max(0.0, TipHalfWidth - inset);
+    const double wide = std::max(0.0, shape.HalfWidth() - inset);
     QPolygonF body;
     for (const auto& [distance, half] :
-         {std::pair{0.0, TipHalfWidth}, std::pair{taper, wide}, std::pair{shape.length, wide},
-          std::pair{shape.length, -wide}, std::pair{taper, -wide}, std::pair{0.0, -TipHalfWidth}}) {
-        body << view.Pixel(shape.At(distance, half * share));
+         {std::pair{inset, fine}, std::pair{shape.taper, wide}, std::pair{shape.length, wide},
+          std::pair{shape.length, -wide}, std::pair{shape.taper, -wide}, std::pair{inset, -fine}}) {
+        body << view.Pixel(shape.At(distance, half));
     }
     return body;
 }
@@ -119,18 +131,19 @@ void PaintCell(QPainter& painter, const WorkbenchClient::CameraState::Cell& cell
 }
 
 QRectF NeedleBounds(const WorkbenchClient::CameraState::Needle& needle, const View& view) {
-    return NeedleBody(ShapeOf(needle), view, 1.0).boundingRect().adjusted(-2.0, -2.0, 2.0, 2.0);
+    return NeedleBody(ShapeOf(needle, view), view, 0.0).boundingRect().adjusted(-2.0, -2.0, 2.0, 2.0);
 }
 
 void PaintNeedle(QPainter& painter, const WorkbenchClient::CameraState::Needle& needle, const View& view) {
-    const NeedleShape shape = ShapeOf(needle);
-    const double wall = std::max(1.2, 1.1 * view.PixelsPerUnit());
-    painter.setPen(QPen(QColor(52, 66, 78, 230), wall, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.setBrush(QColor(150, 166, 176, 120));
-    painter.drawPolygon(NeedleBody(shape, view, 1.0));
+    const NeedleShape shape = ShapeOf(needle, view);
+    const double wall = WallPixels / view.PixelsPerUnit();
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(240, 244, 246, 120));
-    painter.drawPolygon(NeedleBody(shape, view, 0.45));
+    painter.setBrush(QColor(52, 66, 78, 235));
+    painter.drawPolygon(NeedleBody(shape, view, 0.0));
+    painter.setBrush(QColor(190, 198, 200, 255));
+    painter.drawPolygon(NeedleBody(shape, view, wall));
+    painter.setBrush(QColor(226, 228, 222, 255));
+    painter.drawPolygon(NeedleBody(shape, view, std::max(2.0 * wall, 0.55 * shape.HalfWidth())));
 }
 
 }  // namespace workbench::live

@@ -28,6 +28,23 @@ constexpr unsigned long ReleasePause = 1;  // ms
     throw LiveCameraFailure((what + QStringLiteral(": ") + why).toStdString());
 }
 
+[[noreturn]] void RaiseEndedAtOnce() { Raise(ServiceName(), QStringLiteral("it has ended at once")); }
+
+// A question to the bus itself.
+QDBusMessage BusCall(const QString& question, const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createMethodCall(BusName(), BusPath(), BusName(), question);
+    message.setArguments(arguments);
+    return message;
+}
+
+// The reply itself, where it is none of a failure.
+const QDBusMessage& Expect(const QDBusMessage& reply) {
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        Raise(QStringLiteral("The live camera"), reply.errorName() + QLatin1Char(' ') + reply.errorMessage());
+    }
+    return reply;
+}
+
 // Asked for by hand: the library's own search would start a bus where there is none.
 QString BusAddress() {
     const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
@@ -64,12 +81,11 @@ private Q_SLOTS:
 
 private:
     void Join();
+    void Hold(const QString& owner);
     void Forget();
     void Lose();
     void WaitForRelease();
     QString PresentOwner();
-    QDBusMessage AskBus(const QString& question, const QVariantList& arguments,
-                        std::chrono::milliseconds limit);
     QDBusMessage Exchange(QDBusMessage message, std::chrono::milliseconds limit);
 
     const QtLiveCamera::Limits limits_;
@@ -84,18 +100,24 @@ void LiveBus::Create(LiveCamera::Listener& listener) {
     Forget();
     Join();
     WaitForRelease();
-    AskBus(QStringLiteral("StartServiceByName"), {ServiceName(), 0U}, limits_.start);
-    const QString owner = PresentOwner();
+    Expect(Exchange(BusCall(QStringLiteral("StartServiceByName"), {ServiceName(), 0U}), limits_.start));
+    Hold(PresentOwner());
+    listener_ = &listener;
+}
+
+void LiveBus::Hold(const QString& owner) {
+    if (owner.isEmpty()) {
+        RaiseEndedAtOnce();
+    }
     connection_->connect(BusName(), BusPath(), BusName(), QStringLiteral("NameOwnerChanged"), {owner},
                          QString(), this, SLOT(OwnerChanged(QString, QString, QString)));
     owner_ = owner;
     // A program that went before it was watched tells nothing of it.
-    if (owner.isEmpty() ||
-        !AskBus(QStringLiteral("NameHasOwner"), {owner}, limits_.call).arguments().value(0).toBool()) {
+    const QDBusMessage there = Exchange(BusCall(QStringLiteral("NameHasOwner"), {owner}), limits_.call);
+    if (!there.arguments().value(0).toBool()) {
         Forget();
-        Raise(ServiceName(), QStringLiteral("it has ended at once"));
+        RaiseEndedAtOnce();
     }
-    listener_ = &listener;
 }
 
 void LiveBus::Call(QLatin1String operation, const QVariantList& arguments) {
@@ -104,7 +126,7 @@ void LiveBus::Call(QLatin1String operation, const QVariantList& arguments) {
     }
     QDBusMessage message = QDBusMessage::createMethodCall(owner_, ObjectPath(), InterfaceName(), operation);
     message.setArguments(arguments);
-    Exchange(std::move(message), limits_.call);
+    Expect(Exchange(std::move(message), limits_.call));
 }
 
 void LiveBus::Join() {
@@ -169,28 +191,19 @@ void LiveBus::WaitForRelease() {
     closing_.clear();
 }
 
+// One question, so that the answer cannot be out of date half way.
 QString LiveBus::PresentOwner() {
-    const QVariantList name{ServiceName()};
-    if (!AskBus(QStringLiteral("NameHasOwner"), name, limits_.call).arguments().value(0).toBool()) {
+    const QDBusMessage reply =
+        Exchange(BusCall(QStringLiteral("GetNameOwner"), {ServiceName()}), limits_.call);
+    if (reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner")) {
         return QString();
     }
-    return AskBus(QStringLiteral("GetNameOwner"), name, limits_.call).arguments().value(0).toString();
-}
-
-QDBusMessage LiveBus::AskBus(const QString& question, const QVariantList& arguments,
-                             std::chrono::milliseconds limit) {
-    QDBusMessage message = QDBusMessage::createMethodCall(BusName(), BusPath(), BusName(), question);
-    message.setArguments(arguments);
-    return Exchange(std::move(message), limit);
+    return Expect(reply).arguments().value(0).toString();
 }
 
 QDBusMessage LiveBus::Exchange(QDBusMessage message, std::chrono::milliseconds limit) {
     message.setAutoStartService(false);
-    QDBusMessage reply = connection_->call(message, QDBus::Block, static_cast<int>(limit.count()));
-    if (reply.type() != QDBusMessage::ReplyMessage) {
-        Raise(message.member(), reply.errorName() + QStringLiteral(" ") + reply.errorMessage());
-    }
-    return reply;
+    return connection_->call(message, QDBus::Block, static_cast<int>(limit.count()));
 }
 
 void LiveBus::Event(const QDBusMessage& message) {

@@ -1,4 +1,6 @@
 // The connection panel: the buttons that open a port, and the way back when one of them fails.
+#include <utility>
+
 #include "devices/ConnectionRig.h"
 
 namespace travo::test {
@@ -199,6 +201,23 @@ TEST_P(EachFailure, AFailureOnTheWayBackIsReportedOnItsOwn) {
     // The link reports that its port does not close, the panel that the connection failed.
     ASSERT_EQ(Shown().size(), 2);
     EXPECT_EQ(Shown().back(), NameOfRow(row) + QStringLiteral(" : Connection failed"));
+}
+
+class EachFailureOfTheView : public EachPort {};
+INSTANTIATE_TEST_SUITE_P(Rows, EachFailureOfTheView, ::testing::Values(0, 1), RowName);
+
+TEST_P(EachFailureOfTheView, WhatArrivesWhileThePortRefusesToCloseIsForgottenToo) {
+    const int row = GetParam();
+    OpenPorts();
+    Port(row).failClose = true;
+    rig.boxes.whileShown = [this, row, told = false]() mutable {
+        if (!std::exchange(told, true)) {
+            Answer(row);
+        }
+    };
+    Type(row, QStringLiteral("99999"));
+    Press(row);
+    ExpectForgotten(row);
 }
 
 }  // namespace

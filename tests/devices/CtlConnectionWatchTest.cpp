@@ -145,6 +145,16 @@ TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsRefusedAtTheSe
     EXPECT_EQ(Port(row).TakeOutput(), row == MagnescaleRow ? "Ar\r\nAr\r\n" : "");
 }
 
+TEST_P(EachInstrument, ShowingThePanelNoLongerCallsOneConnectedWhosePortHasVanished) {
+    const int row = GetParam();
+    StartWatch(row);
+    Answer(row);
+    Tick(row);
+    Port(row).open = false;
+    panel.Shown();
+    EXPECT_EQ(State(row), QStringLiteral("At rest"));
+}
+
 TEST_F(CtlConnectionWatch, AllThreeRunAtOnce) {
     for (int row = 0; row < 3; ++row) {
         Type(row, QString::number(row + 1));

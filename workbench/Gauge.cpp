@@ -48,7 +48,7 @@ std::string Gauge::Reading(Time now) const {
     const long units =
         std::clamp(std::lround(world_.Optics().GaugeReading(now)), -HighestReading, HighestReading);
     const long size = std::abs(units);
-    std::array<char, 24> text{};
+    std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "A%c%02ld.%03ld\r\n", units < 0 ? '-' : '+', size / 1000,
                   size % 1000);
     return text.data();

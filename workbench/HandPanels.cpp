@@ -138,6 +138,7 @@ FaultPanel::FaultPanel(Ask ask) : QGroupBox(QStringLiteral("Faults")), ask_(std:
     AddMirror(*layout, 7);
     AddMotorAndGauge(*layout, 7);
     AddDriver(*layout, 3);
+    layout->setRowStretch(layout->rowCount(), 1);
 }
 
 void FaultPanel::Show(const std::string& faults) {

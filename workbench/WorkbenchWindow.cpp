@@ -24,7 +24,7 @@ constexpr std::array<Row, 15> Rows = {{{"Needle 1 (tip X Y Z, at rest)", "world 
                                        {"Crossings", "world crossings"},
                                        {"View centre (now, at rest)", "world view"},
                                        {"Mirror (x y, at rest, motors, limits)", "mirror state"},
-                                       {"Magnification", "magnification"},
+                                       {"Magnification (index)", "magnification"},
                                        {"Focus (Z, at rest, counts)", "focus state"},
                                        {"Gauge (reading, zero)", "gauge state"},
                                        {"Wires (port, cable, open)", "wire list"},

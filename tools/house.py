@@ -3,8 +3,8 @@
 
 Faults, which fail the check: rings of includes between rooms (a room is a source with its header)
 and includes that run up a floor. There is no list of exceptions. Also faults: a file over
-400 lines or a function over 60 lines that is not in the list below, and an entry of that list
-that is no longer true, so that the list can only shrink.
+400 lines, and outside the tests, whose tables are long, a function over 60 lines, that is not in
+the list below; and an entry of that list that is no longer true, so that it can only shrink.
 """
 import os
 import re
@@ -122,7 +122,8 @@ def main():
     over = {path: content.count("\n") for path, content in text.items()
             if content.count("\n") > MOST_LINES_OF_A_FILE}
     for path, content in text.items():
-        over.update(dict(long_functions(path, content)))
+        if not path.startswith("tests/"):
+            over.update(dict(long_functions(path, content)))
     for entry, lines in sorted(over.items()):
         if entry not in TOLERATED:
             faults.append(f"too large: {entry} has {lines} lines")

@@ -268,9 +268,13 @@ void CtlConnection::ForgetView(Row row) {
 }
 
 void CtlConnection::ConnectTimer_Timer(Row row) {
-    constexpr void (CtlConnection::*Watches[])() = {
-        &CtlConnection::WatchMirror, &CtlConnection::WatchMagnescale, &CtlConnection::WatchMotor};
-    (this->*Watches[row])();
+    if (row == Mirror) {
+        WatchMirror();
+    } else if (row == Magnescale) {
+        WatchMagnescale();
+    } else {
+        WatchMotor();
+    }
     ConnectRetryCount(row) = ToInteger16(Sum(ConnectRetryCount(row), 1));
 }
 

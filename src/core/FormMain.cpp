@@ -147,20 +147,28 @@ void FormMain::ResizeStep() {
 void FormMain::MagnificationChanged(std::int16_t magnification) {
     panels_->CtlExperiment1.ChangeMagnification();
     objects_.Live->AnnounceMagnification(magnification);
+    panels_->CtlCalibration1.ChangeMagnification(magnification);
 }
 
 void FormMain::ViewChanged() { objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2); }
 
 void FormMain::TotalManipulatorNumber(std::int16_t number) {
     panels_->CtlConnection1.StateChange();
+    panels_->CtlCalibration1.TotalManipulatorNumber(number);
     panels_->CtlExperiment1.TotalManipulatorNumber(number);
 }
 
-void FormMain::ManipulatorChange(std::int16_t number) { panels_->CtlExperiment1.ManipulatorChange(number); }
+void FormMain::ManipulatorChange(std::int16_t number) {
+    panels_->CtlCalibration1.ManipulatorChange(number);
+    panels_->CtlExperiment1.ManipulatorChange(number);
+}
 
 void FormMain::ChangeNeedleXYZ(std::int16_t, const PositionXYZ&) {}
 
-void FormMain::ChangeZeroPosition() { panels_->CtlCellPosition1.ChangeZeroPosition(); }
+void FormMain::ChangeZeroPosition() {
+    panels_->CtlCellPosition1.ChangeZeroPosition();
+    panels_->CtlEscape1.ChangeZeroPosition();
+}
 
 void FormMain::ChangeCurrentXYZ(const PositionXYZ& currentXYZ) {
     panels_->CtlExperiment1.ChangeCurrentXYZ(currentXYZ);
@@ -178,7 +186,7 @@ void FormMain::DefaultSize(const WindowSize& size) {
 
 void FormMain::ConstructPanels() {
     panels_ = std::make_unique<FormMainPanels>(machine_, state_, objects_,
-                                               FormMainPanels::Owner{*this, *this}, this);
+                                               FormMainPanels::Owner{*this, *this, *this}, this);
     tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
                                            [this] { ResizeStep(); });
 }
@@ -245,6 +253,8 @@ void FormMain::ModeChange(bool bWizerd) { tabs_->ModeChange(bWizerd); }
 void FormMain::ShowWindow(std::int32_t) {}
 
 void FormMain::HideWindow(std::int32_t) {}
+
+void FormMain::SetCalibTime(std::int16_t, const QString&, std::int16_t) {}
 
 void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }
 

@@ -27,7 +27,8 @@ class FormMain : public QWidget,
                  private clsCommunication::Listener,
                  private LiveLink::Listener,
                  private CtlUser::Owner,
-                 private CtlCellPosition::Owner {
+                 private CtlCellPosition::Owner,
+                 private CtlCalibration::Owner {
     Q_OBJECT
 
 public:
@@ -98,6 +99,8 @@ private:
     void HideWindow(std::int32_t Index) override;
     // CtlCellPosition::Owner
     void ZeroPointReset() override;
+    // CtlCalibration::Owner
+    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
 
     platform::Machine machine_;
     SharedState state_;

@@ -18,22 +18,32 @@ FormMainPanels::FormMainPanels(const platform::Machine& machine, SharedState& st
     : CtlExperiment1({state, *objects.cCommunication, *objects.cNeedleMove, *objects.cNeedleSynchro,
                       *objects.cEscape, *objects.cMirrorMove, *objects.Live, machine.boxes, machine.timers},
                      machine.folders.Program(), window),
+      CtlCalibration1({state, *objects.cCommunication, *objects.cNeedleMove, *objects.cIniEdit, *objects.Live,
+                       objects.Failures, machine.clock, machine.timers, owner.calibration},
+                      machine.folders.Program(), window),
       CtlCellPosition1({state, *objects.cCommunication, *objects.Live, owner.cellPosition},
                        machine.folders.Program(), window),
+      CtlEscape1({state, *objects.cCommunication, *objects.cEscape, *objects.Live}, machine.folders.Program(),
+                 window),
       CtlConnection1({state, *objects.cCommunication, *objects.cIniEdit, *objects.Live, objects.Failures,
                       machine.pointer, machine.serialPortList, machine.timers},
                      machine.folders.Program(), window),
       CtlUser1({state, *objects.Live, *objects.cNeedleMove, *objects.cObjectiveUpDown, objects.Failures,
                 machine.profile, machine.folders, owner.user},
                machine.folders.Program(), window) {
-    for (QWidget* const panel :
-         std::initializer_list<QWidget*>{&CtlExperiment1, &CtlCellPosition1, &CtlConnection1, &CtlUser1}) {
+    for (QWidget* const panel : All()) {
         panel->hide();
     }
 }
 
+std::array<QWidget*, 6> FormMainPanels::All() {
+    return {&CtlExperiment1, &CtlCalibration1, &CtlCellPosition1, &CtlEscape1, &CtlConnection1, &CtlUser1};
+}
+
 FormMainTabs::Panels FormMainPanels::ForTabs() {
     FormMainTabs::Panels panels;
+    panels.calibration = ForTab(CtlCalibration1);
+    panels.escape = ForTab(CtlEscape1);
     panels.cellPosition = ForTab(CtlCellPosition1);
     panels.connection = ForTab(CtlConnection1);
     panels.experiment = ForTab(CtlExperiment1);
@@ -42,8 +52,7 @@ FormMainTabs::Panels FormMainPanels::ForTabs() {
 }
 
 void FormMainPanels::Place(const QRect& rectangle) {
-    for (QWidget* const panel :
-         std::initializer_list<QWidget*>{&CtlExperiment1, &CtlCellPosition1, &CtlConnection1, &CtlUser1}) {
+    for (QWidget* const panel : All()) {
         panel->setGeometry(rectangle);
     }
 }

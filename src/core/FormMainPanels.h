@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <array>
 
 #include "core/CtlUser.h"
 #include "core/FormMainObjects.h"
@@ -12,6 +13,8 @@
 #include "experiment/CtlCellPosition.h"
 #include "experiment/CtlExperiment2.h"
 #include "platform/Machine.h"
+#include "workflows/CtlCalibration.h"
+#include "workflows/CtlEscape.h"
 
 namespace travo {
 
@@ -21,6 +24,7 @@ public:
     struct Owner {
         CtlUser::Owner& user;
         CtlCellPosition::Owner& cellPosition;
+        CtlCalibration::Owner& calibration;
     };
 
     // The objects are alive.
@@ -32,9 +36,14 @@ public:
     void Place(const QRect& rectangle);
 
     CtlExperiment2 CtlExperiment1;
+    CtlCalibration CtlCalibration1;
     CtlCellPosition CtlCellPosition1;
+    CtlEscape CtlEscape1;
     CtlConnection CtlConnection1;
     CtlUser CtlUser1;
+
+private:
+    std::array<QWidget*, 6> All();
 };
 
 }  // namespace travo

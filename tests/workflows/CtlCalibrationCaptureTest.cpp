@@ -1,0 +1,325 @@
+// What a press of a capture button records, tells and refuses, and the steps that follow.
+#include "workflows/CtlCalibrationBench.h"
+
+namespace travo::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class CtlCalibrationCapture : public CtlCalibrationBench {
+protected:
+    // A capture with a camera, up to what the camera is told last.
+    static Journal Capture(const std::string& overlay) {
+        return Joined({{"LiveActionStart"}, Requests, {"DriverGetPosition", "LiveActionEnd", overlay}});
+    }
+    // The failure's log line and box, and the camera's end.
+    void ExpectCaptureFailed() {
+        EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
+        EXPECT_EQ(LogTexts(rig.log).last(), CaptureFailed);
+        const Journal told = Take();
+        ASSERT_GE(told.size(), 2U);
+        EXPECT_EQ(told.at(told.size() - 2), "box " + CaptureFailed.toStdString());
+        EXPECT_EQ(told.back(), "LiveActionEnd");
+    }
+};
+
+// Magnification.
+
+TEST_F(CtlCalibrationCapture, APressAtAMagnificationOtherThanIndex2CapturesNothing) {
+    for (const int mode : {Full, Re}) {
+        Click(Mode(mode));
+        const std::string before = OnShow();
+        for (const std::int16_t magnification : std::initializer_list<std::int16_t>{0, 1, 3}) {
+            rig.state.ClearMagnification();
+            rig.state.CurrentMagnification(magnification);
+            for (const int index : mode == Full ? std::vector{A, B, C} : std::vector{Centre}) {
+                Take();
+                Click(Point(index));
+                EXPECT_EQ(OnShow(), before) << "the button is raised again";
+                EXPECT_THAT(Take(), ElementsAre("box " + AdjustMagnification.toStdString()));
+                EXPECT_EQ(TakeBoxes(), QStringList{AdjustMagnification});
+                EXPECT_FALSE(Confirm(Set).Enabled());
+            }
+        }
+        rig.state.CurrentMagnification(2);
+    }
+    EXPECT_EQ(LogTexts(rig.log), QStringList());
+}
+
+TEST_F(CtlCalibrationCapture, TheMagnificationBoxIsAPlainOne) {
+    rig.state.CurrentMagnification(3);
+    Click(Point(A));
+    EXPECT_EQ(rig.boxes.shown.at(0).buttons, platform::BoxButtons::OK);
+    EXPECT_EQ(rig.boxes.shown.at(0).icon, platform::BoxIcon::None);
+}
+
+TEST_F(CtlCalibrationCapture, AfterAPressAtTheWrongMagnificationThePointCanBeCaptured) {
+    rig.state.CurrentMagnification(1);
+    Click(Point(B));
+    rig.state.CurrentMagnification(2);
+    Take();
+    Click(Point(B));
+    EXPECT_EQ(OnShow(), "A [B] C picture 0");
+    EXPECT_EQ(Take(), Capture("LiveCalibPoints"));
+}
+
+TEST_F(CtlCalibrationCapture, ACapturedButtonPressedAtTheWrongMagnificationStaysDownAndCounts) {
+    CaptureAt(A, Straight[0]);
+    CaptureAt(B, Straight[1]);
+    rig.state.CurrentMagnification(3);
+    Click(Point(A));
+    EXPECT_EQ(OnShow(), "[A] [B] C picture 0");
+    EXPECT_EQ(TakeBoxes(), QStringList{AdjustMagnification});
+    rig.state.CurrentMagnification(2);
+    CaptureAt(C, Straight[2]);
+    EXPECT_EQ(OnShow(), "Z picture 1");
+}
+
+// What is told, in order.
+
+TEST_F(CtlCalibrationCapture, EachCaptureButtonTellsTheCameraAsksAndReadsInOrder) {
+    for (const int mark : {B, A}) {
+        Click(Point(mark));
+        EXPECT_EQ(Take(), Capture("LiveCalibPoints"));
+    }
+    Click(Point(C));
+    EXPECT_EQ(Take(), Joined({Capture("LiveCalibPoints"),
+                              {"port 3 > RELMOVEZ10000\r", "ControlONOFF 0", "box " + FocusBox.toStdString(),
+                               "LiveCalibZ"}}));
+    Click(Point(Z));
+    EXPECT_EQ(Take(), Capture("LiveCalibPoints"));
+    Click(Mode(Re));
+    Take();
+    Click(Point(Centre));
+    EXPECT_EQ(Take(), Capture("LiveCalibCenter"));
+}
+
+TEST_F(CtlCalibrationCapture, WithoutLiveOpenNoCaptureTellsTheCameraAnything) {
+    rig.state.LiveOpen = false;
+    const Journal told = Joined({Requests, {"DriverGetPosition"}});
+    Click(Point(A));
+    Click(Point(B));
+    Take();
+    Click(Point(C));
+    EXPECT_EQ(
+        Take(),
+        Joined({told, {"port 3 > RELMOVEZ10000\r", "ControlONOFF 0", "box " + FocusBox.toStdString()}}));
+    Click(Point(Z));
+    EXPECT_EQ(Take(), told);
+    Click(Mode(Re));
+    Click(Point(Centre));
+    EXPECT_EQ(Take(), told);
+}
+
+TEST_F(CtlCalibrationCapture, ASecondPressOfACapturedButtonChangesNothing) {
+    CaptureAt(A, Straight[0]);
+    Take();
+    Tip({1, 2, 3});
+    View({7, 8, 9});
+    Click(Point(A));
+    EXPECT_EQ(OnShow(), "[A] B C picture 0");
+    EXPECT_THAT(Take(), IsEmpty());
+    CaptureAt(B, Straight[1]);
+    CaptureAt(C, Straight[2]);
+    CaptureAt(Z, Straight[3]);
+    Take();
+    Click(Point(Z));
+    EXPECT_EQ(OnShow(), "[Z] picture 1");
+    EXPECT_TRUE(Confirm(Set).Enabled());
+    EXPECT_THAT(Take(), IsEmpty());
+    Click(Confirm(Set));
+    EXPECT_EQ(rig.needleMove.ManipulatorCalibrationPosXYZ(0, 0, 0), Straight[0][0]);
+}
+
+// Steps.
+
+TEST_F(CtlCalibrationCapture, PressingPositionZIsPossibleOnlyAfterAllOfPositionAPositionBPositionC) {
+    for (const std::array<int, 3>& order : {std::array{A, B, C}, std::array{C, A, B}, std::array{B, C, A}}) {
+        Click(Mode(Full));
+        for (const int mark : order) {
+            EXPECT_TRUE(Point(Z).isHidden());
+            Click(Point(mark));
+        }
+        EXPECT_EQ(OnShow(), "Z picture 1");
+        EXPECT_TRUE(Point(Z).Enabled());
+    }
+}
+
+TEST_F(CtlCalibrationCapture, TheMotorRaiseAndLoweringHappenOnlyWithTheMotorPortOpen) {
+    for (const bool open : {true, false}) {
+        if (!open) {
+            rig.communication.MotorPortClose();
+        }
+        rig.MotorPort().TakeOutput();
+        CaptureMarks();
+        EXPECT_EQ(rig.MotorPort().TakeOutput(), open ? "RELMOVEZ10000\r" : "");
+        EXPECT_EQ(TakeBoxes(), QStringList{open ? FocusBox : RaiseBox});
+        EXPECT_EQ(OnShow(), "Z picture 1");
+        CaptureAt(Z, Straight[3]);
+        EXPECT_EQ(rig.MotorPort().TakeOutput(), "");
+        Click(Confirm(Set));
+        EXPECT_EQ(rig.MotorPort().TakeOutput(), open ? "RELMOVEZ-10000\r" : "");
+        EXPECT_EQ(OnShow(), "A B C picture 0");
+        EXPECT_THAT(TakeBoxes(), IsEmpty());
+    }
+}
+
+TEST_F(CtlCalibrationCapture, WithTheMotorPortClosedTheOperatorIsToldAndThenTheCamera) {
+    rig.communication.MotorPortClose();
+    CaptureAt(A, Straight[0]);
+    CaptureAt(B, Straight[1]);
+    Take();
+    CaptureAt(C, Straight[2]);
+    EXPECT_EQ(Take(), Joined({Capture("LiveCalibPoints"), {"box " + RaiseBox.toStdString(), "LiveCalibZ"}}));
+}
+
+TEST_F(CtlCalibrationCapture, TheStepIsOnShowBehindItsBox) {
+    std::string behind;
+    rig.boxes.whileShown = [this, &behind] { behind = OnShow(); };
+    CaptureMarks();
+    EXPECT_EQ(behind, "Z picture 1");
+}
+
+TEST_F(CtlCalibrationCapture, ACameraThatGoesWhileTheBoxStandsIsNotToldTheStep) {
+    rig.boxes.whileShown = [this] { rig.camera.TellWindowClose(); };
+    CaptureMarks();
+    EXPECT_EQ(TakeBoxes(), QStringList{FocusBox});
+    EXPECT_EQ(rig.journal.back(), "Live_WindowClose");
+}
+
+TEST_F(CtlCalibrationCapture, SetIsEnabledByTheZPointAndByTheCentreAlone) {
+    for (const int mark : {A, B, C}) {
+        Click(Point(mark));
+        EXPECT_FALSE(Confirm(Set).Enabled()) << mark;
+    }
+    Click(Point(Z));
+    EXPECT_TRUE(Confirm(Set).Enabled());
+    Click(Mode(Re));
+    EXPECT_FALSE(Confirm(Set).Enabled());
+    Click(Point(Centre));
+    EXPECT_TRUE(Confirm(Set).Enabled());
+}
+
+// Failures.
+
+TEST_F(CtlCalibrationCapture, ADriverThatFailsIsReportedTwiceAndTheButtonIsRaised) {
+    rig.driver.failing = {"DriverGetPosition"};
+    Click(Point(A));
+    EXPECT_EQ(OnShow(), "A B C picture 0");
+    EXPECT_EQ(TakeBoxes(),
+              (QStringList{QStringLiteral("Manipulator : Communication failed"), CaptureFailed}));
+    EXPECT_EQ(Take(), Joined({{"LiveActionStart"},
+                              Requests,
+                              {"DriverGetPosition", "box Manipulator : Communication failed",
+                               "box " + CaptureFailed.toStdString(), "LiveActionEnd"}}));
+    EXPECT_EQ(LogTexts(rig.log),
+              (QStringList{QStringLiteral("Manipulator : Communication failed"), CaptureFailed}));
+}
+
+TEST_F(CtlCalibrationCapture, AReadingOutOfRangeAndThenAGuardThatIsTakenFailTheCapture) {
+    CaptureAt(A, {25001, 0, 0});
+    ExpectCaptureFailed();
+    EXPECT_EQ(OnShow(), "A B C picture 0");
+    // The guard that the reading left taken: the link gives an empty record and frees it.
+    CaptureAt(B, Straight[1]);
+    ExpectCaptureFailed();
+    EXPECT_EQ(OnShow(), "A B C picture 0");
+    CaptureAt(C, Straight[2]);
+    EXPECT_EQ(OnShow(), "A B [C] picture 0");
+    EXPECT_THAT(TakeBoxes(), IsEmpty());
+}
+
+TEST_F(CtlCalibrationCapture, ARecordOfAFifthNeedleFailsTheCapture) {
+    rig.driver.selected = 5;
+    Click(Point(A));
+    ExpectCaptureFailed();
+    Click(Mode(Re));
+    Click(Point(Centre));
+    ExpectCaptureFailed();
+    EXPECT_EQ(OnShow(), "Centre picture 2");
+    EXPECT_FALSE(Confirm(Set).Enabled());
+}
+
+TEST_F(CtlCalibrationCapture, AViewBeyond32BitsFailsTheCapture) {
+    View({INT32_MAX, 0, 0});
+    Click(Point(A));
+    ExpectCaptureFailed();
+    EXPECT_EQ(OnShow(), "A B C picture 0");
+}
+
+TEST_F(CtlCalibrationCapture, AfterAFailureTheButtonIsUsedUpAndDoesNotCountUntilANewStep) {
+    rig.driver.failing = {"DriverGetPosition"};
+    Click(Point(A));
+    rig.driver.failing.clear();
+    Take();
+    TakeBoxes();
+    Click(Point(A));
+    EXPECT_THAT(Take(), IsEmpty());
+    EXPECT_EQ(OnShow(), "[A] B C picture 0") << "held down";
+    Click(Point(B));
+    Click(Point(C));
+    EXPECT_EQ(OnShow(), "[A] [B] [C] picture 0") << "two points have been recorded, not three";
+    EXPECT_FALSE(Confirm(Set).Enabled());
+    Click(Mode(Full));
+    EXPECT_EQ(OnShow(), "A B C picture 0");
+    CaptureMarks();
+    EXPECT_EQ(OnShow(), "Z picture 1");
+}
+
+TEST_F(CtlCalibrationCapture, AFailedZPointAndAFailedCentreDoNotEnableSet) {
+    CaptureMarks();
+    rig.driver.failing = {"DriverGetPosition"};
+    Click(Point(Z));
+    EXPECT_EQ(OnShow(), "Z picture 1");
+    EXPECT_FALSE(Confirm(Set).Enabled());
+    Click(Mode(Re));
+    Click(Point(Centre));
+    EXPECT_EQ(OnShow(), "Centre picture 2");
+    EXPECT_FALSE(Confirm(Set).Enabled());
+}
+
+TEST_F(CtlCalibrationCapture, TheButtonIsRaisedBeforeTheFailureIsShown) {
+    std::string behind;
+    rig.boxes.whileShown = [this, &behind] { behind = OnShow(); };
+    CaptureAt(A, {-1, 0, 0});
+    EXPECT_EQ(behind, "A B C picture 0");
+}
+
+TEST_F(CtlCalibrationCapture, ALogThatCannotBeWrittenKeepsNoFailureFromTheOperator) {
+    rig.log.LogFilePath(rig.folder.filePath(QStringLiteral("missing/debugTRAVO.txt")));
+    CaptureAt(A, {-1, 0, 0});
+    EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
+    EXPECT_EQ(rig.journal.back(), "LiveActionEnd");
+}
+
+TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheStartOfACaptureDisturbsNothing) {
+    rig.camera.failing = {"LiveActionStart"};
+    Click(Point(A));
+    EXPECT_EQ(Take(), Joined({{"LiveActionStart", "LiveDied"}, Requests, {"DriverGetPosition"}}));
+    EXPECT_EQ(OnShow(), "[A] B C picture 0");
+    EXPECT_THAT(TakeBoxes(), IsEmpty());
+}
+
+TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheOverlayIsReportedAndThePointStaysRecorded) {
+    rig.camera.failing = {"LiveCalibPoints"};
+    CaptureAt(A, Straight[0]);
+    EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
+    EXPECT_EQ(OnShow(), "[A] B C picture 0");
+    EXPECT_FALSE(rig.state.LiveOpen);
+    CaptureAt(B, Straight[1]);
+    CaptureAt(C, Straight[2]);
+    EXPECT_EQ(OnShow(), "Z picture 1");
+}
+
+TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheRaisedStepIsReportedInTheStep) {
+    rig.camera.failing = {"LiveCalibZ"};
+    CaptureMarks();
+    EXPECT_EQ(TakeBoxes(), (QStringList{FocusBox, CaptureFailed}));
+    EXPECT_EQ(OnShow(), "Z picture 1");
+    CaptureAt(Z, Straight[3]);
+    EXPECT_TRUE(Confirm(Set).Enabled());
+}
+
+}  // namespace
+}  // namespace travo::test

@@ -1,6 +1,7 @@
 #include "workflows/CtlCalibration.h"
 
 #include <QString>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -273,13 +274,20 @@ void CtlCalibration::EnterStepOfMode() {
 }
 
 void CtlCalibration::ShowStep(Step step) {
+    const Look& look = Looks.at(static_cast<std::size_t>(step));
     PointCaptured_.fill(false);
     recorded_.fill(false);
+    for (std::size_t point = look.firstCapture; point <= look.lastCapture; ++point) {
+        captureButton_.at(point).SetRaised(true);
+        captureButton_.at(point).show();
+    }
+    MoveFocusTo(captureButton_.at(look.firstCapture));
     confirmButton_[SetButton].Enabled(false);
-    const Look& look = Looks.at(static_cast<std::size_t>(step));
     for (std::size_t point = 0; point < captureButton_.size(); ++point) {
-        captureButton_[point].SetRaised(true);
-        captureButton_[point].setVisible(point >= look.firstCapture && point <= look.lastCapture);
+        if (point < look.firstCapture || point > look.lastCapture) {
+            captureButton_.at(point).SetRaised(true);
+            captureButton_.at(point).hide();
+        }
     }
     for (std::size_t picture = 0; picture < imgCalibPos_.size(); ++picture) {
         imgCalibPos_[picture].setVisible(picture == look.picture);
@@ -300,6 +308,16 @@ void CtlCalibration::RaiseObjective() {
                            "Do not adjust focus knob on microscope."));
     } else {
         system_.failures.Show(QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z"));
+    }
+}
+
+// From a button that the step takes away the focus would go to RESET, and the next key would clear.
+void CtlCalibration::MoveFocusTo(QWidget& next) {
+    const bool isTaken = confirmButton_[SetButton].hasFocus() ||
+                         std::any_of(captureButton_.begin(), captureButton_.end(),
+                                     [](const usrKVCheckButton& button) { return button.hasFocus(); });
+    if (isTaken) {
+        next.setFocus();
     }
 }
 

@@ -118,6 +118,7 @@ private:
     // All of a step but the camera.
     void ShowStep(Step step);
     void RaiseObjective();
+    void MoveFocusTo(QWidget& next);
     Step StepOfMode() const;
 
     bool At2x() const;

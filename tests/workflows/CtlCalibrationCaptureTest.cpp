@@ -201,6 +201,30 @@ TEST_F(CtlCalibrationCapture, SetIsEnabledByTheZPointAndByTheCentreAlone) {
     EXPECT_TRUE(Confirm(Set).Enabled());
 }
 
+TEST_F(CtlCalibrationCapture, WorkedByKeysTheFocusGoesOnToTheNextCaptureAndNeverToReset) {
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    const auto press = [](QWidget& control) {
+        control.setFocus();
+        QTest::keyClick(&control, Qt::Key_Space);
+    };
+    for (const int mark : {A, B, C}) {
+        press(Point(mark));
+    }
+    EXPECT_EQ(OnShow(), "Z picture 1");
+    EXPECT_TRUE(Point(Z).hasFocus());
+    press(Point(Z));
+    press(Confirm(Set));
+    EXPECT_TRUE(Point(A).hasFocus());
+    Click(Mode(Re));
+    press(Point(Centre));
+    press(Confirm(Set));
+    EXPECT_TRUE(Point(Centre).hasFocus());
+    press(Confirm(Reset));
+    EXPECT_TRUE(Confirm(Reset).hasFocus());
+    EXPECT_FALSE(rig.state.CalibrationON(0));
+}
+
 // Failures.
 
 TEST_F(CtlCalibrationCapture, ADriverThatFailsIsReportedTwiceAndTheButtonIsRaised) {

@@ -1,0 +1,42 @@
+// The window with the needles: which are connected, and when each was calibrated.
+#pragma once
+
+#include <QString>
+#include <array>
+#include <cstdint>
+
+#include "controls/NumberLabel.h"
+#include "controls/SkinImage.h"
+#include "core/FormSkinned.h"
+
+namespace travo {
+
+// Window 3 of the operator's settings. It shows what it is told and changes nothing.
+class FormManiInfo : public FormSkinned {
+    Q_OBJECT
+
+public:
+    // No needle is connected and no time known at first.
+    FormManiInfo(const System& system, const QString& programFolder);
+
+    // The time of needle ManiNo (0 to 3, else BoundsFailure): of its last full calibration for CalibOrRe
+    // 0, of its last re-calibration for any other. Shown as it stands; "-1" is no time.
+    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe);
+
+    // ManipulatorNo is the highest connected index; -1 is none.
+    void TotalManipulatorNumber(std::int16_t ManipulatorNo);
+
+private:
+    static constexpr std::size_t NeedleCount = 4;
+
+    void BuildPictures(const QString& programFolder);
+    void BuildCaptions();
+    void BuildTimes();
+
+    // For needle i: connected at i, not connected at i + 4.
+    std::array<SkinImage*, 2 * NeedleCount> pictures_{};
+    std::array<NumberLabel*, NeedleCount> calibration_{};
+    std::array<NumberLabel*, NeedleCount> reCalibration_{};
+};
+
+}  // namespace travo

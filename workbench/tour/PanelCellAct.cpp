@@ -1,0 +1,100 @@
+#include "workbench/tour/PanelCellAct.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "workbench/tour/Handling.h"
+#include "workbench/tour/Report.h"
+
+namespace workbench::tour {
+
+namespace {
+
+using travo::PositionXYZ;
+
+constexpr std::int32_t RowsOfAPage = 4;
+// Besides the world's six cells: the middle of the field, and a place near its right edge.
+constexpr PositionXYZ MiddlePlace{0, 0, 0};
+constexpr PositionXYZ EdgePlace{-110, -20, 20};
+
+std::vector<PositionXYZ> PlacesToStore(PanelPlay& play) {
+    std::vector<PositionXYZ> places;
+    for (const WorkbenchClient::Cell& cell : play.stage.Workbench().Cells()) {
+        places.push_back({cell.mirrorX, cell.mirrorY, static_cast<std::int32_t>(std::lround(cell.place[2]))});
+    }
+    places.push_back(MiddlePlace);
+    places.push_back(EdgePlace);
+    Require(places.size() == travo::CellCount, "there are not eight places to store");
+    return places;
+}
+
+void AimView(PanelPlay& play, const PositionXYZ& place) {
+    Stage& stage = play.stage;
+    stage.Workbench().MoveMirror(place[0], place[1]);
+    stage.Workbench().MoveFocus(place[2] * travo::clsObjectiveUpDown::MotorStepsPerUnit);
+    WaitForView(stage, place[0], place[1]);
+    stage.WaitUntil([&] { return stage.State().CurrentXYZ(2) == place[2]; },
+                    "the gauge does not read " + std::to_string(place[2]));
+}
+
+StoredCell StoreInRow(PanelPlay& play, std::int32_t cell, const PositionXYZ& place) {
+    AimView(play, place);
+    const auto centre = play.stage.Workbench().ViewCentreNow();
+    const StoredCell stored{place, {centre[0], centre[1], play.stage.Workbench().Focus().now}};
+    play.hands.Press(QStringLiteral("Set row %1").arg(cell % RowsOfAPage + 1));
+    return stored;
+}
+
+// Between what a label says and the true view centre, on each axis: the rule's rounding and its bias.
+double RequireLabels(PanelPlay& play, std::int32_t cell, const StoredCell& stored) {
+    const PositionXYZ common = travo::MirrorToCommon(stored.raw);
+    const PositionXYZ shown{common[0], -common[1], common[2]};
+    const WorkbenchClient::Place truth{stored.truth[0], -stored.truth[1], stored.truth[2]};
+    double worst = 0.0;
+    for (std::size_t axis = 0; axis < shown.size(); ++axis) {
+        const QString name = CellButton(cell) + QLatin1Char(' ') + QLatin1Char("XYZ"[axis]);
+        const std::int32_t text = play.hands.Read(name).toInt();
+        Require(play.hands.Read(name) == QString::number(shown[axis]),
+                name.toStdString() + " reads " + play.hands.Read(name).toStdString());
+        worst = std::max(worst, std::abs(text - truth[axis]));
+        Require(play.stage.State().CellPosition(cell, static_cast<std::int32_t>(axis)) == stored.raw[axis],
+                "the row does not hold what the view stood at");
+    }
+    Require(worst <= 1.0, "a label is more than a unit from the true view");
+    return worst;
+}
+
+void RequirePage(PanelPlay& play, std::int32_t first) {
+    for (std::int32_t cell = 0; cell < travo::CellCount; ++cell) {
+        const bool onPage = cell / RowsOfAPage == first / RowsOfAPage;
+        Require(play.hands.OnShow(CellButton(cell) + QStringLiteral(" X")) == onPage,
+                "the page switch shows the wrong rows");
+    }
+}
+
+}  // namespace
+
+void PlayPanelCellAct(PanelPlay& play) {
+    play.hands.OpenPanel(QStringLiteral("Cell position"), QStringLiteral("CtlCellPosition1"));
+    Require(play.hands.Read(QStringLiteral("Cell A X")) == QLatin1String("N/A"), "a cell is set already");
+    const std::vector<PositionXYZ> places = PlacesToStore(play);
+    double worst = 0.0;
+    for (std::int32_t cell = 0; cell < travo::CellCount; ++cell) {
+        if (cell == RowsOfAPage) {
+            play.stage.SavePicture(QStringLiteral("panel-cell-position"));
+            play.hands.Press(QStringLiteral("Page E to H"));
+        }
+        RequirePage(play, cell);
+        play.cells.push_back(StoreInRow(play, cell, places[static_cast<std::size_t>(cell)]));
+        worst = std::max(worst, RequireLabels(play, cell, play.cells.back()));
+    }
+    play.stage.SavePicture(QStringLiteral("panel-cell-position-2"));
+    play.hands.Press(QStringLiteral("Page E to H"));
+    RequirePage(play, 0);
+    RequireLabels(play, 0, play.cells.front());
+    play.stage.RequireBoxesAsExpected();
+    PrintLine("eight views stored as A to H on both pages: labels at most " + NumberText(worst) +
+              " from the true view, Y with its sign reversed");
+}
+
+}  // namespace workbench::tour

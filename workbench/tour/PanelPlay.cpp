@@ -1,0 +1,96 @@
+#include "workbench/tour/PanelPlay.h"
+
+#include <cmath>
+
+#include "workbench/tour/Handling.h"
+#include "workbench/tour/Report.h"
+
+namespace workbench::tour {
+
+namespace {
+
+// Between where the program has read a needle and where it truly stands, on each axis.
+constexpr double ReadTolerance = 3.0;
+
+bool HasBeenRead(Stage& stage, std::int32_t needle) {
+    if (stage.Workbench().AnyNeedleMoves()) {
+        return false;
+    }
+    const WorkbenchClient::Place tip = stage.Workbench().TipOf(needle + 1).now;
+    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
+        const double read = stage.State().Needle(needle, axis);
+        if (std::abs(read - tip[static_cast<std::size_t>(axis)]) > ReadTolerance) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void WaitUntilRead(PanelPlay& play, std::int32_t needle) {
+    play.stage.WaitUntil([&] { return HasBeenRead(play.stage, needle); },
+                         NeedleName(needle) + " has not been read where it stands");
+}
+
+}  // namespace
+
+QString NeedleButton(std::int32_t needle) { return QStringLiteral("Needle %1").arg(needle + 1); }
+
+QString CellButton(std::int32_t cell) { return QStringLiteral("Cell ") + QChar(u'A' + cell); }
+
+void PressNeedle(PanelPlay& play, std::int32_t needle) {
+    play.hands.Press(NeedleButton(needle));
+    play.stage.WaitUntil([&] { return play.stage.State().intManipulatorNumber == needle; },
+                         NeedleName(needle) + " has not become the selected one");
+    play.stage.WaitOneTick();
+    Require(play.hands.OnShow(NeedleButton(needle) + QStringLiteral(" lamp")),
+            "the lamp of " + NeedleName(needle) + " is dark");
+}
+
+void PressView(PanelPlay& play) {
+    play.hands.Press(QStringLiteral("View"));
+    Require(play.hands.OnShow(QStringLiteral("View lamp")), "the lamp of the view is dark");
+}
+
+void PressMove(PanelPlay& play) {
+    play.hands.Press(QStringLiteral("Move"));
+    play.stage.RequireBoxesAsExpected();
+    Require(play.hands.PressedIn(QStringLiteral("View")) && play.hands.OnShow(QStringLiteral("View lamp")),
+            "after a move the view is not what moves next");
+}
+
+void SendNeedleToCell(PanelPlay& play, std::int32_t needle, std::int32_t cell) {
+    PressNeedle(play, needle);
+    play.hands.Press(CellButton(cell));
+    PressMove(play);
+    Require(!play.hands.PressedIn(NeedleButton(needle)), "a needle's button is still pressed after its move");
+    WaitUntilRead(play, needle);
+}
+
+void RetreatNeedle(PanelPlay& play, std::int32_t needle) {
+    PressNeedle(play, needle);
+    play.hands.Press(QStringLiteral("Needle escape"));
+    play.stage.RequireBoxesAsExpected();
+    WaitUntilRead(play, needle);
+    const travo::clsEscape& escape = *play.stage.Objects().cEscape;
+    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
+        const double apart = play.stage.State().Needle(needle, axis) - escape.NeedleEscape(needle, axis);
+        Require(std::abs(apart) <= ReadTolerance, NeedleName(needle) + " has not retreated");
+    }
+}
+
+void StoreRetreats(PanelPlay& play, std::int32_t objective) {
+    travo::clsEscape& escape = *play.stage.Objects().cEscape;
+    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
+        for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
+            escape.NeedleEscape(needle, axis, play.stage.State().Needle(needle, axis));
+        }
+    }
+    escape.ZEscapePosition(objective);
+}
+
+double Miss(PanelPlay& play, std::int32_t needle, const WorkbenchClient::Place& place) {
+    const WorkbenchClient::Place tip = play.stage.Workbench().TipOf(needle + 1).now;
+    return std::hypot(tip[0] - place[0], tip[1] - place[1], tip[2] - place[2]);
+}
+
+}  // namespace workbench::tour

@@ -1,19 +1,30 @@
 #!/usr/bin/env bash
 # Starts the workbench and TRAVO on it, on the present display. Both end when TRAVO is closed.
+# TRAVO runs on a session bus of its own, on which the workbench's camera program can be started; the
+# user's own bus and configuration stay as they are.
 #   tools/live.sh BUILD-FOLDER
 set -eu
 cd "$(dirname "$0")/.."
 build="$(realpath "$1")"
-workbench="$build/workbench/travo-workbench"
+own="$(mktemp -d)"
+bench=""
+finish() {
+    [ -z "$bench" ] || { kill "$bench" 2>/dev/null; wait "$bench" 2>/dev/null || true; }
+    rm -rf "$own"
+}
+trap finish EXIT
 
-"$workbench" --program-folder "$build/TRAVO" &
+"$build/workbench/travo-workbench" --program-folder "$build/TRAVO" &
 bench=$!
-trap 'kill "$bench" 2>/dev/null; wait "$bench" 2>/dev/null || true' EXIT
 "$build/workbench/workbench-ask" ready || {
     echo "The workbench does not answer." >&2
     exit 1
 }
-# The first start finds the needles calibrated; later starts keep what the operator has stored.
-[ -e "$build/TRAVO/KVData.ini" ] || "$build/workbench/workbench-ask" "write-settings $build/TRAVO/KVData.ini"
+# The first start finds the needles calibrated and the ports known; later starts keep what the operator
+# has stored.
+[ -e "$build/TRAVO/KVData.ini" ] ||
+    "$build/workbench/workbench-ask" write-settings ports "$build/TRAVO/KVData.ini"
+tools/live-service.sh "$own" "$build/TRAVO" >/dev/null
 echo "The workbench runs; TRAVO starts on it."
-"$build/TRAVO/TRAVO"
+XDG_DATA_DIRS="$own:${XDG_DATA_DIRS:-/usr/local/share:/usr/share}" \
+    dbus-run-session -- "$build/TRAVO/TRAVO"

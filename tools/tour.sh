@@ -11,6 +11,9 @@ cp -a "$build/TRAVO" "$own/TRAVO"
 
 export XDG_RUNTIME_DIR="$own/runtime" XDG_DATA_HOME="$own/data" XDG_CONFIG_HOME="$own/config"
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
+# The bus of the tour can start the camera program.
+tools/live-service.sh "$own/services" "$own/TRAVO" >"$own/service-file"
+export XDG_DATA_DIRS="$own/services:${XDG_DATA_DIRS:-/usr/local/share:/usr/share}"
 pictures="$build/pictures"
 rm -rf "$pictures"
 status=0

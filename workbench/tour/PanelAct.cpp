@@ -1,5 +1,6 @@
 #include "workbench/tour/PanelAct.h"
 
+#include "workbench/live/LiveClient.h"
 #include "workbench/tour/Handling.h"
 #include "workbench/tour/PanelCameraAct.h"
 #include "workbench/tour/PanelCellAct.h"
@@ -25,7 +26,9 @@ void PlayPanelAct(Stage& stage) {
     PlayPanelCameraAct(play);
     RequireNoCrossing(stage);
     stage.CloseProgram();
-    PrintLine("closed through its question; no true crossing in the whole act");
+    live::LiveClient camera;
+    stage.WaitUntil([&] { return !camera.Running(); }, "the camera program outlives its last caller");
+    PrintLine("closed through its question, and the camera with it; no true crossing in the whole act");
 }
 
 }  // namespace workbench::tour

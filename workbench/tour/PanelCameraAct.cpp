@@ -60,10 +60,12 @@ void FollowThePanels(PanelPlay& play, LiveClient& camera) {
         Require(after[call] == before[call] + 2, std::string("a move does not tell the camera ") + call);
     }
     Require(!camera.Now().action, "the camera thinks that the move still goes on");
-    SetMagnification2x(play.stage);
-    Require(camera.Now().toldMagnification == 2, "the camera has not been told the magnification");
+    for (const std::int16_t index : {std::int16_t{3}, std::int16_t{2}}) {
+        SetMagnification(play, index);
+        Require(camera.Now().toldMagnification == index, "the camera has not been told the magnification");
+    }
     OpenUser(play);
-    PrintLine("the camera is told of panels, of a move's beginning and end, and of 2x");
+    PrintLine("the camera is told of panels, of a move's beginning and end, and of 4x and 2x");
 }
 
 void LoseIt(PanelPlay& play, LiveClient& camera) {

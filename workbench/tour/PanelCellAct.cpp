@@ -13,17 +13,19 @@ namespace {
 using travo::PositionXYZ;
 
 constexpr std::int32_t RowsOfAPage = 4;
-// Besides the world's six cells: the middle of the field, and a place near its right edge.
-constexpr PositionXYZ MiddlePlace{0, 0, 0};
-constexpr PositionXYZ EdgePlace{-110, -20, 20};
+// Besides the world's six cells. With needle 1 at G the contact check refuses needle 2 at H, since it
+// reckons with a needle that first goes forward from its retreat and then sideways; the straight way to H
+// passes in front of needle 1's tip.
+constexpr PositionXYZ PlaceG{-14, -14, 0};
+constexpr PositionXYZ PlaceH{-21, -49, 20};
 
 std::vector<PositionXYZ> PlacesToStore(PanelPlay& play) {
     std::vector<PositionXYZ> places;
     for (const WorkbenchClient::Cell& cell : play.stage.Workbench().Cells()) {
         places.push_back({cell.mirrorX, cell.mirrorY, static_cast<std::int32_t>(std::lround(cell.place[2]))});
     }
-    places.push_back(MiddlePlace);
-    places.push_back(EdgePlace);
+    places.push_back(PlaceG);
+    places.push_back(PlaceH);
     Require(places.size() == travo::CellCount, "there are not eight places to store");
     return places;
 }

@@ -60,7 +60,7 @@ void SendView(PanelPlay& play) {
 
 void JumpDirectly(PanelPlay& play) {
     play.hands.Press(QStringLiteral("Direct"));
-    for (const std::int32_t cell : {1, 6, 3}) {
+    for (const std::int32_t cell : {1, BarringCell, 3}) {
         play.hands.Press(CellButton(cell));
         const StoredCell& stored = play.cells[static_cast<std::size_t>(cell)];
         WaitForCell(play, stored);
@@ -69,12 +69,6 @@ void JumpDirectly(PanelPlay& play) {
     play.hands.Press(QStringLiteral("Direct"));
     play.stage.RequireBoxesAsExpected();
     PrintLine("direct mode: the view jumps to B, G and D as soon as each is chosen");
-}
-
-void SetMagnification(PanelPlay& play, std::int16_t index) {
-    play.stage.Objects().cCommunication->SendMirrorMagnificationData(index);
-    play.stage.WaitUntil([&] { return play.stage.State().CurrentMagnification() == index; },
-                         "the magnification has not been reported");
 }
 
 void BeRefusedAt035(PanelPlay& play) {
@@ -103,25 +97,16 @@ void SwitchMirrorMotors(PanelPlay& play, bool on) {
 }
 
 void BeRefusedForContact(PanelPlay& play) {
-    // Needle 1 over the middle of the field; E lies close beside its shaft, on needle 2's side.
-    SendNeedleToCell(play, 0, 6);
-    PressNeedle(play, 1);
-    const PositionXYZ before = play.stage.Workbench().CountsOf(2);
-    play.hands.Press(CellButton(4));
-    play.stage.Boxes().Expect(
-        QStringLiteral("WARNING!\r\n"
-                       "There is a possibility  the needles will come in contact.\r\n"
-                       "Movement is discontinued.  Please move the needles manually."));
-    PressMove(play);
-    Require(play.stage.Workbench().CountsOf(2) == before, "needle 2 moved although it was refused");
+    SendNeedleToCell(play, 0, BarringCell);
+    BeRefusedBehindNeedle1(play);
     RetreatNeedle(play, 0);
-    SendNeedleToCell(play, 1, 4);
-    const double miss = Miss(play, 1, play.cells[4].truth);
+    SendNeedleToCell(play, 1, BarredCell);
+    const double miss = Miss(play, 1, play.cells[BarredCell].truth);
     Require(miss <= PanelLandingGoal, "needle 2 landed too far from its cell");
     RetreatNeedle(play, 1);
     RequireNoCrossing(play.stage);
     PrintLine(
-        "needle 2 beside needle 1: refused for contact; needle 1 retreated, it goes, with a true miss of " +
+        "needle 2 past needle 1: refused for contact; needle 1 retreated, it goes, with a true miss of " +
         NumberText(miss) + "; no true crossing");
 }
 

@@ -66,6 +66,18 @@ void SendNeedleToCell(PanelPlay& play, std::int32_t needle, std::int32_t cell) {
     WaitUntilRead(play, needle);
 }
 
+void BeRefusedBehindNeedle1(PanelPlay& play) {
+    PressNeedle(play, 1);
+    const travo::PositionXYZ before = play.stage.Workbench().CountsOf(2);
+    play.hands.Press(CellButton(BarredCell));
+    play.stage.Boxes().Expect(
+        QStringLiteral("WARNING!\r\n"
+                       "There is a possibility  the needles will come in contact.\r\n"
+                       "Movement is discontinued.  Please move the needles manually."));
+    PressMove(play);
+    Require(play.stage.Workbench().CountsOf(2) == before, "needle 2 moved although it was refused");
+}
+
 void RetreatNeedle(PanelPlay& play, std::int32_t needle) {
     PressNeedle(play, needle);
     play.hands.Press(QStringLiteral("Needle escape"));
@@ -86,6 +98,12 @@ void StoreRetreats(PanelPlay& play, std::int32_t objective) {
         }
     }
     escape.ZEscapePosition(objective);
+}
+
+void SetMagnification(PanelPlay& play, std::int16_t index) {
+    play.stage.Objects().cCommunication->SendMirrorMagnificationData(index);
+    play.stage.WaitUntil([&] { return play.stage.State().CurrentMagnification() == index; },
+                         "the magnification has not been reported");
 }
 
 double Miss(PanelPlay& play, std::int32_t needle, const WorkbenchClient::Place& place) {

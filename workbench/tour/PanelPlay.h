@@ -24,6 +24,11 @@ struct PanelPlay {
     std::vector<StoredCell> cells;  // A to H
 };
 
+// Where needle 1 bars the way to needle 2, and where that one is to go then; needle 1 clear of it again, it
+// can.
+constexpr std::int32_t BarringCell = 6;
+constexpr std::int32_t BarredCell = 7;
+
 // Greatest distance between a target and the true tip, in common units.
 constexpr double PanelLandingGoal = 3.0;
 
@@ -39,10 +44,16 @@ void PressView(PanelPlay& play);
 void PressMove(PanelPlay& play);
 // Needle button, cell button, Move; returns when the needle rests and the program has read where.
 void SendNeedleToCell(PanelPlay& play, std::int32_t needle, std::int32_t cell);
-// The same to the needle's escape position, by its button.
+// The same with needle 2 and BarredCell while needle 1 stands at BarringCell: requires the refusal in its
+// box, and that nothing moved.
+void BeRefusedBehindNeedle1(PanelPlay& play);
+// Takes a needle to its escape position, by its button.
 void RetreatNeedle(PanelPlay& play, std::int32_t needle);
 // Tells the program where the needles retreat to, which is where they stand, and the objective.
 void StoreRetreats(PanelPlay& play, std::int32_t objective);
+
+// Asks the mirror controller for an objective, index 1 to 3, and waits for its report.
+void SetMagnification(PanelPlay& play, std::int16_t index);
 
 // Distance of the true tip from a place, in common units.
 double Miss(PanelPlay& play, std::int32_t needle, const WorkbenchClient::Place& place);

@@ -16,6 +16,8 @@ namespace {
 using travo::PositionXYZ;
 
 constexpr std::int32_t Follower = 2;
+// Where it begins.
+constexpr std::int32_t FirstCell = 6;
 const QString Synchro = QStringLiteral("Synchro");
 
 // Steps of the view in mirror counts and Z units; the focus goes up alone, since downward steps end at the
@@ -85,17 +87,17 @@ std::string Text(const PositionXYZ& counts) {
 void TakeNeedleToTheView(PanelPlay& play) {
     play.hands.OpenPanel(QStringLiteral("Experiment"), QStringLiteral("CtlExperiment1"));
     PressView(play);
-    play.hands.Press(CellButton(6));
+    play.hands.Press(CellButton(FirstCell));
     PressMove(play);
-    const StoredCell& middle = play.cells[6];
-    WaitForView(play.stage, middle.raw[0], middle.raw[1]);
-    play.stage.WaitUntil([&] { return play.stage.State().CurrentXYZ(2) == middle.raw[2]; },
+    const StoredCell& first = play.cells[FirstCell];
+    WaitForView(play.stage, first.raw[0], first.raw[1]);
+    play.stage.WaitUntil([&] { return play.stage.State().CurrentXYZ(2) == first.raw[2]; },
                          "the view is not in focus");
     PressNeedle(play, Follower);
     play.hands.Press(QStringLiteral("Present view"));
     PressMove(play);
     PressNeedle(play, Follower);
-    const double miss = Miss(play, Follower, middle.truth);
+    const double miss = Miss(play, Follower, first.truth);
     Require(miss <= PanelLandingGoal, "the needle is not at the centre of the view");
     PrintLine(NeedleName(Follower) + " sent to the present view: true miss " + NumberText(miss));
 }

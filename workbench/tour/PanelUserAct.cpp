@@ -95,35 +95,23 @@ void SwitchOffsetMinimum(PanelPlay& play) {
     PrintLine("offset minimum off: 20 accepted without a box; on again: 100 in silence");
 }
 
-void ExpectRefusal(PanelPlay& play) {
-    PressNeedle(play, 1);
-    const PositionXYZ before = play.stage.Workbench().CountsOf(2);
-    play.hands.Press(CellButton(4));
-    play.stage.Boxes().Expect(
-        QStringLiteral("WARNING!\r\n"
-                       "There is a possibility  the needles will come in contact.\r\n"
-                       "Movement is discontinued.  Please move the needles manually."));
-    PressMove(play);
-    Require(play.stage.Workbench().CountsOf(2) == before, "needle 2 moved although it was refused");
-}
-
 void SwitchContactCheck(PanelPlay& play) {
     OpenExperiment(play);
-    SendNeedleToCell(play, 0, 6);
-    ExpectRefusal(play);
+    SendNeedleToCell(play, 0, BarringCell);
+    BeRefusedBehindNeedle1(play);
     RequireNoCrossing(play.stage);
     OpenUser(play);
     play.hands.Press(ContactOff);
     OpenExperiment(play);
-    SendNeedleToCell(play, 1, 4);
-    const double miss = Miss(play, 1, WithOffsets(play, 1, play.cells[4].truth, 40.0, 100.0));
+    SendNeedleToCell(play, 1, BarredCell);
+    const double miss = Miss(play, 1, WithOffsets(play, 1, play.cells[BarredCell].truth, 40.0, 100.0));
     Require(miss <= PanelLandingGoal, "needle 2 landed too far from its cell");
     RetreatNeedle(play, 1);
     const std::int64_t crossings = play.stage.Workbench().ShaftCrossings().inAll;
     OpenUser(play);
     play.hands.Press(ContactOff);
     OpenExperiment(play);
-    ExpectRefusal(play);
+    BeRefusedBehindNeedle1(play);
     RetreatNeedle(play, 0);
     RequireNoCrossing(play.stage);
     PrintLine("contact check off: the refused move is made, true miss " + NumberText(miss) + ", " +

@@ -38,7 +38,8 @@ std::array<Link, 3> LinksOf(Stage& stage) {
           [&stage, &instruments] {
               const std::int32_t before = stage.Workbench().Focus().countsAtRest;
               instruments.MotorMoveRZ(500);
-              stage.WaitUntil([&] { return stage.Workbench().Focus().countsAtRest == before + 500; },
+              // At rest: the way back is counted from where the motor stands when it is told.
+              stage.WaitUntil([&] { return stage.Workbench().Focus().counts == before + 500; },
                               "the focus motor does not move");
               instruments.MotorMoveRZ(-500);
               stage.WaitUntil([&] { return stage.Workbench().Focus().counts == before; },

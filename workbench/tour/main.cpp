@@ -8,6 +8,7 @@
 
 #include "platform/qt/QtApplicationLoop.h"
 #include "workbench/tour/NeedleAct.h"
+#include "workbench/tour/PanelAct.h"
 #include "workbench/tour/ProgramAct.h"
 #include "workbench/tour/Report.h"
 #include "workbench/tour/SerialAct.h"
@@ -39,11 +40,17 @@ int main(int argumentCount, char** arguments) {
     travo::platform::qt::QtApplicationLoop::PreferX11();
     travo::platform::qt::QtApplicationLoop application(argumentCount, arguments);
     try {
-        workbench::tour::Stage stage(ReadPlaces(application));
-        workbench::tour::PlayNeedleAct(stage);
-        workbench::tour::PlaySerialAct(stage);
-        workbench::tour::PlayWireFaultAct(stage);
-        workbench::tour::PlayProgramAct(stage);
+        const workbench::tour::Places places = ReadPlaces(application);
+        {
+            workbench::tour::Stage stage(places);
+            workbench::tour::PlayNeedleAct(stage);
+            workbench::tour::PlaySerialAct(stage);
+            workbench::tour::PlayWireFaultAct(stage);
+            workbench::tour::PlayProgramAct(stage);
+        }
+        // A workbench of its own: nothing of the acts before is left in its world.
+        workbench::tour::Stage stage(places);
+        workbench::tour::PlayPanelAct(stage);
     } catch (const std::exception& failure) {
         std::printf("\nThe tour failed: %s.\n", failure.what());
         return 1;

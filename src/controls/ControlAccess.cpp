@@ -4,6 +4,7 @@
 #include <QAbstractSlider>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QDialog>
 
 #include "controls/Pressable.h"
 
@@ -15,6 +16,13 @@ class ButtonAccess : public QAccessibleWidget {
 public:
     ButtonAccess(QAbstractButton& button, Pressable& pressable)
         : QAccessibleWidget(&button, pressable.AccessibleRole()), button_(button), pressable_(pressable) {}
+
+    // There is no role for a two-state push button, and of a plain button no assistive program tells the
+    // state.
+    QAccessible::Role role() const override {
+        const QAccessible::Role given = QAccessibleWidget::role();
+        return given == QAccessible::Button && button_.isCheckable() ? QAccessible::CheckBox : given;
+    }
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
@@ -92,6 +100,19 @@ private:
     QAbstractSlider& bar_;
 };
 
+// Qt takes plain windows and panels for mere fillers, which assistive programs pass over. A dialog has its
+// role from Qt.
+QAccessibleInterface* ContainerAccess(const QString& className, QObject* object) {
+    if (className == QLatin1String("travo::PanelCanvas")) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Pane);
+    }
+    if (className.startsWith(QLatin1String("travo::Form")) && object->isWidgetType() &&
+        qobject_cast<QDialog*>(object) == nullptr) {
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
+    }
+    return nullptr;
+}
+
 // Qt asks with the name of the object's class, then of each class above it.
 QAccessibleInterface* AccessOf(const QString& className, QObject* object) {
     if (className == QLatin1String("travo::SkinImage")) {
@@ -105,7 +126,7 @@ QAccessibleInterface* AccessOf(const QString& className, QObject* object) {
     if (pressable != nullptr && button != nullptr) {
         return new ButtonAccess(*button, *pressable);
     }
-    return nullptr;
+    return ContainerAccess(className, object);
 }
 
 }  // namespace

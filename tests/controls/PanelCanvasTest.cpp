@@ -1,5 +1,7 @@
 #include "controls/PanelCanvas.h"
 
+#include <QAccessible>
+
 #include "controls/ControlRig.h"
 #include "controls/usrKVButton.h"
 #include "controls/usrKVCheckButton.h"
@@ -27,6 +29,11 @@ TEST_F(PanelCanvasTest, ControlsStandAtTheirDesignRectanglesAndScaleWithThePanel
     EXPECT_EQ(panel_.Scale(), 1.0);
     panel_.resize(486, 520);
     EXPECT_EQ(button.geometry(), QRect(24, 364, 260, 72));
+}
+
+TEST_F(PanelCanvasTest, AssistiveProgramsGetAPane) {
+    const usrKVButton button(&panel_);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&panel_)->role(), QAccessible::Pane);
 }
 
 TEST_F(PanelCanvasTest, NeighboursStayNeighboursAtAnySize) {

@@ -115,6 +115,7 @@ TEST_F(usrKVCheckButtonTest, TheAccessiblePressTogglesAndRunsTheHandlingAsAClick
 
 TEST_F(usrKVCheckButtonTest, AssistiveProgramsSeeTheStateAlsoAfterSetRaised) {
     QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(button_.get());
+    EXPECT_EQ(access->role(), QAccessible::CheckBox) << "of a plain button no state is told";
     EXPECT_TRUE(access->state().checkable);
     EXPECT_FALSE(access->state().checked);
     button_->SetRaised(false);

@@ -23,6 +23,7 @@ void Closing::Close() {
 // The order of the closing; windows, camera and ports take their places in it as they are built.
 void Closing::CloseSteps() {
     SaveValues();
+    window_.CloseSmallWindows();
     objects_.Live->AnnounceHideWindow();
     ClosePorts();
 }
@@ -33,6 +34,9 @@ void Closing::SaveValues() {
     ini.WriteString(shift, QStringLiteral("X"), settings::FloatText(state_.ShiftX));
     ini.WriteString(shift, QStringLiteral("Y"), settings::FloatText(state_.ShiftY));
     WriteWindowPlace(ini, QStringLiteral("FormMain_Position"), window_.Measured());
+    for (const auto& [section, place] : window_.SmallPlaces()) {
+        WriteWindowPlace(ini, section, place);
+    }
     const QString user = QStringLiteral("User_Value");
     ini.WriteString(user, QStringLiteral("XYOffset"), QString::number(objects_.cNeedleMove->lngXYOffset));
     ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));

@@ -1,6 +1,10 @@
 // Closing: asks, saves what is kept between runs, closes windows and instruments, in a fixed order.
 #pragma once
 
+#include <QString>
+#include <utility>
+#include <vector>
+
 #include "core/FormMainObjects.h"
 #include "core/PositionLoop.h"
 #include "core/SharedState.h"
@@ -16,6 +20,9 @@ public:
     public:
         virtual ~Window() = default;
         virtual MeasuredWindowPlace Measured() const = 0;
+        // Sections and places of the small windows, in the order of their creation.
+        virtual std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const = 0;
+        virtual void CloseSmallWindows() = 0;
         // 1 while the offsets' minimum, or the contact check, is switched off, else 0.
         virtual std::int32_t OffsetOFF() const = 0;
         virtual std::int32_t ContactOFF() const = 0;

@@ -18,6 +18,11 @@ namespace {
 // Logical units to the pixel.
 constexpr int UnitsPerPixel = 15;
 
+// Number of the window with the needles among the operator's window buttons, and its section in the
+// settings.
+constexpr std::int32_t ManiInfoWindow = 3;
+constexpr const char* ManiInfoSection = "FormManiInfo_Position";
+
 }  // namespace
 
 FormMain::FormMain(const platform::Machine& machine)
@@ -28,7 +33,8 @@ FormMain::FormMain(const platform::Machine& machine)
       closing_(state_, objects_, loop_, machine_.boxes, *this),
       layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
               machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
-      controls_(machine_.folders.Program(), this) {
+      controls_(machine_.folders.Program(), this),
+      FormManiInfo_({*this, windowMove_}, machine_.folders.Program()) {
     setObjectName(QStringLiteral("FormMain"));
     setWindowTitle(QStringLiteral("TRAVO"));
     qApp->setStyleSheet(ApplicationStyleSheet());
@@ -156,6 +162,7 @@ void FormMain::TotalManipulatorNumber(std::int16_t number) {
     panels_->CtlConnection1.StateChange();
     panels_->CtlCalibration1.TotalManipulatorNumber(number);
     panels_->CtlExperiment1.TotalManipulatorNumber(number);
+    FormManiInfo_.TotalManipulatorNumber(number);
 }
 
 void FormMain::ManipulatorChange(std::int16_t number) {
@@ -201,6 +208,16 @@ void FormMain::Place(const WindowPlace& place) {
     move(OntoScreen(QRect(stored, size()), screens));
 }
 
+std::vector<StartUp::SmallWindow> FormMain::SmallWindows() {
+    return {{ManiInfoWindow, QString::fromLatin1(ManiInfoSection), FormManiInfo_.DesignSize()}};
+}
+
+void FormMain::PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) {
+    if (Index == ManiInfoWindow) {
+        FormManiInfo_.Place(place);
+    }
+}
+
 void FormMain::RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) {
     panels_->CtlUser1.OffsetONOff(offsetOFF);
     panels_->CtlUser1.ContactONOff(contactOFF);
@@ -224,6 +241,12 @@ MeasuredWindowPlace FormMain::Measured() const {
     const QPoint frame = pos();
     return {units(frame.y()), units(frame.x()), units(inner.height()), units(inner.width())};
 }
+
+std::vector<std::pair<QString, MeasuredWindowPlace>> FormMain::SmallPlaces() const {
+    return {{QString::fromLatin1(ManiInfoSection), FormManiInfo_.Measured()}};
+}
+
+void FormMain::CloseSmallWindows() { FormManiInfo_.CloseAtEnd(); }
 
 std::int32_t FormMain::OffsetOFF() const { return panels_->CtlUser1.OffsetONOff(); }
 
@@ -249,12 +272,23 @@ void FormMain::LiveDied() {
 
 void FormMain::ModeChange(bool bWizerd) { tabs_->ModeChange(bWizerd); }
 
-// The secondary windows take their places here.
-void FormMain::ShowWindow(std::int32_t) {}
+void FormMain::ShowWindow(std::int32_t Index) {
+    if (Index == ManiInfoWindow) {
+        FormManiInfo_.ShowWindow();
+    }
+}
 
-void FormMain::HideWindow(std::int32_t) {}
+void FormMain::HideWindow(std::int32_t Index) {
+    if (Index == ManiInfoWindow) {
+        FormManiInfo_.HideWindow();
+    }
+}
 
-void FormMain::SetCalibTime(std::int16_t, const QString&, std::int16_t) {}
+void FormMain::FormClose(std::int32_t Index) { panels_->CtlUser1.FormClose(Index); }
+
+void FormMain::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
+    FormManiInfo_.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
+}
 
 void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }
 

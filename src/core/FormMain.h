@@ -15,6 +15,7 @@
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "platform/Machine.h"
+#include "workflows/FormManiInfo.h"
 
 namespace travo {
 
@@ -28,7 +29,8 @@ class FormMain : public QWidget,
                  private LiveLink::Listener,
                  private CtlUser::Owner,
                  private CtlCellPosition::Owner,
-                 private CtlCalibration::Owner {
+                 private CtlCalibration::Owner,
+                 private FormSkinned::Owner {
     Q_OBJECT
 
 public:
@@ -52,6 +54,7 @@ public:
     PositionLoop& Loop() { return loop_; }
     // There from start-up on.
     FormMainPanels& Panels() { return *panels_; }
+    FormManiInfo& ManiInfo() { return FormManiInfo_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -77,12 +80,16 @@ private:
     void DefaultSize(const WindowSize& size) override;
     void ConstructPanels() override;
     void Place(const WindowPlace& place) override;
+    std::vector<StartUp::SmallWindow> SmallWindows() override;
+    void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) override;
     void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override;
     void WatchPort(std::int16_t device, std::int16_t number) override;
     void TellTotalManipulatorNumber() override;
     void SelectFirstTab() override;
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
+    std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const override;
+    void CloseSmallWindows() override;
     std::int32_t OffsetOFF() const override;
     std::int32_t ContactOFF() const override;
     // clsCommunication::Listener
@@ -93,13 +100,15 @@ private:
     void Live_WindowHide() override;
     void Live_WindowClose() override;
     void LiveDied() override;
-    // CtlUser::Owner
+    // CtlUser::Owner, and windows that were open last time
     void ModeChange(bool bWizerd) override;
     void ShowWindow(std::int32_t Index) override;
     void HideWindow(std::int32_t Index) override;
     // CtlCellPosition::Owner
     void ZeroPointReset() override;
-    // CtlCalibration::Owner
+    // FormSkinned::Owner
+    void FormClose(std::int32_t Index) override;
+    // CtlCalibration::Owner, and stored times
     void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
 
     platform::Machine machine_;
@@ -110,6 +119,8 @@ private:
     FormMainLayout layout_;
     FormMainControls controls_;
     std::unique_ptr<FormMainPanels> panels_;
+    SystemWindowMove windowMove_;
+    FormManiInfo FormManiInfo_;
     std::unique_ptr<FormMainTabs> tabs_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;

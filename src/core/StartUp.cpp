@@ -106,8 +106,26 @@ StartUp::Outcome StartUp::LoadSteps() {
     loop_.AllManipulatorReload();
     window_.TellTotalManipulatorNumber();
     window_.SelectFirstTab();
+    OpenWindows();
     OpenCamera();
     return Outcome::GoOn;
+}
+
+void StartUp::RestoreCalibrationTimes(std::int32_t needle) {
+    const clsIniEdit& ini = *objects_.cIniEdit;
+    const QString section = settings::CalibrationSection(needle);
+    const QString none = QStringLiteral("-1");
+    const std::int16_t number = ToInteger16(needle);
+    window_.SetCalibTime(number, ini.GetString(section, QStringLiteral("Time"), none), 0);
+    window_.SetCalibTime(number, ini.GetString(section, QStringLiteral("ReTime"), none), 1);
+}
+
+void StartUp::OpenWindows() {
+    for (std::int32_t index = 1; index <= 4; ++index) {
+        if (objects_.cIniEdit->GetInt(QStringLiteral("Window"), QString::number(index), 1) == 0) {
+            window_.ShowWindow(index);
+        }
+    }
 }
 
 void StartUp::OpenCamera() {
@@ -122,12 +140,26 @@ void StartUp::OpenCamera() {
 }
 
 void StartUp::MeasureDisplay() {
+    defaultSize_ = AtDisplayScale(window_.DesignSize());
+    window_.DefaultSize(defaultSize_);
+}
+
+WindowSize StartUp::AtDisplayScale(const WindowSize& design) const {
     const double vertical = machine_.display.UnitsPerPixelVertical() / UnitsPerPixel;
     const double horizontal = machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel;
-    const WindowSize design = window_.DesignSize();
-    defaultSize_.Height = ToInteger16(convert(design.Height * vertical));
-    defaultSize_.Width = ToInteger16(convert(design.Width * horizontal));
-    window_.DefaultSize(defaultSize_);
+    WindowSize size;
+    size.Height = ToInteger16(convert(design.Height * vertical));
+    size.Width = ToInteger16(convert(design.Width * horizontal));
+    return size;
+}
+
+void StartUp::RestoreWindowPlaces() {
+    const clsIniEdit& ini = *objects_.cIniEdit;
+    window_.Place(ReadWindowPlace(ini, QStringLiteral("FormMain_Position"), defaultSize_));
+    for (const SmallWindow& small : window_.SmallWindows()) {
+        window_.PlaceSmallWindow(small.Index,
+                                 ReadWindowPlace(ini, small.section, AtDisplayScale(small.design)));
+    }
 }
 
 void StartUp::ClearPositions() {
@@ -165,7 +197,7 @@ void StartUp::RestoreValues() {
     const QString zero = QStringLiteral("0");
     state_.ShiftX = settings::FloatValue(ini.GetString(shift, QStringLiteral("X"), zero));
     state_.ShiftY = settings::FloatValue(ini.GetString(shift, QStringLiteral("Y"), zero));
-    window_.Place(ReadWindowPlace(ini, QStringLiteral("FormMain_Position"), defaultSize_));
+    RestoreWindowPlaces();
     const QString user = QStringLiteral("User_Value");
     objects_.cNeedleMove->lngXYOffset =
         StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
@@ -212,6 +244,7 @@ void StartUp::RestoreCalibration(std::int32_t needle) {
         }
     }
     if (state_.CalibrationON(needle)) {
+        RestoreCalibrationTimes(needle);
         maps.CalibrationCalculation(needle);
     }
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {

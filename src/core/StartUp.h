@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <vector>
 
 #include "core/FormMainObjects.h"
 #include "core/PositionLoop.h"
@@ -16,6 +17,14 @@ class StartUp {
 public:
     enum class Outcome { GoOn, End };
 
+    // A small window: its number among the operator's window buttons, its section in the settings, and
+    // its design size in logical units.
+    struct SmallWindow {
+        std::int32_t Index;
+        QString section;
+        WindowSize design;
+    };
+
     // What of the start-up only the window itself can do.
     class Window {
     public:
@@ -27,6 +36,11 @@ public:
         // The panels come into being, when all objects are there.
         virtual void ConstructPanels() = 0;
         virtual void Place(const WindowPlace& place) = 0;
+        // The small windows, in the order in which they come into being, hidden.
+        virtual std::vector<SmallWindow> SmallWindows() = 0;
+        virtual void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) = 0;
+        // The time of needle's calibration (0) or re-calibration (1), as it is to be read; "-1" for none.
+        virtual void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) = 0;
         // 1: the offsets' minimum, or the contact check, was switched off at the end of the last run.
         virtual void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) = 0;
         // The port of mirror (0), gauge (1) or motor (2) has been opened: shows its number and starts
@@ -36,6 +50,8 @@ public:
         virtual void TellTotalManipulatorNumber() = 0;
         // Lays out tabs and panels and selects the first tab.
         virtual void SelectFirstTab() = 0;
+        // Window 1 to 4 was open at the end of the last run.
+        virtual void ShowWindow(std::int32_t Index) = 0;
     };
 
     StartUp(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
@@ -54,6 +70,10 @@ private:
     void ReportInitializeFailure();
     QString MakeDataFolder();
     void MeasureDisplay();
+    WindowSize AtDisplayScale(const WindowSize& design) const;
+    void RestoreWindowPlaces();
+    void RestoreCalibrationTimes(std::int32_t needle);
+    void OpenWindows();
     void ClearPositions();
     Outcome ConnectManipulators();
     struct PortNumbers {

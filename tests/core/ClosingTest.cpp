@@ -34,10 +34,12 @@ TEST_F(ClosingTest, CloseWritesInItsExactOrder) {
     Journal expected;
     for (const char* const entry :
          {"FormBirdView_Shift|X", "FormBirdView_Shift|Y", "FormMain_Position|Top", "FormMain_Position|Left",
-          "FormMain_Position|Height", "FormMain_Position|Width", "User_Value|XYOffset", "User_Value|ZOffset",
-          "User_Value|OffsetOFF", "User_Value|ContactOFF"}) {
+          "FormMain_Position|Height", "FormMain_Position|Width", "FormManiInfo_Position|Top",
+          "FormManiInfo_Position|Left", "FormManiInfo_Position|Height", "FormManiInfo_Position|Width",
+          "User_Value|XYOffset", "User_Value|ZOffset", "User_Value|OffsetOFF", "User_Value|ContactOFF"}) {
         expected.push_back(std::string("write ") + entry);
     }
+    expected.push_back("close windows");
     EXPECT_EQ(journal_, expected);
 }
 
@@ -51,6 +53,7 @@ TEST_F(ClosingTest, WhatIsSavedComesBackAtTheNextStart) {
     EXPECT_EQ(ReadSettings().toStdString(),
               "[FormBirdView_Shift]\r\nX=0.1\r\nY=-1e-07\r\n"
               "[FormMain_Position]\r\nTop=300\r\nLeft=450\r\nHeight=9360\r\nWidth=7800\r\n"
+              "[FormManiInfo_Position]\r\nTop=15\r\nLeft=30\r\nHeight=4500\r\nWidth=5100\r\n"
               "[User_Value]\r\nXYOffset=40\r\nZOffset=2147483647\r\nOffsetOFF=1\r\nContactOFF=0\r\n");
     Restart();
     EXPECT_TRUE(Begin());
@@ -92,7 +95,7 @@ TEST_F(ClosingTest, TheGaugesKeysAreEnabledAndThePortsClosedInTheOrderGaugeMirro
     closing_->Close();
     const Journal ports(journal_.end() - 4, journal_.end());
     EXPECT_EQ(ports, (Journal{"port 2 > KEYON\r\n", "port 2 close", "port 1 close", "port 3 close"}));
-    EXPECT_EQ(journal_.at(journal_.size() - 5), "write User_Value|ContactOFF");
+    EXPECT_EQ(journal_.at(journal_.size() - 5), "close windows");
 }
 
 TEST_F(ClosingTest, CancelLeavesEveryOpenPortAsItWas) {
@@ -108,7 +111,7 @@ TEST_F(ClosingTest, AnOpenCameraIsHiddenBeforeThePortsCloseAndReleasedLast) {
     objects_->cCommunication->MirrorPortOpen(1);
     journal_.clear();
     closing_->Close();
-    EXPECT_LT(PlaceOf("write User_Value|ContactOFF"), PlaceOf("LiveHideWindow"));
+    EXPECT_LT(PlaceOf("close windows"), PlaceOf("LiveHideWindow"));
     EXPECT_LT(PlaceOf("LiveHideWindow"), PlaceOf("port 1 close"));
     objects_->Release();
     EXPECT_LT(PlaceOf("driver released"), PlaceOf("live released"));

@@ -152,6 +152,28 @@ TEST_F(FormMainTest, StoredSafeguardsReachTheUserPanelAndTheNeedleMoves) {
     EXPECT_TRUE(ReadSettings().contains("OffsetOFF=1\r\nContactOFF=1\r\n"));
 }
 
+TEST_F(FormMainTest, TheWindowWithTheNeedlesOpensAndClosesWithItsButtonAndIsFoundAgain) {
+    ASSERT_TRUE(Start());
+    EXPECT_FALSE(window_->ManiInfo().isVisible());
+    Tab(17);
+    auto* const button =
+        window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(3)"));
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_TRUE(window_->ManiInfo().isVisible());
+    QTest::mouseClick(window_->ManiInfo().findChild<QWidget*>(QStringLiteral("usrKVButton1(0)")),
+                      Qt::LeftButton);
+    EXPECT_FALSE(window_->ManiInfo().isVisible());
+    EXPECT_FALSE(button->Value());
+    QTest::mouseClick(button, Qt::LeftButton);
+    window_->ManiInfo().move(60, 70);
+    Answer(platform::BoxAnswer::OK);
+    EXPECT_TRUE(window_->close());
+    window_.reset();
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(window_->ManiInfo().isVisible());
+    EXPECT_EQ(window_->ManiInfo().pos(), QPoint(60, 70));
+}
+
 TEST_F(FormMainTest, IsPlacedWhereTheSettingsSay) {
     WriteSettings("[FormMain_Position]\r\nTop=600\r\nLeft=1500\r\nWidth=9000\r\nHeight=9750\r\n");
     ASSERT_TRUE(Start());

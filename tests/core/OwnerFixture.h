@@ -115,6 +115,20 @@ protected:
     void DefaultSize(const WindowSize& size) override { defaultSize_ = size; }
     void ConstructPanels() override { journal_.push_back("construct panels"); }
     void Place(const WindowPlace& place) override;
+    std::vector<StartUp::SmallWindow> SmallWindows() override {
+        return {{3, QStringLiteral("FormManiInfo_Position"), {5100, 4500}}};
+    }
+    void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) override {
+        smallPlace_ = place;
+        journal_.push_back("place window " + std::to_string(Index));
+    }
+    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override {
+        journal_.push_back("time " + std::to_string(ManiNo) + " " + CalibTime.toStdString() + " " +
+                           std::to_string(CalibOrRe));
+    }
+    void ShowWindow(std::int32_t Index) override {
+        journal_.push_back("show window " + std::to_string(Index));
+    }
     void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override {
         offsetOFF_ = offsetOFF;
         contactOFF_ = contactOFF;
@@ -127,6 +141,10 @@ protected:
     void TellTotalManipulatorNumber() override { TotalManipulatorNumber(state_->intTotalManipulatorNumber); }
     // Closing::Window
     MeasuredWindowPlace Measured() const override { return measured_; }
+    std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const override {
+        return {{QStringLiteral("FormManiInfo_Position"), {15.0F, 30.0F, 4500.0F, 5100.0F}}};
+    }
+    void CloseSmallWindows() override { journal_.push_back("close windows"); }
     std::int32_t OffsetOFF() const override { return offsetOFF_; }
     std::int32_t ContactOFF() const override { return contactOFF_; }
 
@@ -162,6 +180,7 @@ protected:
     PositionXYZ lastRoot_{};
     std::int32_t offsetOFF_ = 0;
     std::int32_t contactOFF_ = 0;
+    WindowPlace smallPlace_;
 };
 
 }  // namespace travo::test

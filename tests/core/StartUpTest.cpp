@@ -92,7 +92,9 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
         expected.push_back(std::string("read ") + entry);
     }
     expected.insert(expected.end(),
-                    {"place main window", "read User_Value|XYOffset", "read User_Value|ZOffset",
+                    {"place main window", "read FormManiInfo_Position|Top", "read FormManiInfo_Position|Left",
+                     "read FormManiInfo_Position|Width", "read FormManiInfo_Position|Height",
+                     "place window 3", "read User_Value|XYOffset", "read User_Value|ZOffset",
                      "read User_Value|OffsetOFF", "read User_Value|ContactOFF", "restore safeguards",
                      "read COMPort|Mirror", "read COMPort|Magnescale", "read COMPort|Motor"});
     for (int needle = 0; needle < 4; ++needle) {
@@ -113,7 +115,8 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
         expected.push_back("DriverGetPosition");
         expected.push_back("needle " + std::to_string(needle));
     }
-    expected.insert(expected.end(), {"DriverSelect 1", "total 3", "first tab", "read Window|0"});
+    expected.insert(expected.end(), {"DriverSelect 1", "total 3", "first tab", "read Window|1",
+                                     "read Window|2", "read Window|3", "read Window|4", "read Window|0"});
     EXPECT_EQ(journal_, expected);
 }
 
@@ -228,6 +231,8 @@ TEST_F(StartUpTest, AStoredCalibrationIsRestoredAndMapsThePosition) {
     EXPECT_TRUE(Begin());
     EXPECT_TRUE(state_->CalibrationON(0));
     EXPECT_FALSE(state_->CalibrationON(1));
+    EXPECT_EQ(CountOf("time 0 26/11/21    09:30 0"), 1);
+    EXPECT_EQ(CountOf("time 0 -1 1"), 1);
     // The needle stands at (100, 200, 300): zero + counts - centre.
     EXPECT_EQ(state_->Needle(0, 0), 100 + 100 - 10000);
     EXPECT_EQ(state_->Needle(0, 1), -200 + 200 - 22000);
@@ -241,6 +246,7 @@ TEST_F(StartUpTest, ASingleUnreadPointClearsTheCalibrationOfThatNeedleAlone) {
     EXPECT_TRUE(Begin());
     EXPECT_TRUE(state_->CalibrationON(0));
     EXPECT_FALSE(state_->CalibrationON(1));
+    EXPECT_EQ(CountOf("time 1 26/11/21    09:30 0"), 0) << "no times are shown for it";
     EXPECT_TRUE(state_->CalibrationON(2));
     EXPECT_TRUE(state_->CalibrationON(3));
 }
@@ -374,6 +380,23 @@ TEST_F(StartUpTest, ACameraThatWasClosedIsNotStarted) {
     WriteSettings("[Window]\r\n0=1\r\n");
     EXPECT_TRUE(Begin());
     EXPECT_EQ(CountOf("live created"), 0);
+}
+
+TEST_F(StartUpTest, WindowsThatWereOpenAreShownInTheOrderOfTheirKeysAndTheCameraAfterThem) {
+    WriteSettings("[Window]\r\n4=0\r\n3=0\r\n2=1\r\n1=0\r\n0=0\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_LT(PlaceOf("show window 1"), PlaceOf("show window 3"));
+    EXPECT_LT(PlaceOf("show window 3"), PlaceOf("show window 4"));
+    EXPECT_LT(PlaceOf("show window 4"), PlaceOf("live created"));
+    EXPECT_EQ(CountOf("show window 2"), 0);
+}
+
+TEST_F(StartUpTest, ASmallWindowWithoutAStoredSizeComesBackAtItsDesignSize) {
+    WriteSettings("[FormManiInfo_Position]\r\nTop=150\r\n");
+    EXPECT_TRUE(Begin());
+    EXPECT_EQ(smallPlace_.Top, 150);
+    EXPECT_EQ(smallPlace_.Width, 5100);
+    EXPECT_EQ(smallPlace_.Height, 4500);
 }
 
 TEST_F(StartUpTest, TheLoopTicksEveryTwoHundredMilliseconds) {

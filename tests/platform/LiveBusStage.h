@@ -1,0 +1,87 @@
+// The camera link on a real bus of its own, with a fake camera program that plays scenarios.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <map>
+
+#include "platform/qt/QtLiveCamera.h"
+#include "support/LiveDesk.h"
+#include "support/PrivateBus.h"
+
+namespace travo::test {
+
+using platform::qt::QtLiveCamera;
+
+inline const QString Service = QStringLiteral("TRAVOLive.Live");
+
+// Long enough for a fake that is to answer, short enough to wait for one that is not.
+inline constexpr QtLiveCamera::Limits Patient{};
+inline constexpr QtLiveCamera::Limits Hasty{std::chrono::milliseconds(2000), std::chrono::milliseconds(300),
+                                            std::chrono::milliseconds(300)};
+
+class BusStage : public LiveStage {
+public:
+    explicit BusStage(const QtLiveCamera::Limits& limits = Patient) : camera(limits) { Install(); }
+    ~BusStage() override { QDBusConnection::disconnectFromBus(ControlName); }
+
+    platform::LiveCamera& Camera() override { return camera; }
+    Texts Calls() override {
+        Texts calls;
+        const QString path = bus.File(QStringLiteral("calls"));
+        for (const QString& line : ReadText(path).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            calls.push_back(line.toStdString());
+        }
+        WriteText(path, QString());
+        return calls;
+    }
+    void Tell(LiveStep step, const LiveDesk& desk) override {
+        const std::map<LiveStep, QString> wishes{{LiveStep::WindowClose, QStringLiteral("WindowClose")},
+                                                 {LiveStep::WindowHide, QStringLiteral("WindowHide")},
+                                                 {LiveStep::BirdViewSave, QStringLiteral("BirdViewSave")},
+                                                 {LiveStep::Lost, QStringLiteral("Die")}};
+        if (const auto wish = wishes.find(step); wish != wishes.end()) {
+            const std::size_t before = desk.told.size();
+            Work(wish->second);
+            EXPECT_TRUE(ServeUntil([&] { return desk.told.size() > before; }));
+        }
+    }
+
+    void Install() {
+        bus.Install(Service, QStringLiteral(FAKE_LIVE_SERVICE) + QLatin1Char(' ') + bus.Folder());
+    }
+    void Play(const char* scenario) {
+        WriteText(bus.File(QStringLiteral("scenario")), QLatin1String(scenario));
+    }
+    // At the camera's side: a wish of the operator there, or Die, or ReleaseName.
+    void Work(const QString& wish, const QString& service = Service) {
+        QDBusConnection control =
+            QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), ControlName);
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(service, QStringLiteral("/Control"), QString(), wish);
+        message.setAutoStartService(false);
+        control.call(message);
+    }
+    QString Owner() {
+        QDBusConnection control =
+            QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), ControlName);
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+        message.setArguments({Service});
+        const QDBusMessage reply = control.call(message);
+        return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).toString() : QString();
+    }
+    qsizetype Started() const { return bus.NotedProcesses().size(); }
+
+    PrivateBus bus;
+    QtLiveCamera camera;
+
+private:
+    const QString ControlName = QStringLiteral("control");
+};
+
+}  // namespace travo::test

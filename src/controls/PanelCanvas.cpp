@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <cmath>
 
+#include "controls/ControlAccess.h"
+
 namespace travo {
 
 namespace {
@@ -12,7 +14,10 @@ constexpr double SlotRadius = 5;
 constexpr double SlotLine = 1.4;
 }  // namespace
 
-PanelCanvas::PanelCanvas(const QSizeF& design, QWidget* parent) : QWidget(parent), layout_(design) {}
+PanelCanvas::PanelCanvas(const QSizeF& design, QWidget* parent) : QWidget(parent), layout_(design) {
+    // Before anything asks for this panel's face, which Qt keeps from then on.
+    InstallControlAccess();
+}
 
 void PanelCanvas::inipath(const QString& folder) {
     pictures_.Folder(folder);

@@ -47,6 +47,10 @@ bool SkinButton::event(QEvent* event) {
         // A button that is switched off while it is held down must not go off when it is let go.
         setDown(false);
     }
+    if (event->type() == QEvent::Hide) {
+        // A tab that goes under the pointer must not come back with its ring.
+        setAttribute(Qt::WA_UnderMouse, false);
+    }
     return QAbstractButton::event(event);
 }
 

@@ -19,4 +19,14 @@ TEST_F(SkinTabTest, AClickAndAPressOnThePictureAreClicksOnTheTab) {
     EXPECT_EQ(Shot(*tab).pixelColor(20, 20), QColor(0xD0, 0xE0, 0xEB));
 }
 
+TEST_F(SkinTabTest, ATabThatWasHiddenUnderThePointerComesBackWithoutItsRing) {
+    const auto tab = Made<SkinTab>(QStringLiteral("tab-07"), QSize(162, 36));
+    const QImage before = Shot(*tab);
+    tab->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_NE(Shot(*tab), before);
+    tab->hide();
+    tab->show();
+    EXPECT_EQ(Shot(*tab), before);
+}
+
 }  // namespace travo

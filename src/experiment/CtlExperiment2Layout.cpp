@@ -2,6 +2,7 @@
 #include <QString>
 
 #include "controls/ControlNames.h"
+#include "controls/PanelPlacing.h"
 #include "core/Arithmetic.h"
 #include "experiment/CtlExperiment2.h"
 
@@ -32,24 +33,6 @@ QRectF InCell(int cell, double top, const QSizeF& size) {
 }
 
 QChar CellLetter(int cell) { return QChar(u'A' + cell); }
-
-// What the layout needs to know of one control besides its rectangle.
-struct Names {
-    QString object;
-    QString human;
-    QString toolTip;
-    QString skin;
-};
-
-template <typename Control>
-void Put(PanelCanvas& panel, Control& control, const QRectF& place, const QString& programFolder,
-         const Names& names) {
-    control.setParent(&panel);
-    control.path(names.skin);
-    control.inipath(programFolder);
-    Identify(control, names.object, names.human, names.toolTip);
-    panel.Add(control, place);
-}
 
 }  // namespace
 

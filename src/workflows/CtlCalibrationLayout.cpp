@@ -2,6 +2,7 @@
 #include <QString>
 
 #include "controls/ControlNames.h"
+#include "controls/PanelPlacing.h"
 #include "workflows/CtlCalibration.h"
 
 namespace travo {
@@ -25,24 +26,6 @@ constexpr QRectF WarningPlace(12, 426, 462, 30);
 
 QRectF InColumn(double step, std::size_t column, double top, const QSizeF& size) {
     return {QPointF(Left + step * static_cast<double>(column), top), size};
-}
-
-// What the layout needs to know of one control besides its rectangle.
-struct Names {
-    QString object;
-    QString human;
-    QString toolTip;
-    QString skin;
-};
-
-template <typename Control>
-void Put(PanelCanvas& panel, Control& control, const QRectF& place, const QString& programFolder,
-         const Names& names) {
-    control.setParent(&panel);
-    control.path(names.skin);
-    control.inipath(programFolder);
-    Identify(control, names.object, names.human, names.toolTip);
-    panel.Add(control, place);
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ void FormMainTabs::HideAllPanels() {
         }
         panel->widget->hide();
         // Only the one that was on show has anything to end.
-        if (panel->steps == shown_) {
+        if (shown_ != nullptr && panel->steps == shown_) {
             shown_ = nullptr;
             panel->steps->Hidden();
         }

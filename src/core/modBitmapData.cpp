@@ -67,8 +67,8 @@ PixelBuffer::PixelBuffer(std::int32_t boundX, std::int32_t boundY) : boundX_(bou
 }
 
 std::size_t PixelBuffer::Place(std::int32_t x, std::int32_t y) const {
-    const auto columns = static_cast<std::size_t>(boundX_ + 1);
-    const auto rows = static_cast<std::size_t>(boundY_ + 1);
+    const auto columns = static_cast<std::size_t>(boundX_) + 1;
+    const auto rows = static_cast<std::size_t>(boundY_) + 1;
     return Bounded(y, rows) * columns + Bounded(x, columns);
 }
 

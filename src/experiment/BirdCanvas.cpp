@@ -1,0 +1,77 @@
+#include "experiment/BirdCanvas.h"
+
+#include "core/Arithmetic.h"
+#include "experiment/BirdDrawing.h"
+
+namespace travo {
+
+namespace {
+
+constexpr std::int16_t LastBlinkPhase = 2;
+// Needle markers of one shape, and cell markers of one variant.
+constexpr int NeedleMarkersOfShape = 4;
+constexpr int CellMarkersOfVariant = 8;
+
+double StillCorner(int size, double shift) { return (CanvasSize - size) / 2.0 + size * shift; }
+
+bool HidesWhatBlinks(const BirdScene& scene) { return scene.intBlinkPhase >= 1; }
+
+}  // namespace
+
+std::int16_t NextBlinkPhase(std::int16_t intBlinkPhase) {
+    return intBlinkPhase >= LastBlinkPhase ? std::int16_t{0} : static_cast<std::int16_t>(intBlinkPhase + 1);
+}
+
+BirdCanvas::BirdCanvas(const QString& programFolder)
+    : markers_(programFolder), canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
+    canvas_.fill(BirdGround);
+}
+
+const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
+    DrawStill(still, scene);
+    if (scene.chkMirror) {
+        DrawMarker(canvas_, markers_.View(scene.intBirdMagnification), scene.view.sngViewX,
+                   scene.view.sngViewY);
+    }
+    DrawNeedles(scene);
+    DrawCells(scene);
+    return canvas_;
+}
+
+void BirdCanvas::DrawStill(const QImage& still, const BirdScene& scene) {
+    const QImage plain = still.depth() == 32 ? still : still.convertToFormat(QImage::Format_RGB32);
+    DrawGroundAndStill(canvas_, BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
+                       StillCorner(plain.height(), scene.ShiftY));
+}
+
+void BirdCanvas::DrawNeedles(const BirdScene& scene) {
+    if (!scene.bLineOFF) {
+        for (std::int32_t i = 0; i <= scene.intTotalManipulatorNumber; ++i) {
+            const BirdNeedle& needle = scene.needles[Bounded(i, scene.needles.size())];
+            DrawShaft(canvas_, {needle.sngRootX, needle.sngRootY},
+                      {needle.sngNeedleX + NeedleMarkerCentre, needle.sngNeedleY + NeedleMarkerCentre},
+                      ShaftWidth);
+        }
+    }
+    for (std::int32_t i = 0; i <= scene.intTotalManipulatorNumber; ++i) {
+        if (i == scene.intManipulatorNumber && HidesWhatBlinks(scene)) {
+            continue;
+        }
+        const BirdNeedle& needle = scene.needles[Bounded(i, scene.needles.size())];
+        DrawMarker(canvas_, markers_.Needle(needle.intNeedleShape * NeedleMarkersOfShape + i),
+                   needle.sngNeedleX, needle.sngNeedleY);
+    }
+}
+
+void BirdCanvas::DrawCells(const BirdScene& scene) {
+    for (std::int32_t i = 0; i < CellCount; ++i) {
+        const BirdCell& cell = scene.cells[static_cast<std::size_t>(i)];
+        if (!cell.bCellSet || (i == scene.intCellNo && HidesWhatBlinks(scene))) {
+            continue;
+        }
+        const int variant = cell.bCellLeftHanded ? CellMarkersOfVariant : 0;
+        DrawMarker(canvas_, markers_.Cell(variant + i), cell.sngCellX, cell.sngCellY);
+    }
+}
+
+}  // namespace travo

@@ -1,0 +1,138 @@
+#include "experiment/BirdDrawing.h"
+
+#include <QRgb>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace travo {
+
+namespace {
+
+constexpr QRgb FourthByte = 0xFF000000U;
+constexpr QRgb Black = 0xFF000000U;
+
+QRgb* Row(QImage& image, int y) { return reinterpret_cast<QRgb*>(image.scanLine(y)); }
+const QRgb* Row(const QImage& image, int y) { return reinterpret_cast<const QRgb*>(image.constScanLine(y)); }
+
+// Pixels `from` to before `to` along one axis of the canvas.
+struct Span {
+    int from = 0;
+    int to = 0;
+
+    bool IsEmpty() const { return from >= to; }
+};
+
+// A picture of `length` pixels that begins at `place` of a canvas: the part of the canvas under it, and
+// the pixel that the picture begins on, which may lie before the canvas.
+struct Laid {
+    Span span;
+    int start = 0;
+};
+
+Laid LayOn(double place, int length, int canvasLength) {
+    const double pixel = std::nearbyint(place);
+    if (!(pixel > -length && pixel < canvasLength)) {
+        return {};
+    }
+    const int start = static_cast<int>(pixel);
+    return {{std::max(start, 0), std::min(start + length, canvasLength)}, start};
+}
+
+// The pixels of a row, or rows of a picture, whose middle lies from `low` to before `high`.
+Span Middles(double low, double high, int length) {
+    const double end = length;
+    const double from = std::ceil(std::clamp(low, 0.0, end) - 0.5);
+    const double to = std::ceil(std::clamp(high, 0.0, end) - 0.5);
+    return {static_cast<int>(from), static_cast<int>(to)};
+}
+
+// x from `low` to before `high`.
+struct Range {
+    double low;
+    double high;
+
+    // Keeps the part with least <= factor * x + rest < most.
+    void Narrow(double factor, double rest, double least, double most) {
+        if (factor == 0) {
+            if (!(least <= rest && rest < most)) {
+                high = low;
+            }
+            return;
+        }
+        double from = (least - rest) / factor;
+        double to = (most - rest) / factor;
+        if (factor < 0) {
+            std::swap(from, to);
+        }
+        low = std::max(low, from);
+        high = std::min(high, to);
+    }
+};
+
+}  // namespace
+
+void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double x, double y) {
+    const Laid across = LayOn(x, still.width(), canvas.width());
+    const Laid down = LayOn(y, still.height(), canvas.height());
+    const int width = canvas.width();
+    for (int row = 0; row < canvas.height(); ++row) {
+        QRgb* const to = Row(canvas, row);
+        if (across.span.IsEmpty() || row < down.span.from || row >= down.span.to) {
+            std::fill(to, to + width, ground);
+            continue;
+        }
+        const QRgb* const from = Row(still, row - down.start) - across.start;
+        std::fill(to, to + across.span.from, ground);
+        for (int column = across.span.from; column < across.span.to; ++column) {
+            to[column] = from[column] | FourthByte;
+        }
+        std::fill(to + across.span.to, to + width, ground);
+    }
+}
+
+void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y) {
+    const Laid across = LayOn(x, marker.mask.width(), canvas.width());
+    const Laid down = LayOn(y, marker.mask.height(), canvas.height());
+    if (across.span.IsEmpty()) {
+        return;
+    }
+    const auto first = across.span.from - across.start;
+    const auto count = across.span.to - across.span.from;
+    for (int row = down.span.from; row < down.span.to; ++row) {
+        QRgb* const to = Row(canvas, row) + across.span.from;
+        const QRgb* const mask = Row(marker.mask, row - down.start) + first;
+        const QRgb* const picture = Row(marker.picture, row - down.start) + first;
+        for (int column = 0; column < count; ++column) {
+            to[column] = (to[column] & mask[column]) ^ picture[column];
+        }
+    }
+}
+
+void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width) {
+    // Downwards, or to the right: so that the two ends may change places.
+    if (to.y < from.y || (to.y == from.y && to.x < from.x)) {
+        std::swap(from, to);
+    }
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    if (!(length > 0 && std::isfinite(length))) {
+        return;
+    }
+    const double alongX = (to.x - from.x) / length;
+    const double alongY = (to.y - from.y) / length;
+    const double half = width / 2;
+    const Span rows = Middles(from.y - half, to.y + half, canvas.height());
+    for (int row = rows.from; row < rows.to; ++row) {
+        const double y = row + 0.5 - from.y;
+        Range range{0, static_cast<double>(canvas.width())};
+        range.Narrow(alongY, -alongX * y - alongY * from.x, -half, half);
+        range.Narrow(alongX, alongY * y - alongX * from.x, 0, length);
+        const Span columns = Middles(range.low, range.high, canvas.width());
+        if (!columns.IsEmpty()) {
+            QRgb* const pixels = Row(canvas, row);
+            std::fill(pixels + columns.from, pixels + columns.to, Black);
+        }
+    }
+}
+
+}  // namespace travo

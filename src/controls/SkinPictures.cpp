@@ -7,6 +7,15 @@
 
 namespace travo {
 
+namespace {
+
+// Scales such as 1.1 are not exact: what falls short of a whole pixel by less than this is one.
+constexpr double PixelTolerance = 1e-6;
+
+int WholePixels(double length) { return std::max(1, static_cast<int>(std::floor(length + PixelTolerance))); }
+
+}  // namespace
+
 QString SkinFileName(const QString& folder, const QString& picture) {
     return folder + QStringLiteral("/skin/") + picture + QStringLiteral(".svg");
 }
@@ -44,8 +53,10 @@ QPixmap SkinPictures::Picture(const QString& name, const QSize& size, double dis
 }
 
 QPixmap SkinPictures::Drawn(SkinDrawing& drawing, const Kept& wanted) {
-    const QSize pixels(static_cast<int>(std::lround(wanted.size.width() * wanted.displayScale)),
-                       static_cast<int>(std::lround(wanted.size.height() * wanted.displayScale)));
+    // Half a pixel too few is a hair of the ground; half a pixel too many costs the picture its right or
+    // lower edge, which the control cuts off.
+    const QSize pixels(WholePixels(wanted.size.width() * wanted.displayScale),
+                       WholePixels(wanted.size.height() * wanted.displayScale));
     QPixmap pixmap = QPixmap::fromImage(drawing.Draw(pixels, wanted.scale * wanted.displayScale, wanted.fit));
     pixmap.setDevicePixelRatio(wanted.displayScale);
     return pixmap;

@@ -32,10 +32,10 @@ TEST(SkinPictures, EachSizeStateAndDisplayScaleHasItsOwn) {
     EXPECT_NE(one.toImage(), down.toImage());
 }
 
-TEST(SkinPictures, AFractionalDisplayScaleRoundsToWholePixels) {
+TEST(SkinPictures, AtAFractionalDisplayScaleAPictureIsNotWiderThanItsControl) {
     SkinPictures pictures;
     pictures.Folder(SkinHome());
-    EXPECT_EQ(pictures.Picture(QStringLiteral("SET-up"), QSize(71, 53), 1.5, 1.0).size(), QSize(107, 80));
+    EXPECT_EQ(pictures.Picture(QStringLiteral("SET-up"), QSize(71, 53), 1.5, 1.0).size(), QSize(106, 79));
 }
 
 TEST(SkinPictures, TheNumberOfPixmapsKeptIsBounded) {

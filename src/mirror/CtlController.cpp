@@ -63,9 +63,11 @@ void CtlController::ChangeEnable(bool New_Enable) {
 std::int16_t CtlController::PictureShown() const { return isEnabled() ? area_ : DisabledPicture; }
 
 std::int16_t CtlController::AreaAt(const QPointF& pointer) const {
-    return PadArea(pointer, {Scale(), system_.display.UnitsPerPixelHorizontal(),
+    return PadArea(pointer, {static_cast<double>(Side()), system_.display.UnitsPerPixelHorizontal(),
                              system_.display.UnitsPerPixelVertical()});
 }
+
+int CtlController::Side() const { return std::min(width(), height()); }
 
 void CtlController::Press(std::int16_t area, Hold hold) {
     area_ = area;
@@ -158,7 +160,7 @@ void CtlController::DesignSizeChanged() {
 
 void CtlController::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const int side = std::min(width(), height());
+    const int side = Side();
     const QString name = QStringLiteral("pad-%1").arg(PictureShown(), 2, 10, QLatin1Char('0'));
     const QPixmap picture = pictures_.Picture(name, QSize(side, side), devicePixelRatioF(), Scale());
     if (picture.isNull()) {

@@ -63,6 +63,8 @@ private:
     std::int16_t PressedArea() const override { return area_; }
 
     double Scale() const { return ScaleAt(QSizeF(size())); }
+    // Of the picture, in pixels.
+    int Side() const;
     std::int16_t AreaAt(const QPointF& pointer) const;
     void Press(std::int16_t area, Hold hold);
     void Release();

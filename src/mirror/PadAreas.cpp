@@ -41,19 +41,36 @@ constexpr auto RingAreas = static_cast<std::int16_t>(Directions.size());
 constexpr std::int16_t XAxis = 0;
 constexpr std::int16_t YAxis = 1;
 
-// Between `from`, which is no part of it, and `to`, which is: 1. Before it 0, behind it 2.
-int Band(double value, double from, double to) { return value <= from ? 0 : value <= to ? 1 : 2; }
+// A design length as the pixels of one axis of the display. One division, at the end: the middle of a pad of
+// 231 pixels is 115.5, and not a little less.
+class Axis {
+public:
+    Axis(double side, double unitsPerPixel)
+        : over_(side * OrdinaryUnitsPerPixel), under_(PadSide * unitsPerPixel) {}
 
-// The outer area of a sector. `across` and `down` are pixels of the display for a design pixel.
-std::int16_t Sector(double x, double y, double across, double down) {
-    const int row = Band(y, BarFrom * down, BarTo * down);
-    switch (Band(x, BarFrom * across, BarTo * across)) {
+    double operator()(double designLength) const { return designLength * over_ / under_; }
+
+private:
+    double over_;
+    double under_;
+};
+
+// 0 up to the bar's beginning, 1 up to its end, 2 beyond.
+std::size_t Band(double value, const Axis& axis) {
+    return value <= axis(BarFrom) ? 0 : value <= axis(BarTo) ? 1 : 2;
+}
+
+// As on the outer ring.
+std::int16_t Sector(double x, double y, const Axis& across, const Axis& down) {
+    static constexpr std::array<std::int16_t, 3> Left{8, 7, 6};
+    static constexpr std::array<std::int16_t, 3> Right{2, 3, 4};
+    switch (Band(x, across)) {
         case 0:
-            return std::array<std::int16_t, 3>{8, 7, 6}.at(static_cast<std::size_t>(row));
+            return Left.at(Band(y, down));
         case 1:
-            return y <= Middle * down ? 1 : 5;
+            return y <= down(Middle) ? 1 : 5;
         default:
-            return std::array<std::int16_t, 3>{2, 3, 4}.at(static_cast<std::size_t>(row));
+            return Right.at(Band(y, down));
     }
 }
 
@@ -77,21 +94,21 @@ QString MoveText(const PadMove& move) {
 }  // namespace
 
 std::int16_t PadArea(const QPointF& pointer, const PadView& view) {
+    const Axis across(view.side, view.unitsPerPixelHorizontal);
+    const Axis down(view.side, view.unitsPerPixelVertical);
     const double x = pointer.x() * OrdinaryUnitsPerPixel / view.unitsPerPixelHorizontal;
     const double y = convert(pointer.y() * OrdinaryUnitsPerPixel / view.unitsPerPixelVertical);
-    const double across = view.scale / (view.unitsPerPixelHorizontal / OrdinaryUnitsPerPixel);
-    const double down = view.scale / (view.unitsPerPixelVertical / OrdinaryUnitsPerPixel);
     // On a display whose pixels are not square the wheel stays round to the eye.
-    const double ratio = across / down;
+    const double ratio = view.unitsPerPixelVertical / view.unitsPerPixelHorizontal;
     const double distance =
-        Squared(x - convert(Middle * across)) + Squared((y - convert(Middle * down)) * ratio);
-    if (distance <= Squared(CentreRadius * across)) {
+        Squared(x - convert(across(Middle))) + Squared((y - convert(down(Middle))) * ratio);
+    if (distance <= Squared(across(CentreRadius))) {
         return PadCentre;
     }
-    if (distance <= Squared(InnerRadius * across)) {
+    if (distance <= Squared(across(InnerRadius))) {
         return static_cast<std::int16_t>(Sector(x, y, across, down) + RingAreas);
     }
-    return distance <= Squared(OuterRadius * across) ? Sector(x, y, across, down) : NoPadArea;
+    return distance <= Squared(across(OuterRadius)) ? Sector(x, y, across, down) : NoPadArea;
 }
 
 std::vector<PadMove> PadMoves(std::int16_t area) {

@@ -17,7 +17,7 @@ constexpr std::int16_t PadSide = 165;
 
 // How the pad stands on the screen.
 struct PadView {
-    double scale = 1;  // present size over design size, the smaller of both axes
+    double side = PadSide;  // of the square picture at present, in device-independent pixels
     // Logical units of the display to a pixel, 15 on an ordinary one; above 0.
     double unitsPerPixelHorizontal = 15;
     double unitsPerPixelVertical = 15;

@@ -14,7 +14,12 @@ class InstrumentsListener : public clsCommunication::Listener {
 public:
     explicit InstrumentsListener(Journal& journal) : journal_(journal) {}
 
-    void checkMotor(std::int16_t ONOFF) override { Tell("checkMotor " + std::to_string(ONOFF)); }
+    void checkMotor(std::int16_t ONOFF) override {
+        Tell("checkMotor " + std::to_string(ONOFF));
+        if (mirrorMotors) {
+            mirrorMotors(ONOFF);
+        }
+    }
     void ControlONOFF(bool ONOFF) override {
         Tell(ONOFF ? "ControlONOFF 1" : "ControlONOFF 0");
         if (motorButtons) {
@@ -22,8 +27,9 @@ public:
         }
     }
 
-    bool fail = false;                       // each call raises, once it is in the journal
-    std::function<void(bool)> motorButtons;  // the panel that is told, where a test has one
+    bool fail = false;                               // each call raises, once it is in the journal
+    std::function<void(bool)> motorButtons;          // the panel that is told, where a test has one
+    std::function<void(std::int16_t)> mirrorMotors;  // likewise
 
 private:
     void Tell(const std::string& what) {

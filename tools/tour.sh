@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Plays the tour of a build folder on a display, a session bus and folders of its own.
-#   tools/tour.sh BUILD-FOLDER
+#   tools/tour.sh BUILD-FOLDER [--only instruments|panels|calibration]
 set -eu
 cd "$(dirname "$0")/.."
 build="$(realpath "$1")"
+shift
 own="$(mktemp -d)"
 trap 'rm -rf "$own"' EXIT
 mkdir -m 700 "$own/runtime" "$own/data" "$own/config"
@@ -18,7 +19,7 @@ pictures="$build/pictures"
 rm -rf "$pictures"
 status=0
 xvfb-run -a -s "-screen 0 2560x1600x24 -nolisten tcp" dbus-run-session -- \
-    tools/with-window-manager.sh "$build/workbench/tour/tour" "$own/TRAVO" "$build/workbench/travo-workbench" "$pictures" ||
+    tools/with-window-manager.sh "$build/workbench/tour/tour" "$@" "$own/TRAVO" "$build/workbench/travo-workbench" "$pictures" ||
     status=$?
 echo "Pictures: $pictures"
 exit $status

@@ -1,5 +1,7 @@
 #include "workbench/tour/Handling.h"
 
+#include <QDir>
+#include <QFile>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -54,6 +56,21 @@ void RequireNoCrossing(Stage& stage) {
                   " truly crossed at " + PlaceText(crossing.x, crossing.y, 0.0));
     }
     Require(crossings.inAll == 0, "shafts truly crossed " + std::to_string(crossings.inAll) + " times");
+}
+
+QString StoredSetting(Stage& stage, const QString& section, const QString& key) {
+    QFile file(QDir(stage.Where().programFolder).filePath(QStringLiteral("KVData.ini")));
+    Require(file.open(QIODevice::ReadOnly), "there is no settings file");
+    bool inSection = false;
+    for (const QString& line : QString::fromLatin1(file.readAll()).split(QLatin1Char('\n'))) {
+        const QString text = line.trimmed();
+        if (text.startsWith(QLatin1Char('['))) {
+            inSection = text == QLatin1Char('[') + section + QLatin1Char(']');
+        } else if (inSection && text.startsWith(key + QLatin1Char('='))) {
+            return text.mid(key.size() + 1);
+        }
+    }
+    return QStringLiteral("none");
 }
 
 void OpenPorts(Stage& stage) {

@@ -25,6 +25,9 @@ travo::PositionXYZ TruePlace(Stage& stage, std::int32_t needle);
 // The world must have seen no two shafts cross.
 void RequireNoCrossing(Stage& stage);
 
+// The value of a key in the settings file itself, "none" where it is not there.
+QString StoredSetting(Stage& stage, const QString& section, const QString& key);
+
 // Opens the three ports through the facade and waits for the first data of each instrument; then asks
 // for 2x and waits for it.
 void OpenPorts(Stage& stage);

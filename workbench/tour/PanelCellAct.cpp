@@ -12,7 +12,6 @@ namespace {
 
 using travo::PositionXYZ;
 
-constexpr std::int32_t RowsOfAPage = 4;
 // Besides the world's six cells. With needle 1 at G the contact check refuses needle 2 at H, since it
 // reckons with a needle that first goes forward from its retreat and then sideways; the straight way to H
 // passes in front of needle 1's tip.
@@ -28,23 +27,6 @@ std::vector<PositionXYZ> PlacesToStore(PanelPlay& play) {
     places.push_back(PlaceH);
     Require(places.size() == travo::CellCount, "there are not eight places to store");
     return places;
-}
-
-void AimView(PanelPlay& play, const PositionXYZ& place) {
-    Stage& stage = play.stage;
-    stage.Workbench().MoveMirror(place[0], place[1]);
-    stage.Workbench().MoveFocus(place[2] * travo::clsObjectiveUpDown::MotorStepsPerUnit);
-    WaitForView(stage, place[0], place[1]);
-    stage.WaitUntil([&] { return stage.State().CurrentXYZ(2) == place[2]; },
-                    "the gauge does not read " + std::to_string(place[2]));
-}
-
-StoredCell StoreInRow(PanelPlay& play, std::int32_t cell, const PositionXYZ& place) {
-    AimView(play, place);
-    const auto centre = play.stage.Workbench().ViewCentreNow();
-    const StoredCell stored{place, {centre[0], centre[1], play.stage.Workbench().Focus().now}};
-    play.hands.Press(QStringLiteral("Set row %1").arg(cell % RowsOfAPage + 1));
-    return stored;
 }
 
 // Between what a label says and the true view centre, on each axis: the rule's rounding and its bias.
@@ -68,7 +50,7 @@ double RequireLabels(PanelPlay& play, std::int32_t cell, const StoredCell& store
 
 void RequirePage(PanelPlay& play, std::int32_t first) {
     for (std::int32_t cell = 0; cell < travo::CellCount; ++cell) {
-        const bool onPage = cell / RowsOfAPage == first / RowsOfAPage;
+        const bool onPage = cell / CellRowsOfAPage == first / CellRowsOfAPage;
         Require(play.hands.OnShow(CellButton(cell) + QStringLiteral(" X")) == onPage,
                 "the page switch shows the wrong rows");
     }
@@ -76,13 +58,30 @@ void RequirePage(PanelPlay& play, std::int32_t first) {
 
 }  // namespace
 
+void AimView(PanelPlay& play, const PositionXYZ& place) {
+    Stage& stage = play.stage;
+    stage.Workbench().MoveMirror(place[0], place[1]);
+    stage.Workbench().MoveFocus(place[2] * travo::clsObjectiveUpDown::MotorStepsPerUnit);
+    WaitForView(stage, place[0], place[1]);
+    stage.WaitUntil([&] { return stage.State().CurrentXYZ(2) == place[2]; },
+                    "the gauge does not read " + std::to_string(place[2]));
+}
+
+StoredCell StoreInRow(PanelPlay& play, std::int32_t cell, const PositionXYZ& place) {
+    AimView(play, place);
+    const auto centre = play.stage.Workbench().ViewCentreNow();
+    const StoredCell stored{place, {centre[0], centre[1], play.stage.Workbench().Focus().now}};
+    play.hands.Press(QStringLiteral("Set row %1").arg(cell % CellRowsOfAPage + 1));
+    return stored;
+}
+
 void PlayPanelCellAct(PanelPlay& play) {
     play.hands.OpenPanel(QStringLiteral("Cell position"), QStringLiteral("CtlCellPosition1"));
     Require(play.hands.Read(QStringLiteral("Cell A X")) == QLatin1String("N/A"), "a cell is set already");
     const std::vector<PositionXYZ> places = PlacesToStore(play);
     double worst = 0.0;
     for (std::int32_t cell = 0; cell < travo::CellCount; ++cell) {
-        if (cell == RowsOfAPage) {
+        if (cell == CellRowsOfAPage) {
             play.stage.SavePicture(QStringLiteral("panel-cell-position"));
             play.hands.Press(QStringLiteral("Page E to H"));
         }

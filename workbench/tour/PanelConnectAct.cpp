@@ -1,7 +1,5 @@
 #include "workbench/tour/PanelConnectAct.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -33,20 +31,8 @@ const std::array<Row, 3>& Rows() {
 
 const QString NoSuchPort = QStringLiteral("9");
 
-// The value of a key of the section COMPort in the settings file, "none" where it is not there.
 QString StoredPort(PanelPlay& play, const QString& key) {
-    QFile file(QDir(play.stage.Where().programFolder).filePath(QStringLiteral("KVData.ini")));
-    Require(file.open(QIODevice::ReadOnly), "there is no settings file");
-    bool inSection = false;
-    for (const QString& line : QString::fromLatin1(file.readAll()).split(QLatin1Char('\n'))) {
-        const QString text = line.trimmed();
-        if (text.startsWith(QLatin1Char('['))) {
-            inSection = text == QLatin1String("[COMPort]");
-        } else if (inSection && text.startsWith(key + QLatin1Char('='))) {
-            return text.mid(key.size() + 1);
-        }
-    }
-    return QStringLiteral("none");
+    return StoredSetting(play.stage, QStringLiteral("COMPort"), key);
 }
 
 void PressSet(PanelPlay& play, const Row& row, const QString& port, const QString& verdict) {

@@ -9,26 +9,21 @@ namespace workbench::tour {
 
 namespace {
 
-// Between where the program has read a needle and where it truly stands, on each axis.
-constexpr double ReadTolerance = 3.0;
+// Between where a needle is to retreat to and where the program reads it then, on each axis.
+constexpr double RetreatTolerance = 3.0;
 
 bool HasBeenRead(Stage& stage, std::int32_t needle) {
     if (stage.Workbench().AnyNeedleMoves()) {
         return false;
     }
-    const WorkbenchClient::Place tip = stage.Workbench().TipOf(needle + 1).now;
+    const travo::PositionXYZ counts = stage.Workbench().CountsOf(needle + 1);
     for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
-        const double read = stage.State().Needle(needle, axis);
-        if (std::abs(read - tip[static_cast<std::size_t>(axis)]) > ReadTolerance) {
+        if (stage.State().Needle(needle, axis) !=
+            stage.Objects().cNeedleMove->Calibration(needle, axis, counts)) {
             return false;
         }
     }
     return true;
-}
-
-void WaitUntilRead(PanelPlay& play, std::int32_t needle) {
-    play.stage.WaitUntil([&] { return HasBeenRead(play.stage, needle); },
-                         NeedleName(needle) + " has not been read where it stands");
 }
 
 }  // namespace
@@ -56,6 +51,11 @@ void PressMove(PanelPlay& play) {
     play.stage.RequireBoxesAsExpected();
     Require(play.hands.PressedIn(QStringLiteral("View")) && play.hands.OnShow(QStringLiteral("View lamp")),
             "after a move the view is not what moves next");
+}
+
+void WaitUntilRead(PanelPlay& play, std::int32_t needle) {
+    play.stage.WaitUntil([&] { return HasBeenRead(play.stage, needle); },
+                         NeedleName(needle) + " has not been read where it stands");
 }
 
 void SendNeedleToCell(PanelPlay& play, std::int32_t needle, std::int32_t cell) {
@@ -86,7 +86,7 @@ void RetreatNeedle(PanelPlay& play, std::int32_t needle) {
     const travo::clsEscape& escape = *play.stage.Objects().cEscape;
     for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
         const double apart = play.stage.State().Needle(needle, axis) - escape.NeedleEscape(needle, axis);
-        Require(std::abs(apart) <= ReadTolerance, NeedleName(needle) + " has not retreated");
+        Require(std::abs(apart) <= RetreatTolerance, NeedleName(needle) + " has not retreated");
     }
 }
 

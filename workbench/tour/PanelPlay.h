@@ -42,6 +42,8 @@ void PressNeedle(PanelPlay& play, std::int32_t needle);
 void PressView(PanelPlay& play);
 // Presses Move and requires that the boxes are those expected and that the view is what moves next.
 void PressMove(PanelPlay& play);
+// Waits until the chosen needle rests and the program knows it at the counts where it truly is.
+void WaitUntilRead(PanelPlay& play, std::int32_t needle);
 // Needle button, cell button, Move; returns when the needle rests and the program has read where.
 void SendNeedleToCell(PanelPlay& play, std::int32_t needle, std::int32_t cell);
 // The same with needle 2 and BarredCell while needle 1 stands at BarringCell: requires the refusal in its

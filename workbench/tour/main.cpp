@@ -3,10 +3,13 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <exception>
 
 #include "platform/qt/QtApplicationLoop.h"
+#include "workbench/tour/CalibrationAct.h"
 #include "workbench/tour/NeedleAct.h"
 #include "workbench/tour/PanelAct.h"
 #include "workbench/tour/ProgramAct.h"
@@ -17,21 +20,65 @@
 
 namespace {
 
-workbench::tour::Places ReadPlaces(const QCoreApplication& application) {
+using workbench::tour::Stage;
+
+// What is played on one workbench: nothing of it is left in the world of the next.
+struct Day {
+    QString name;
+    void (*play)(Stage& stage);
+};
+
+void PlayInstruments(Stage& stage) {
+    workbench::tour::PlayNeedleAct(stage);
+    workbench::tour::PlaySerialAct(stage);
+    workbench::tour::PlayWireFaultAct(stage);
+    workbench::tour::PlayProgramAct(stage);
+}
+
+const std::array<Day, 3>& Days() {
+    static const std::array<Day, 3> days{
+        {{QStringLiteral("instruments"), PlayInstruments},
+         {QStringLiteral("panels"), workbench::tour::PlayPanelAct},
+         {QStringLiteral("calibration"), workbench::tour::PlayCalibrationAct}}};
+    return days;
+}
+
+struct Wish {
+    workbench::tour::Places places;
+    QString only;  // the one day to be played, empty for all
+};
+
+Wish ReadWish(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Plays the operator on TRAVO's workbench."));
     parser.addHelpOption();
+    const QCommandLineOption only(QStringLiteral("only"),
+                                  QStringLiteral("Plays this alone: instruments, panels or calibration."),
+                                  QStringLiteral("name"));
+    parser.addOption(only);
     parser.addPositionalArgument(QStringLiteral("program-folder"), QStringLiteral("TRAVO's program folder."));
     parser.addPositionalArgument(QStringLiteral("workbench"), QStringLiteral("The travo-workbench program."));
     parser.addPositionalArgument(QStringLiteral("pictures"), QStringLiteral("Folder for the screenshots."));
     parser.process(application);
-    if (parser.positionalArguments().size() != 3) {
+    const bool known = !parser.isSet(only) || std::any_of(Days().begin(), Days().end(), [&](const Day& day) {
+        return day.name == parser.value(only);
+    });
+    if (parser.positionalArguments().size() != 3 || !known) {
         parser.showHelp(1);
     }
     const auto path = [&](int index) {
         return QFileInfo(parser.positionalArguments().at(index)).absoluteFilePath();
     };
-    return {path(0), path(1), path(2)};
+    return {{path(0), path(1), path(2)}, parser.value(only)};
+}
+
+void Play(const Wish& wish) {
+    for (const Day& day : Days()) {
+        if (wish.only.isEmpty() || wish.only == day.name) {
+            Stage stage(wish.places);
+            day.play(stage);
+        }
+    }
 }
 
 }  // namespace
@@ -40,17 +87,7 @@ int main(int argumentCount, char** arguments) {
     travo::platform::qt::QtApplicationLoop::PreferX11();
     travo::platform::qt::QtApplicationLoop application(argumentCount, arguments);
     try {
-        const workbench::tour::Places places = ReadPlaces(application);
-        {
-            workbench::tour::Stage stage(places);
-            workbench::tour::PlayNeedleAct(stage);
-            workbench::tour::PlaySerialAct(stage);
-            workbench::tour::PlayWireFaultAct(stage);
-            workbench::tour::PlayProgramAct(stage);
-        }
-        // A workbench of its own: nothing of the acts before is left in its world.
-        workbench::tour::Stage stage(places);
-        workbench::tour::PlayPanelAct(stage);
+        Play(ReadWish(application));
     } catch (const std::exception& failure) {
         std::printf("\nThe tour failed: %s.\n", failure.what());
         return 1;

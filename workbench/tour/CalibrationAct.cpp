@@ -1,0 +1,128 @@
+#include "workbench/tour/CalibrationAct.h"
+
+#include <QDir>
+#include <algorithm>
+
+#include "core/SettingsKeys.h"
+#include "workbench/tour/CalibrationLandingAct.h"
+#include "workbench/tour/CalibrationPanelAct.h"
+#include "workbench/tour/CalibrationPlay.h"
+#include "workbench/tour/Handling.h"
+#include "workbench/tour/Report.h"
+
+namespace workbench::tour {
+
+namespace {
+
+using live::LiveClient;
+
+// The mounts for which the calibration is exact but for whole counts.
+const NeedleSettings DefaultSettings{{{{45.0, 0.0, 0.0}, {0, 0}},
+                                      {{135.0, 0.0, 0.0}, {0, 0}},
+                                      {{225.0, 0.0, 0.0}, {0, 0}},
+                                      {{315.0, 0.0, 0.0}, {0, 0}}}};
+// One thing at a time that it cannot tell, or not as well: the view elsewhere, another heading, yaw, tilt.
+const NeedleSettings FreeSettings{{{{45.0, 0.0, 0.0}, {60, -45}},
+                                   {{120.0, 0.0, 0.0}, {0, 0}},
+                                   {{225.0, 1.3, 0.0}, {0, 0}},
+                                   {{315.0, 0.0, 0.5}, {-40, 50}}}};
+constexpr std::int32_t DefaultCells = travo::CellCount;
+constexpr std::int32_t FreeCells = 4;
+
+const QString Camera = QStringLiteral("Camera window");
+
+void WaitForInstruments(Stage& stage) {
+    const travo::SharedState& state = stage.State();
+    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
+        stage.WaitUntil([&] { return state.CurrentXYZ(axis) != travo::NoPositionValue; },
+                        "an instrument on a stored port is not heard after the start");
+    }
+    stage.WaitUntil([&] { return state.bMotorONOFF; }, "the focus motor does not identify itself");
+    stage.RequireBoxesAsExpected();
+}
+
+void OpenCamera(PanelPlay& play) {
+    play.hands.OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));
+    play.hands.Press(Camera);
+    LiveClient camera;
+    Require(play.stage.State().LiveOpen && camera.Running() && camera.Now().visible,
+            "the camera does not open");
+}
+
+void Restart(PanelPlay& play) {
+    Stage& stage = play.stage;
+    stage.CloseProgram();
+    stage.OpenProgram();
+    WaitForInstruments(stage);
+    play.hands.TakeTheKeys();
+    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
+        Require(stage.State().CalibrationON(needle), NeedleName(needle) + " has lost its calibration");
+    }
+    WaitFor035x(play);
+    SwitchTo2x(play);
+    Require(stage.State().LiveOpen, "the camera has not come back");
+    PrintLine("closed and started anew on the same settings: four calibrations, three ports, the camera");
+}
+
+void CloseForGood(PanelPlay& play) {
+    play.stage.CloseProgram();
+    LiveClient camera;
+    play.stage.WaitUntil([&] { return !camera.Running(); }, "the camera program outlives its last caller");
+}
+
+}  // namespace
+
+std::string SettingText(PanelPlay& play, const NeedleSetting& setting) {
+    const auto centre = play.stage.Workbench().ViewCentre(setting.mirror[0], setting.mirror[1]);
+    return "heading " + NumberText(setting.mount.heading) + ", yaw " + NumberText(setting.mount.yaw) +
+           ", tilt " + NumberText(setting.mount.tilt) + ", calibrated at " +
+           PlaceText(centre[0], centre[1], 0.0);
+}
+
+void SteerNeedle(PanelPlay& play, std::int32_t needle, const travo::PositionXYZ& counts) {
+    play.stage.Workbench().Move(needle + 1, counts);
+    play.stage.WaitUntil([&] { return play.stage.Workbench().CountsOf(needle + 1) == counts; },
+                         NeedleName(needle) + " does not get where it is steered to");
+}
+
+void WaitFor035x(PanelPlay& play) {
+    Stage& stage = play.stage;
+    stage.WaitUntil(
+        [&] { return stage.State().CurrentMagnification() == 1 && stage.Workbench().Magnification() == 1; },
+        "the start has not asked for 0.35x");
+}
+
+void SwitchTo2x(PanelPlay& play) {
+    Stage& stage = play.stage;
+    play.hands.OpenPanel(QStringLiteral("Connection"), QStringLiteral("CtlConnection1"));
+    play.hands.Press(QStringLiteral("Test mirror"));
+    stage.WaitUntil([&] { return stage.State().CurrentMagnification() == 2; }, "2x has not been reported");
+    Require(stage.Workbench().Magnification() == 2, "the world does not stand at 2x");
+}
+
+void RequireMarks(LiveClient& camera, const std::string& overlay) {
+    const std::string shown = camera.Now().overlay;
+    Require(shown == overlay, "the camera shows the marks " + shown + " instead of " + overlay);
+}
+
+void PlayCalibrationAct(Stage& stage) {
+    PrintHeading("Act 4: the operator calibrates the needles");
+    stage.Workbench().WriteSettingsWithPorts(
+        QDir(stage.Where().programFolder).filePath(travo::settings::FileName()).toStdString());
+    stage.OpenProgram();
+    PanelPlay play{stage, Hands(stage), {}};
+    play.hands.TakeTheKeys();
+    WaitForInstruments(stage);
+    OpenCamera(play);
+    PlayMagnificationWarning(play);
+    PlayCalibrations(play, DefaultSettings);
+    Restart(play);
+    PlayCalibratedLandings(play, DefaultCells, true);
+    PrintHeading("The same with free mounts and views off the centre: no limit, and what it costs");
+    PlayCalibrations(play, FreeSettings);
+    Restart(play);
+    PlayCalibratedLandings(play, FreeCells, false);
+    CloseForGood(play);
+}
+
+}  // namespace workbench::tour

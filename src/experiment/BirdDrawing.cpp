@@ -25,12 +25,12 @@ struct Span {
 
 // A picture of `length` pixels that begins at `place` of a canvas: the part of the canvas under it, and
 // the pixel that the picture begins on, which may lie before the canvas.
-struct Laid {
+struct Cover {
     Span span;
     int start = 0;
 };
 
-Laid LayOn(double place, int length, int canvasLength) {
+Cover LayOn(double place, int length, int canvasLength) {
     const double pixel = std::nearbyint(place);
     if (!(pixel > -length && pixel < canvasLength)) {
         return {};
@@ -73,36 +73,37 @@ struct Range {
 }  // namespace
 
 void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double x, double y) {
-    const Laid across = LayOn(x, still.width(), canvas.width());
-    const Laid down = LayOn(y, still.height(), canvas.height());
+    const Cover columns = LayOn(x, still.width(), canvas.width());
+    const Cover rows = LayOn(y, still.height(), canvas.height());
     const int width = canvas.width();
     for (int row = 0; row < canvas.height(); ++row) {
         QRgb* const to = Row(canvas, row);
-        if (across.span.IsEmpty() || row < down.span.from || row >= down.span.to) {
+        if (columns.span.IsEmpty() || row < rows.span.from || row >= rows.span.to) {
             std::fill(to, to + width, ground);
             continue;
         }
-        const QRgb* const from = Row(still, row - down.start) - across.start;
-        std::fill(to, to + across.span.from, ground);
-        for (int column = across.span.from; column < across.span.to; ++column) {
-            to[column] = from[column] | FourthByte;
+        std::fill(to, to + columns.span.from, ground);
+        QRgb* const covered = to + columns.span.from;
+        const QRgb* const from = Row(still, row - rows.start) + (columns.span.from - columns.start);
+        for (int column = 0; column < columns.span.to - columns.span.from; ++column) {
+            covered[column] = from[column] | FourthByte;
         }
-        std::fill(to + across.span.to, to + width, ground);
+        std::fill(to + columns.span.to, to + width, ground);
     }
 }
 
 void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y) {
-    const Laid across = LayOn(x, marker.mask.width(), canvas.width());
-    const Laid down = LayOn(y, marker.mask.height(), canvas.height());
-    if (across.span.IsEmpty()) {
+    const Cover columns = LayOn(x, marker.mask.width(), canvas.width());
+    const Cover rows = LayOn(y, marker.mask.height(), canvas.height());
+    if (columns.span.IsEmpty()) {
         return;
     }
-    const auto first = across.span.from - across.start;
-    const auto count = across.span.to - across.span.from;
-    for (int row = down.span.from; row < down.span.to; ++row) {
-        QRgb* const to = Row(canvas, row) + across.span.from;
-        const QRgb* const mask = Row(marker.mask, row - down.start) + first;
-        const QRgb* const picture = Row(marker.picture, row - down.start) + first;
+    const auto first = columns.span.from - columns.start;
+    const auto count = columns.span.to - columns.span.from;
+    for (int row = rows.span.from; row < rows.span.to; ++row) {
+        QRgb* const to = Row(canvas, row) + columns.span.from;
+        const QRgb* const mask = Row(marker.mask, row - rows.start) + first;
+        const QRgb* const picture = Row(marker.picture, row - rows.start) + first;
         for (int column = 0; column < count; ++column) {
             to[column] = (to[column] & mask[column]) ^ picture[column];
         }
@@ -125,7 +126,8 @@ void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width) {
     for (int row = rows.from; row < rows.to; ++row) {
         const double y = row + 0.5 - from.y;
         Range range{0, static_cast<double>(canvas.width())};
-        range.Narrow(alongY, -alongX * y - alongY * from.x, -half, half);
+        const double across = alongY == 0 ? y : -alongX * y - alongY * from.x;
+        range.Narrow(alongY, across, -half, half);
         range.Narrow(alongX, alongY * y - alongX * from.x, 0, length);
         const Span columns = Middles(range.low, range.high, canvas.width());
         if (!columns.IsEmpty()) {

@@ -21,7 +21,7 @@ struct BirdPoint {
 };
 
 // A straight black bar, `width` wide, square at its ends: all pixels whose middle lies within. An edge that
-// runs through middles takes them at its left (of a level bar: lower) side and leaves them at the other.
+// runs through middles takes them at its left (of a level bar: upper) side and leaves them at the other.
 // A bar without length covers nothing.
 void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width);
 

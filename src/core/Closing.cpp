@@ -42,6 +42,8 @@ void Closing::SaveValues() {
     ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));
     ini.WriteString(user, QStringLiteral("OffsetOFF"), QString::number(window_.OffsetOFF()));
     ini.WriteString(user, QStringLiteral("ContactOFF"), QString::number(window_.ContactOFF()));
+    ini.WriteString(user, QStringLiteral("LineOFF"), QString::number(window_.LineOFF()));
+    ini.WriteString(user, QStringLiteral("BirdOPEN"), QString::number(window_.BirdOPEN()));
 }
 
 void Closing::ClosePorts() {

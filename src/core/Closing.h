@@ -26,6 +26,9 @@ public:
         // 1 while the offsets' minimum, or the contact check, is switched off, else 0.
         virtual std::int32_t OffsetOFF() const = 0;
         virtual std::int32_t ContactOFF() const = 0;
+        // 1 while the bird's-eye view hides the needles' shafts, or its lower panel is open, else 0.
+        virtual std::int32_t LineOFF() const = 0;
+        virtual std::int32_t BirdOPEN() const = 0;
     };
 
     Closing(SharedState& state, FormMainObjects& objects, PositionLoop& loop, platform::MessageBoxes& boxes,

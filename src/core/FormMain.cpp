@@ -18,11 +18,6 @@ namespace {
 // Logical units to the pixel.
 constexpr int UnitsPerPixel = 15;
 
-// Number of the window with the needles among the operator's window buttons, and its section in the
-// settings.
-constexpr std::int32_t ManiInfoWindow = 3;
-constexpr const char* ManiInfoSection = "FormManiInfo_Position";
-
 }  // namespace
 
 FormMain::FormMain(const platform::Machine& machine)
@@ -33,8 +28,7 @@ FormMain::FormMain(const platform::Machine& machine)
       closing_(state_, objects_, loop_, machine_.boxes, *this),
       layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
               machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
-      controls_(machine_.folders.Program(), this),
-      FormManiInfo_({*this, windowMove_}, machine_.folders.Program()) {
+      controls_(machine_.folders.Program(), this) {
     setObjectName(QStringLiteral("FormMain"));
     setWindowTitle(QStringLiteral("TRAVO"));
     qApp->setStyleSheet(ApplicationStyleSheet());
@@ -43,7 +37,8 @@ FormMain::FormMain(const platform::Machine& machine)
 }
 
 FormMain::~FormMain() {
-    // The panels go first: they refer to the objects, and the user panel still writes its windows.
+    // Windows and panels go first: they refer to the objects, and the user panel still writes its windows.
+    windows_.reset();
     tabs_.reset();
     panels_.reset();
     objects_.Release();
@@ -148,21 +143,25 @@ void FormMain::ResizeStep() {
     update();
 }
 
-// Bird's-eye view and mirror windows come before the experiment panel, the calibration panel behind the
-// camera.
 void FormMain::MagnificationChanged(std::int16_t magnification) {
+    windows_->MirrorCtl2.ChangeMagnification(magnification);
+    windows_->MirrorCtl.ChangeMagnification(magnification);
+    windows_->BirdView.ChangeMagnification(magnification);
     panels_->CtlExperiment1.ChangeMagnification();
     objects_.Live->AnnounceMagnification(magnification);
     panels_->CtlCalibration1.ChangeMagnification(magnification);
 }
 
-void FormMain::ViewChanged() { objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2); }
+void FormMain::ViewChanged() {
+    windows_->BirdView.ChangeViewXYZ(state_.CurrentXYZ());
+    objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2);
+}
 
 void FormMain::TotalManipulatorNumber(std::int16_t number) {
     panels_->CtlConnection1.StateChange();
     panels_->CtlCalibration1.TotalManipulatorNumber(number);
     panels_->CtlExperiment1.TotalManipulatorNumber(number);
-    FormManiInfo_.TotalManipulatorNumber(number);
+    windows_->ManiInfo.TotalManipulatorNumber(number);
 }
 
 void FormMain::ManipulatorChange(std::int16_t number) {
@@ -170,7 +169,9 @@ void FormMain::ManipulatorChange(std::int16_t number) {
     panels_->CtlExperiment1.ManipulatorChange(number);
 }
 
-void FormMain::ChangeNeedleXYZ(std::int16_t, const PositionXYZ&) {}
+void FormMain::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) {
+    windows_->BirdView.ChangeNeedleXYZ(index, state_.Needles(), state_.CurrentXYZ(), root);
+}
 
 void FormMain::ChangeZeroPosition() {
     panels_->CtlCellPosition1.ChangeZeroPosition();
@@ -193,9 +194,11 @@ void FormMain::DefaultSize(const WindowSize& size) {
 
 void FormMain::ConstructPanels() {
     panels_ = std::make_unique<FormMainPanels>(machine_, state_, objects_,
-                                               FormMainPanels::Owner{*this, *this, *this}, this);
+                                               FormMainPanels::Owner{*this, *this, *this, *this}, this);
     tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
                                            [this] { ResizeStep(); });
+    windows_ =
+        std::make_unique<FormMainWindows>(machine_, state_, objects_, FormMainWindows::Owner{*this, *this});
 }
 
 void FormMain::Place(const WindowPlace& place) {
@@ -208,19 +211,20 @@ void FormMain::Place(const WindowPlace& place) {
     move(OntoScreen(QRect(stored, size()), screens));
 }
 
-std::vector<StartUp::SmallWindow> FormMain::SmallWindows() {
-    return {{ManiInfoWindow, QString::fromLatin1(ManiInfoSection), FormManiInfo_.DesignSize()}};
-}
+std::vector<StartUp::SmallWindow> FormMain::SmallWindows() { return windows_->All(); }
 
 void FormMain::PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) {
-    if (Index == ManiInfoWindow) {
-        FormManiInfo_.Place(place);
-    }
+    windows_->Place(Index, place);
 }
 
 void FormMain::RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) {
     panels_->CtlUser1.OffsetONOff(offsetOFF);
     panels_->CtlUser1.ContactONOff(contactOFF);
+}
+
+void FormMain::RestoreBirdView(std::int32_t lineOFF, std::int32_t birdOPEN) {
+    windows_->BirdView.LineONOff(lineOFF != 0);
+    windows_->BirdView.BirdOPEN(birdOPEN != 0);
 }
 
 void FormMain::WatchPort(std::int16_t device, std::int16_t number) {
@@ -243,20 +247,28 @@ MeasuredWindowPlace FormMain::Measured() const {
 }
 
 std::vector<std::pair<QString, MeasuredWindowPlace>> FormMain::SmallPlaces() const {
-    return {{QString::fromLatin1(ManiInfoSection), FormManiInfo_.Measured()}};
+    return windows_->Places();
 }
 
-void FormMain::CloseSmallWindows() { FormManiInfo_.CloseAtEnd(); }
+void FormMain::CloseSmallWindows() { windows_->CloseAtEnd(); }
 
 std::int32_t FormMain::OffsetOFF() const { return panels_->CtlUser1.OffsetONOff(); }
 
 std::int32_t FormMain::ContactOFF() const { return panels_->CtlUser1.ContactONOff(); }
 
-void FormMain::checkMotor(std::int16_t ONOFF) { panels_->CtlExperiment1.checkMotor(ONOFF != 0); }
+std::int32_t FormMain::LineOFF() const { return windows_->BirdView.LineONOff() ? 1 : 0; }
+
+std::int32_t FormMain::BirdOPEN() const { return windows_->BirdView.BirdOPEN() ? 1 : 0; }
+
+void FormMain::checkMotor(std::int16_t ONOFF) {
+    panels_->CtlExperiment1.checkMotor(ONOFF != 0);
+    windows_->MirrorCtl.checkMotor(ONOFF);
+    windows_->MirrorCtl2.checkMotor(ONOFF);
+}
 
 void FormMain::ControlONOFF(bool ONOFF) { panels_->CtlConnection1.ControlONOFF(ONOFF); }
 
-void FormMain::Live_BirdViewSave() {}
+void FormMain::Live_BirdViewSave() { windows_->BirdView.NewPicLoad(); }
 
 void FormMain::Live_WindowHide() { panels_->CtlUser1.LiveFromHide(); }
 
@@ -272,24 +284,24 @@ void FormMain::LiveDied() {
 
 void FormMain::ModeChange(bool bWizerd) { tabs_->ModeChange(bWizerd); }
 
-void FormMain::ShowWindow(std::int32_t Index) {
-    if (Index == ManiInfoWindow) {
-        FormManiInfo_.ShowWindow();
-    }
-}
+void FormMain::ShowWindow(std::int32_t Index) { windows_->Show(Index); }
 
-void FormMain::HideWindow(std::int32_t Index) {
-    if (Index == ManiInfoWindow) {
-        FormManiInfo_.HideWindow();
-    }
-}
+void FormMain::HideWindow(std::int32_t Index) { windows_->Hide(Index); }
 
 void FormMain::FormClose(std::int32_t Index) { panels_->CtlUser1.FormClose(Index); }
 
 void FormMain::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
-    FormManiInfo_.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
+    windows_->ManiInfo.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
 }
 
 void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }
+
+void FormMain::ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) {
+    windows_->BirdView.ChangeCellXYZ(Index, CellXYZ);
+}
+
+void FormMain::chkMirror(bool isConnected) { windows_->BirdView.chkMirror(isConnected); }
+
+std::int16_t FormMain::ExperimentCellNo() const { return panels_->CtlExperiment1.intCellNo(); }
 
 }  // namespace travo

@@ -11,11 +11,11 @@
 #include "core/FormMainObjects.h"
 #include "core/FormMainPanels.h"
 #include "core/FormMainTabs.h"
+#include "core/FormMainWindows.h"
 #include "core/PositionLoop.h"
 #include "core/SharedState.h"
 #include "core/StartUp.h"
 #include "platform/Machine.h"
-#include "workflows/FormManiInfo.h"
 
 namespace travo {
 
@@ -30,6 +30,8 @@ class FormMain : public QWidget,
                  private CtlUser::Owner,
                  private CtlCellPosition::Owner,
                  private CtlCalibration::Owner,
+                 private CtlConnection::Owner,
+                 private FormBirdView::Owner,
                  private FormSkinned::Owner {
     Q_OBJECT
 
@@ -54,7 +56,7 @@ public:
     PositionLoop& Loop() { return loop_; }
     // There from start-up on.
     FormMainPanels& Panels() { return *panels_; }
-    FormManiInfo& ManiInfo() { return FormManiInfo_; }
+    FormMainWindows& Windows() { return *windows_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -83,6 +85,7 @@ private:
     std::vector<StartUp::SmallWindow> SmallWindows() override;
     void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) override;
     void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override;
+    void RestoreBirdView(std::int32_t lineOFF, std::int32_t birdOPEN) override;
     void WatchPort(std::int16_t device, std::int16_t number) override;
     void TellTotalManipulatorNumber() override;
     void SelectFirstTab() override;
@@ -92,6 +95,8 @@ private:
     void CloseSmallWindows() override;
     std::int32_t OffsetOFF() const override;
     std::int32_t ContactOFF() const override;
+    std::int32_t LineOFF() const override;
+    std::int32_t BirdOPEN() const override;
     // clsCommunication::Listener
     void checkMotor(std::int16_t ONOFF) override;
     void ControlONOFF(bool ONOFF) override;
@@ -106,6 +111,11 @@ private:
     void HideWindow(std::int32_t Index) override;
     // CtlCellPosition::Owner
     void ZeroPointReset() override;
+    void ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) override;
+    // CtlConnection::Owner
+    void chkMirror(bool isConnected) override;
+    // FormBirdView::Owner
+    std::int16_t ExperimentCellNo() const override;
     // FormSkinned::Owner
     void FormClose(std::int32_t Index) override;
     // CtlCalibration::Owner, and stored times
@@ -119,8 +129,7 @@ private:
     FormMainLayout layout_;
     FormMainControls controls_;
     std::unique_ptr<FormMainPanels> panels_;
-    SystemWindowMove windowMove_;
-    FormManiInfo FormManiInfo_;
+    std::unique_ptr<FormMainWindows> windows_;
     std::unique_ptr<FormMainTabs> tabs_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;

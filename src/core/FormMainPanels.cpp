@@ -26,7 +26,7 @@ FormMainPanels::FormMainPanels(const platform::Machine& machine, SharedState& st
       CtlEscape1({state, *objects.cCommunication, *objects.cEscape, *objects.Live}, machine.folders.Program(),
                  window),
       CtlConnection1({state, *objects.cCommunication, *objects.cIniEdit, *objects.Live, objects.Failures,
-                      machine.pointer, machine.serialPortList, machine.timers},
+                      machine.pointer, machine.serialPortList, machine.timers, owner.connection},
                      machine.folders.Program(), window),
       CtlUser1({state, *objects.Live, *objects.cNeedleMove, *objects.cObjectiveUpDown, objects.Failures,
                 machine.profile, machine.folders, owner.user},

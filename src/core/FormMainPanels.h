@@ -25,6 +25,7 @@ public:
         CtlUser::Owner& user;
         CtlCellPosition::Owner& cellPosition;
         CtlCalibration::Owner& calibration;
+        CtlConnection::Owner& connection;
     };
 
     // The objects are alive.

@@ -203,9 +203,11 @@ void StartUp::RestoreValues() {
         StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
     objects_.cObjectiveUpDown->lngOffset =
         StoredOrDefault(ini.GetInt(user, QStringLiteral("ZOffset"), -1), DefaultOffset);
-    const std::int32_t offsetOFF = StoredOrDefault(ini.GetInt(user, QStringLiteral("OffsetOFF"), -1), 0);
-    const std::int32_t contactOFF = StoredOrDefault(ini.GetInt(user, QStringLiteral("ContactOFF"), -1), 0);
-    window_.RestoreSafeguards(offsetOFF, contactOFF);
+    const auto flag = [&](const QString& key) { return StoredOrDefault(ini.GetInt(user, key, -1), 0); };
+    const std::int32_t offsetOFF = flag(QStringLiteral("OffsetOFF"));
+    window_.RestoreSafeguards(offsetOFF, flag(QStringLiteral("ContactOFF")));
+    const std::int32_t lineOFF = flag(QStringLiteral("LineOFF"));
+    window_.RestoreBirdView(lineOFF, flag(QStringLiteral("BirdOPEN")));
 }
 
 StartUp::PortNumbers StartUp::ReadPortNumbers() const {

@@ -43,6 +43,8 @@ public:
         virtual void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) = 0;
         // 1: the offsets' minimum, or the contact check, was switched off at the end of the last run.
         virtual void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) = 0;
+        // 1: the bird's-eye view hid the needles' shafts, or stood open, at the end of the last run.
+        virtual void RestoreBirdView(std::int32_t lineOFF, std::int32_t birdOPEN) = 0;
         // The port of mirror (0), gauge (1) or motor (2) has been opened: shows its number and starts
         // its watch.
         virtual void WatchPort(std::int16_t device, std::int16_t number) = 0;

@@ -286,6 +286,7 @@ void CtlConnection::WatchMirror() {
             EndWatch(Mirror, RowState::Connected);
             Store(Mirror, BoxValue(Mirror));
             usrKVButton1_[TestMirror]->Enabled(true);
+            system_.owner.chkMirror(true);
             system_.instruments.SendErgoZ(0);
         }
         return;
@@ -295,6 +296,7 @@ void CtlConnection::WatchMirror() {
     system_.instruments.MirrorPortClose();
     system_.failures.Show(QStringLiteral("Error : Mirror : Communication connection"));
     usrKVButton1_[TestMirror]->Enabled(false);
+    system_.owner.chkMirror(false);
 }
 
 void CtlConnection::WatchMagnescale() {

@@ -31,6 +31,14 @@ class CtlConnection : public PanelCanvas, public PanelSteps {
     Q_OBJECT
 
 public:
+    // What only the owner can do.
+    class Owner {
+    public:
+        virtual ~Owner() = default;
+        // The mirror has answered, or has not: whether the bird's-eye view has a view to mark.
+        virtual void chkMirror(bool isConnected) = 0;
+    };
+
     struct System {
         SharedState& state;
         clsCommunication& instruments;
@@ -40,6 +48,7 @@ public:
         platform::Pointer& pointer;
         platform::SerialPortList& serialPortList;
         platform::Timers& timers;
+        Owner& owner;
     };
 
     CtlConnection(const System& system, const QString& programFolder, QWidget* parent);

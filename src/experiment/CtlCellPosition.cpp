@@ -63,6 +63,7 @@ void CtlCellPosition::ButtonPressed(std::size_t Index) {
 
 void CtlCellPosition::StoreCell(std::int32_t row) {
     const std::int32_t cell = pageSwitch_->Value() ? row + static_cast<std::int32_t>(RowCount) : row;
+    PositionXYZ stored{};
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
         const std::int32_t value = system_.state.CurrentXYZ(axis);
         // An axis that has never been reported keeps what the row had.
@@ -71,7 +72,9 @@ void CtlCellPosition::StoreCell(std::int32_t row) {
         }
         CellLabel(cell, axis).setText(QString::number(Readout(axis, value)));
         system_.state.CellPosition(cell, axis, value);
+        stored.at(static_cast<std::size_t>(axis)) = value;
     }
+    system_.owner.ChangeCellXYZ(ToInteger16(cell), stored);
 }
 
 void CtlCellPosition::ShowPage() {

@@ -31,6 +31,9 @@ public:
         virtual ~Owner() = default;
         // Makes the present Z the zero point, everywhere. Comes back with ChangeZeroPosition.
         virtual void ZeroPointReset() = 0;
+        // A cell, 0 to 7, has been stored: its place in the mirror frame, for the bird's-eye view. An axis
+        // that has never been reported stands as 0.
+        virtual void ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) = 0;
     };
 
     struct System {

@@ -31,13 +31,15 @@ TEST_F(ClosingTest, CancelRefusesTheCloseAndDoesNothingElse) {
 
 TEST_F(ClosingTest, CloseWritesInItsExactOrder) {
     closing_->Close();
-    Journal expected;
-    for (const char* const entry :
-         {"FormBirdView_Shift|X", "FormBirdView_Shift|Y", "FormMain_Position|Top", "FormMain_Position|Left",
-          "FormMain_Position|Height", "FormMain_Position|Width", "FormManiInfo_Position|Top",
-          "FormManiInfo_Position|Left", "FormManiInfo_Position|Height", "FormManiInfo_Position|Width",
-          "User_Value|XYOffset", "User_Value|ZOffset", "User_Value|OffsetOFF", "User_Value|ContactOFF"}) {
-        expected.push_back(std::string("write ") + entry);
+    Journal expected{"write FormBirdView_Shift|X", "write FormBirdView_Shift|Y"};
+    for (const char* const window :
+         {"FormMain", "FormBirdView", "FormManiInfo", "FormMirror", "FormMirror2"}) {
+        for (const char* const key : {"Top", "Left", "Height", "Width"}) {
+            expected.push_back(std::string("write ") + window + "_Position|" + key);
+        }
+    }
+    for (const char* const key : {"XYOffset", "ZOffset", "OffsetOFF", "ContactOFF", "LineOFF", "BirdOPEN"}) {
+        expected.push_back(std::string("write User_Value|") + key);
     }
     expected.push_back("close windows");
     EXPECT_EQ(journal_, expected);
@@ -45,6 +47,8 @@ TEST_F(ClosingTest, CloseWritesInItsExactOrder) {
 
 TEST_F(ClosingTest, WhatIsSavedComesBackAtTheNextStart) {
     offsetOFF_ = 1;
+    lineOFF_ = 1;
+    birdOPEN_ = 1;
     state_->ShiftX = 0.1;
     state_->ShiftY = -1e-7;
     objects_->cNeedleMove->lngXYOffset = 40;
@@ -53,12 +57,20 @@ TEST_F(ClosingTest, WhatIsSavedComesBackAtTheNextStart) {
     EXPECT_EQ(ReadSettings().toStdString(),
               "[FormBirdView_Shift]\r\nX=0.1\r\nY=-1e-07\r\n"
               "[FormMain_Position]\r\nTop=300\r\nLeft=450\r\nHeight=9360\r\nWidth=7800\r\n"
-              "[FormManiInfo_Position]\r\nTop=15\r\nLeft=30\r\nHeight=4500\r\nWidth=5100\r\n"
-              "[User_Value]\r\nXYOffset=40\r\nZOffset=2147483647\r\nOffsetOFF=1\r\nContactOFF=0\r\n");
+              "[FormBirdView_Position]\r\nTop=15\r\nLeft=30\r\nHeight=7245\r\nWidth=6150\r\n"
+              "[FormManiInfo_Position]\r\nTop=45\r\nLeft=60\r\nHeight=4500\r\nWidth=5100\r\n"
+              "[FormMirror_Position]\r\nTop=75\r\nLeft=90\r\nHeight=3345\r\nWidth=4140\r\n"
+              "[FormMirror2_Position]\r\nTop=105\r\nLeft=120\r\nHeight=2880\r\nWidth=4140\r\n"
+              "[User_Value]\r\nXYOffset=40\r\nZOffset=2147483647\r\nOffsetOFF=1\r\nContactOFF=0\r\n"
+              "LineOFF=1\r\nBirdOPEN=1\r\n");
+    lineOFF_ = 0;
+    birdOPEN_ = 0;
     Restart();
     EXPECT_TRUE(Begin());
     EXPECT_EQ(state_->ShiftX, 0.1);
     EXPECT_EQ(state_->ShiftY, -1e-7);
+    EXPECT_EQ(lineOFF_, 1);
+    EXPECT_EQ(birdOPEN_, 1);
     EXPECT_EQ(place_->Top, 300);
     EXPECT_EQ(place_->Left, 450);
     EXPECT_EQ(objects_->cNeedleMove->lngXYOffset, 40);

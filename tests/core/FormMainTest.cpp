@@ -154,24 +154,24 @@ TEST_F(FormMainTest, StoredSafeguardsReachTheUserPanelAndTheNeedleMoves) {
 
 TEST_F(FormMainTest, TheWindowWithTheNeedlesOpensAndClosesWithItsButtonAndIsFoundAgain) {
     ASSERT_TRUE(Start());
-    EXPECT_FALSE(window_->ManiInfo().isVisible());
+    EXPECT_FALSE(window_->Windows().ManiInfo.isVisible());
     Tab(17);
     auto* const button =
         window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(3)"));
     QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_TRUE(window_->ManiInfo().isVisible());
-    QTest::mouseClick(window_->ManiInfo().findChild<QWidget*>(QStringLiteral("usrKVButton1(0)")),
+    EXPECT_TRUE(window_->Windows().ManiInfo.isVisible());
+    QTest::mouseClick(window_->Windows().ManiInfo.findChild<QWidget*>(QStringLiteral("usrKVButton1(0)")),
                       Qt::LeftButton);
-    EXPECT_FALSE(window_->ManiInfo().isVisible());
+    EXPECT_FALSE(window_->Windows().ManiInfo.isVisible());
     EXPECT_FALSE(button->Value());
     QTest::mouseClick(button, Qt::LeftButton);
-    window_->ManiInfo().move(60, 70);
+    window_->Windows().ManiInfo.move(60, 70);
     Answer(platform::BoxAnswer::OK);
     EXPECT_TRUE(window_->close());
     window_.reset();
     ASSERT_TRUE(Start());
-    EXPECT_TRUE(window_->ManiInfo().isVisible());
-    EXPECT_EQ(window_->ManiInfo().pos(), QPoint(60, 70));
+    EXPECT_TRUE(window_->Windows().ManiInfo.isVisible());
+    EXPECT_EQ(window_->Windows().ManiInfo.pos(), QPoint(60, 70));
 }
 
 TEST_F(FormMainTest, IsPlacedWhereTheSettingsSay) {

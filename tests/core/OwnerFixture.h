@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <map>
 #include <optional>
 
 #include "core/Closing.h"
@@ -116,10 +117,13 @@ protected:
     void ConstructPanels() override { journal_.push_back("construct panels"); }
     void Place(const WindowPlace& place) override;
     std::vector<StartUp::SmallWindow> SmallWindows() override {
-        return {{3, QStringLiteral("FormManiInfo_Position"), {5100, 4500}}};
+        return {{1, QStringLiteral("FormBirdView_Position"), {6150, 7245}},
+                {3, QStringLiteral("FormManiInfo_Position"), {5100, 4500}},
+                {2, QStringLiteral("FormMirror_Position"), {4140, 3345}},
+                {4, QStringLiteral("FormMirror2_Position"), {4140, 2880}}};
     }
     void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) override {
-        smallPlace_ = place;
+        smallPlaces_[Index] = place;
         journal_.push_back("place window " + std::to_string(Index));
     }
     void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override {
@@ -134,6 +138,11 @@ protected:
         contactOFF_ = contactOFF;
         journal_.push_back("restore safeguards");
     }
+    void RestoreBirdView(std::int32_t lineOFF, std::int32_t birdOPEN) override {
+        lineOFF_ = lineOFF;
+        birdOPEN_ = birdOPEN;
+        journal_.push_back("restore bird view");
+    }
     void WatchPort(std::int16_t device, std::int16_t number) override {
         journal_.push_back("watch " + std::to_string(device) + " on port " + std::to_string(number));
     }
@@ -142,11 +151,16 @@ protected:
     // Closing::Window
     MeasuredWindowPlace Measured() const override { return measured_; }
     std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const override {
-        return {{QStringLiteral("FormManiInfo_Position"), {15.0F, 30.0F, 4500.0F, 5100.0F}}};
+        return {{QStringLiteral("FormBirdView_Position"), {15.0F, 30.0F, 7245.0F, 6150.0F}},
+                {QStringLiteral("FormManiInfo_Position"), {45.0F, 60.0F, 4500.0F, 5100.0F}},
+                {QStringLiteral("FormMirror_Position"), {75.0F, 90.0F, 3345.0F, 4140.0F}},
+                {QStringLiteral("FormMirror2_Position"), {105.0F, 120.0F, 2880.0F, 4140.0F}}};
     }
     void CloseSmallWindows() override { journal_.push_back("close windows"); }
     std::int32_t OffsetOFF() const override { return offsetOFF_; }
     std::int32_t ContactOFF() const override { return contactOFF_; }
+    std::int32_t LineOFF() const override { return lineOFF_; }
+    std::int32_t BirdOPEN() const override { return birdOPEN_; }
 
     QTemporaryDir program_;
     QTemporaryDir data_;
@@ -180,7 +194,9 @@ protected:
     PositionXYZ lastRoot_{};
     std::int32_t offsetOFF_ = 0;
     std::int32_t contactOFF_ = 0;
-    WindowPlace smallPlace_;
+    std::int32_t lineOFF_ = 0;
+    std::int32_t birdOPEN_ = 0;
+    std::map<std::int32_t, WindowPlace> smallPlaces_;
 };
 
 }  // namespace travo::test

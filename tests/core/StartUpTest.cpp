@@ -91,12 +91,19 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
           "FormMain_Position|Width", "FormMain_Position|Height"}) {
         expected.push_back(std::string("read ") + entry);
     }
+    expected.push_back("place main window");
+    for (const auto& [section, index] :
+         {std::pair{"FormBirdView", "1"}, {"FormManiInfo", "3"}, {"FormMirror", "2"}, {"FormMirror2", "4"}}) {
+        for (const char* const key : {"Top", "Left", "Width", "Height"}) {
+            expected.push_back(std::string("read ") + section + "_Position|" + key);
+        }
+        expected.push_back(std::string("place window ") + index);
+    }
     expected.insert(expected.end(),
-                    {"place main window", "read FormManiInfo_Position|Top", "read FormManiInfo_Position|Left",
-                     "read FormManiInfo_Position|Width", "read FormManiInfo_Position|Height",
-                     "place window 3", "read User_Value|XYOffset", "read User_Value|ZOffset",
-                     "read User_Value|OffsetOFF", "read User_Value|ContactOFF", "restore safeguards",
-                     "read COMPort|Mirror", "read COMPort|Magnescale", "read COMPort|Motor"});
+                    {"read User_Value|XYOffset", "read User_Value|ZOffset", "read User_Value|OffsetOFF",
+                     "read User_Value|ContactOFF", "restore safeguards", "read User_Value|LineOFF",
+                     "read User_Value|BirdOPEN", "restore bird view", "read COMPort|Mirror",
+                     "read COMPort|Magnescale", "read COMPort|Motor"});
     for (int needle = 0; needle < 4; ++needle) {
         const std::string section = "read Manipulator Calibration:" + std::to_string(needle) + "|";
         for (int axis = 0; axis < 3; ++axis) {
@@ -188,10 +195,13 @@ TEST_F(StartUpTest, StoredValuesComeBack) {
     WriteSettings(
         "[FormBirdView_Shift]\r\nX=12.5\r\nY=-0.25\r\n"
         "[FormMain_Position]\r\nTop=300\r\nLeft=-30\r\nWidth=9000\r\nHeight=32767\r\n"
-        "[User_Value]\r\nXYOffset=0\r\nZOffset=250\r\nOffsetOFF=1\r\nContactOFF=-5\r\n");
+        "[User_Value]\r\nXYOffset=0\r\nZOffset=250\r\nOffsetOFF=1\r\nContactOFF=-5\r\n"
+        "LineOFF=-7\r\nBirdOPEN=2\r\n");
     EXPECT_TRUE(Begin());
     EXPECT_EQ(offsetOFF_, 1);
     EXPECT_EQ(contactOFF_, 0);
+    EXPECT_EQ(lineOFF_, 0);
+    EXPECT_EQ(birdOPEN_, 2) << "any value above -1 is passed on; the window takes what is not 0 for true";
     EXPECT_EQ(state_->ShiftX, 12.5);
     EXPECT_EQ(state_->ShiftY, -0.25);
     EXPECT_EQ(place_->Top, 300);
@@ -333,9 +343,9 @@ TEST_F(StartUpTest, WindowsThatWereOpenAreShownInTheOrderOfTheirKeysAndTheCamera
 TEST_F(StartUpTest, ASmallWindowWithoutAStoredSizeComesBackAtItsDesignSize) {
     WriteSettings("[FormManiInfo_Position]\r\nTop=150\r\n");
     EXPECT_TRUE(Begin());
-    EXPECT_EQ(smallPlace_.Top, 150);
-    EXPECT_EQ(smallPlace_.Width, 5100);
-    EXPECT_EQ(smallPlace_.Height, 4500);
+    EXPECT_EQ(smallPlaces_.at(3).Top, 150);
+    EXPECT_EQ(smallPlaces_.at(3).Width, 5100);
+    EXPECT_EQ(smallPlaces_.at(3).Height, 4500);
 }
 
 TEST_F(StartUpTest, TheLoopTicksEveryTwoHundredMilliseconds) {

@@ -28,7 +28,7 @@ inline QString NameOfRow(int row) {
 // Index of the button that tests the instrument of a row.
 inline int TestOfRow(int row) { return std::array{4, 7, 5}[static_cast<std::size_t>(row)]; }
 
-class ConnectionRig : public ::testing::Test {
+class ConnectionRig : public ::testing::Test, private CtlConnection::Owner {
 protected:
     ConnectionRig() {
         rig.instruments.motorButtons = [this](bool on) { panel.ControlONOFF(on); };
@@ -103,9 +103,13 @@ protected:
     QStringList Logged() const { return LogTexts(rig.log); }
 
     PanelRig rig;
+    void chkMirror(bool isConnected) override {
+        rig.journal.push_back(isConnected ? "chkMirror true" : "chkMirror false");
+    }
+
     FakeSerialPortList list;
     CtlConnection panel{
-        {rig.state, rig.communication, rig.ini, rig.live, rig.failures, rig.pointer, list, rig.timers},
+        {rig.state, rig.communication, rig.ini, rig.live, rig.failures, rig.pointer, list, rig.timers, *this},
         rig.ProgramFolder(),
         nullptr};
 };

@@ -213,11 +213,19 @@ TEST_F(CtlConnectionWatch, AMirrorThatReportsOneAxisOnlyIsAcceptedUpToTheSixthTi
     }
 }
 
-TEST_F(CtlConnectionWatch, AMirrorThatIsAcceptedGetsItsErgoZSwitchedOff) {
+TEST_F(CtlConnectionWatch,
+       AMirrorIsMadeKnownToTheBirdsEyeViewBeforeItsErgoZIsSwitchedOffARefusedOneBehindTheBox) {
+    StartWatch(MirrorRow);
+    Tick(MirrorRow, 6);
+    rig.journal.clear();
+    Tick(MirrorRow);
+    EXPECT_THAT(rig.journal,
+                testing::ElementsAre("port 1 close", testing::StartsWith("box "), "chkMirror false"));
     StartWatch(MirrorRow);
     Answer(MirrorRow);
+    rig.journal.clear();
     Tick(MirrorRow);
-    EXPECT_EQ(rig.MirrorPort().TakeOutput(), "cZEN0\r");
+    EXPECT_THAT(rig.journal, testing::ElementsAre("chkMirror true", "port 1 > cZEN0\r"));
 }
 
 TEST_F(CtlConnectionWatch, AGaugeWhoseFirstValueHasArrivedByTheSeventhTickIsAcceptedALaterOneIsRefused) {

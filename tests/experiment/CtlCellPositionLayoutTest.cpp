@@ -9,6 +9,7 @@ namespace {
 
 class NoOwner : public CtlCellPosition::Owner {
     void ZeroPointReset() override {}
+    void ChangeCellXYZ(std::int16_t, const PositionXYZ&) override {}
 };
 
 class CtlCellPositionLayout : public ::testing::Test {

@@ -1,82 +1,12 @@
 // The cell position panel, worked as the operator works it.
-#include "experiment/CtlCellPosition.h"
-
 #include <gmock/gmock.h>
 
-#include <QTest>
-
-#include "support/PanelRig.h"
+#include "experiment/CellPositionRig.h"
 
 namespace travo::test {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-const QString NotSet = QStringLiteral("N/A");
-constexpr int ResetButton = 4;
-
-// The panel with the test as its owner, who makes the present Z the zero as the position loop does.
-class CtlCellPositionPanel : public ::testing::Test, private CtlCellPosition::Owner {
-protected:
-    CtlCellPositionPanel() {
-        panel.resize(486, 520);
-        panel.show();
-        rig.OpenPorts();
-        panel.Shown();
-    }
-
-    template <class Control>
-    Control& Find(const QString& name) {
-        return *panel.findChild<Control*>(name);
-    }
-    NumberLabel& Label(int index) { return Find<NumberLabel>(QStringLiteral("lblCellPos(%1)").arg(index)); }
-    usrKVButton& Button(int index) {
-        return Find<usrKVButton>(QStringLiteral("usrKVButton1(%1)").arg(index));
-    }
-    usrKVCheckButton& PageSwitch() { return Find<usrKVCheckButton>(QStringLiteral("usrKVCheckButton2")); }
-    SkinImage& Letters(int page) { return Find<SkinImage>(QStringLiteral("imgCellPos(%1)").arg(page)); }
-
-    static void Click(QWidget& control) { QTest::mouseClick(&control, Qt::LeftButton); }
-    void SetRow(int row) { Click(Button(row)); }
-    void View(std::int32_t x, std::int32_t y, std::int32_t z) {
-        rig.state.CurrentXY(x, y);
-        rig.state.CurrentXYZ(2, z);
-    }
-
-    QStringList Texts(int first, int count) {
-        QStringList texts;
-        for (int index = first; index < first + count; ++index) {
-            texts << Label(index).text();
-        }
-        return texts;
-    }
-    PositionXYZ Cell(std::int32_t cell) const {
-        return {rig.state.CellPosition(cell, 0), rig.state.CellPosition(cell, 1),
-                rig.state.CellPosition(cell, 2)};
-    }
-    void ExpectPage(bool second) {
-        EXPECT_EQ(!Letters(0).isHidden(), !second);
-        EXPECT_EQ(!Letters(1).isHidden(), second);
-        for (int index = 0; index < 24; ++index) {
-            EXPECT_EQ(!Label(index).isHidden(), (index >= 12) == second) << index;
-        }
-    }
-
-    void ZeroPointReset() override {
-        rig.journal.push_back("ZeroPointReset");
-        rig.state.StoreZeroXYZ(2, rig.state.CurrentXYZ(2));
-        panel.ChangeZeroPosition();
-    }
-
-    static constexpr PositionXYZ Unset{NoPositionValue, NoPositionValue, NoPositionValue};
-    static const QStringList NoTexts;
-
-    PanelRig rig;
-    CtlCellPosition panel{{rig.state, rig.communication, rig.live, *this}, rig.ProgramFolder()};
-};
-
-const QStringList CtlCellPositionPanel::NoTexts{NotSet, NotSet, NotSet};
 
 // Creation and showing.
 
@@ -268,57 +198,6 @@ TEST_F(CtlCellPositionPanel, AValueBeyond32BitsPassesToTheCallerWithTheAxesBefor
     View(INT32_MAX, 0, 0);
     EXPECT_THROW(Button(0).click(), OverflowFailure);
     EXPECT_EQ(Cell(0), (PositionXYZ{5, 0, 0}));
-}
-
-// The camera, the wires and the owner, in order.
-
-TEST_F(CtlCellPositionPanel, ASetPressTellsTheCameraAndAsksGaugeThenMirror) {
-    rig.OpenCamera();
-    for (int row = 0; row < 4; ++row) {
-        rig.journal.clear();
-        SetRow(row);
-        EXPECT_THAT(rig.journal, ElementsAre("LiveActionStart", "port 2 > Ar\r\n", "port 1 > rD2R\r",
-                                             "port 1 > rD1R\r", "LiveActionEnd"));
-    }
-}
-
-TEST_F(CtlCellPositionPanel, AResetPressTellsTheCameraAsksAndResetsBetween) {
-    rig.OpenCamera();
-    Click(Button(ResetButton));
-    EXPECT_THAT(rig.journal, ElementsAre("LiveActionStart", "port 2 > Ar\r\n", "port 1 > rD2R\r",
-                                         "port 1 > rD1R\r", "ZeroPointReset", "LiveActionEnd"));
-}
-
-TEST_F(CtlCellPositionPanel, ResetStoresNoCell) {
-    View(10, 20, 30);
-    Click(Button(ResetButton));
-    for (int cell = 0; cell < 8; ++cell) {
-        EXPECT_EQ(Cell(cell), Unset);
-    }
-    EXPECT_EQ(Texts(0, 24), QStringList(24, NotSet));
-}
-
-TEST_F(CtlCellPositionPanel, ThePageSwitchTellsNobody) {
-    rig.OpenCamera();
-    Click(PageSwitch());
-    Click(PageSwitch());
-    EXPECT_THAT(rig.journal, IsEmpty());
-}
-
-TEST_F(CtlCellPositionPanel, WithoutACameraARowIsStoredAllTheSame) {
-    View(10, 20, 30);
-    SetRow(0);
-    EXPECT_EQ(Cell(0), (PositionXYZ{10, 20, 30}));
-    EXPECT_THAT(rig.journal, ElementsAre("port 2 > Ar\r\n", "port 1 > rD2R\r", "port 1 > rD1R\r"));
-}
-
-TEST_F(CtlCellPositionPanel, ACameraThatDiesAtAPressDisturbsNothing) {
-    rig.OpenCamera();
-    rig.camera.failing = {"LiveActionStart"};
-    View(10, 20, 30);
-    SetRow(0);
-    EXPECT_EQ(Cell(0), (PositionXYZ{10, 20, 30}));
-    EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
 // Pages.

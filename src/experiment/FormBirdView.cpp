@@ -1,6 +1,5 @@
 #include "experiment/FormBirdView.h"
 
-#include <QDir>
 #include <algorithm>
 
 #include "core/Arithmetic.h"

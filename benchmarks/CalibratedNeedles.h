@@ -1,15 +1,13 @@
 // Four calibrated needles round one field on a stand-in machine: what the needle benchmarks share.
 #pragma once
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <random>
-#include <vector>
 
+#include "Pairs.h"
 #include "core/FailureHandler.h"
 #include "core/SharedState.h"
 #include "core/clsDebugLog.h"
@@ -111,29 +109,5 @@ private:
 
     std::mt19937 random_;
 };
-
-// Nanoseconds that a procedure takes, for each of `count` things that it does.
-template <typename Procedure>
-double NanosecondsEach(std::size_t count, Procedure&& procedure) {
-    const auto start = std::chrono::steady_clock::now();
-    procedure();
-    const std::chrono::duration<double, std::nano> gone = std::chrono::steady_clock::now() - start;
-    return gone.count() / static_cast<double>(count);
-}
-
-inline double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-// Of things measured in pairs, one right after the other.
-inline double MedianRatio(const std::vector<double>& ours, const std::vector<double>& peers) {
-    std::vector<double> ratios;
-    for (std::size_t pair = 0; pair < ours.size(); ++pair) {
-        ratios.push_back(ours[pair] / peers[pair]);
-    }
-    return Median(std::move(ratios));
-}
 
 }  // namespace travo::bench

@@ -1,0 +1,133 @@
+// One composition of the bird's-eye view, with all that it can show, beside a plain copy of its canvas.
+// The goal is at most twice the copy's time. Then its canvas at half size, beside Qt's own scaling.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "Pairs.h"
+#include "experiment/BirdCanvas.h"
+#include "experiment/BirdScaler.h"
+
+namespace travo::bench {
+namespace {
+
+QImage Still(int width, int height) {
+    QImage still(width, height, QImage::Format_RGB32);
+    std::mt19937 random(5);
+    for (int y = 0; y < height; ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(still.scanLine(y));
+        for (int x = 0; x < width; ++x) {
+            row[x] = 0xFF000000U | (random() % 256) * 0x010101U;
+        }
+    }
+    return still;
+}
+
+BirdScene FullScene() {
+    BirdScene scene;
+    scene.chkMirror = true;
+    scene.intBirdMagnification = 2;
+    scene.view = ViewPlace({20, 30, 0}, 2);
+    scene.intTotalManipulatorNumber = NeedleCount - 1;
+    const PositionXYZ roots[] = {{-9000, -7000, 0}, {9000, -6500, 0}, {-8000, 9500, 0}, {300, 12000, 0}};
+    for (std::int32_t i = 0; i < NeedleCount; ++i) {
+        const auto needle = static_cast<std::size_t>(i);
+        scene.needles[needle] = NeedlePlace({-150 + 100 * i, 80 - 60 * i, i - 1}, {0, 0, 0}, roots[needle]);
+    }
+    for (std::int32_t i = 0; i < CellCount; ++i) {
+        scene.cells[static_cast<std::size_t>(i)] = CellPlace({100 - 40 * i, 10 * i - 30, 0});
+    }
+    return scene;
+}
+
+struct Pictures {
+    BirdCanvas canvas{QStringLiteral(SKIN_HOME)};
+    BirdScene scene = FullScene();
+    QImage still = Still(640, 480);
+    QImage composed = canvas.Compose(still, scene).copy();
+    QImage copied = QImage(composed.size(), QImage::Format_RGB32);
+
+    void Compose() { benchmark::DoNotOptimize(canvas.Compose(still, scene).constBits()); }
+    void Copy() {
+        std::memcpy(copied.bits(), composed.constBits(), static_cast<std::size_t>(composed.sizeInBytes()));
+        benchmark::ClobberMemory();
+    }
+};
+
+// Ends the program where a still as large as the canvas, with nothing on it, does not come out as its copy,
+// or a marker is missing.
+void Compare() {
+    BirdCanvas canvas(QStringLiteral(SKIN_HOME));
+    const QImage still = Still(CanvasSize, CanvasSize);
+    const bool isCopied = canvas.Compose(still, BirdScene()) == still;
+    const BirdMarkers markers(QStringLiteral(SKIN_HOME));
+    if (!isCopied || markers.Needle(11).mask.isNull() || markers.Cell(15).mask.isNull() ||
+        markers.View(2).mask.isNull()) {
+        std::fprintf(stderr, "The composition differs from the copy, or has no markers.\n");
+        std::exit(1);
+    }
+}
+
+void Compose(benchmark::State& state) {
+    Pictures pictures;
+    for (auto _ : state) {
+        pictures.Compose();
+    }
+}
+
+void Copy(benchmark::State& state) {
+    Pictures pictures;
+    for (auto _ : state) {
+        pictures.Copy();
+    }
+}
+
+void ComposeAgainstCopy(benchmark::State& state) {
+    Pictures pictures;
+    std::vector<double> ours;
+    std::vector<double> copies;
+    for (auto _ : state) {
+        ours.push_back(Microseconds([&] { pictures.Compose(); }));
+        copies.push_back(Microseconds([&] { pictures.Copy(); }));
+    }
+    state.counters["ours_us"] = Median(ours);
+    state.counters["copy_us"] = Median(copies);
+    state.counters["ratio"] = MedianRatio(ours, copies);
+}
+
+void ScaleToHalf(benchmark::State& state) {
+    const Pictures pictures;
+    QImage half(CanvasSize / 2, CanvasSize / 2, QImage::Format_RGB32);
+    BirdScaler scaler;
+    for (auto _ : state) {
+        scaler.Scale(pictures.composed, half);
+        benchmark::ClobberMemory();
+    }
+}
+
+void ScaleToHalfByQt(benchmark::State& state) {
+    const Pictures pictures;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(pictures.composed.scaled(CanvasSize / 2, CanvasSize / 2));
+    }
+}
+
+BENCHMARK(Compose)->Name("BirdCanvas::Compose")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Copy)->Name("Copy of the canvas")->Unit(benchmark::kMicrosecond);
+BENCHMARK(ComposeAgainstCopy)->Name("In turn")->Unit(benchmark::kMicrosecond);
+BENCHMARK(ScaleToHalf)->Name("BirdScaler, half size")->Unit(benchmark::kMicrosecond);
+BENCHMARK(ScaleToHalfByQt)->Name("QImage::scaled, half size")->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace travo::bench
+
+int main(int argumentCount, char** arguments) {
+    travo::bench::Compare();
+    benchmark::Initialize(&argumentCount, arguments);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -129,7 +129,7 @@ def calib_glyph(step):
         s += path("M128 45V18M121 25l7-7.500 7 7.500", "none", C["ink"], 2.6)
         s += path("M32 119V92M25.5 98.500l6.500-7 6.500 7", "none", C["coralDeep"], 2.6)
         s += _badge(152, 66, "Z")
-        s += _say(192, 36, [("The objective stands higher.", 600), ("Adjust the needle's Z axis until", 600), ("the tip is sharp; press Z.", 600)])
+        s += _say(192, 36, [("Bring the tip back to A's place,", 600), ("adjust its Z axis until it is", 600), ("sharp again; press Z.", 600)])
         s += _say(192, 108, [("Leave the focus knob alone.", 400)])
     if step == 2:
         s += circle(86, 65, 14, "none", C["ink"], 1.6) + path("M86 41v48M62 65h48", "none", C["ink"], 2.2, cap="butt")

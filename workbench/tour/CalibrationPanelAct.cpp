@@ -174,9 +174,8 @@ void PlayCalibrations(PanelPlay& play, const NeedleSettings& settings) {
         CalibrateAgain(play, needle, full);
         Require(!play.hands.OnShow(Warning), "the warning has come back at 2x");
         SteerNeedle(play, needle, PulledBack);
-        PrintLine(
-            NeedleName(needle) + ", " + SettingText(play, setting) +
-            ": A, B, C, Z, SET, then centre, SET; as many keys stored as recorded, and no other changed");
+        PrintLine(NeedleName(needle) + ", " + SettingText(play, setting) +
+                  ": A, B, C, Z and SET, centre and SET; the file holds what was recorded");
     }
     RequireNoCrossing(play.stage);
 }

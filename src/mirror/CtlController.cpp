@@ -55,8 +55,14 @@ CtlController::CtlController(const System& system, const QString& programFolder,
 void CtlController::ChangeEnable(bool New_Enable) {
     if (!New_Enable) {
         Drop();
+        // Qt would pass it on to the next control: a button that moves the objective.
+        hadFocus_ = hadFocus_ || window()->focusWidget() == this;
+        clearFocus();
     }
     setEnabled(New_Enable);
+    if (New_Enable && std::exchange(hadFocus_, false) && window()->focusWidget() == nullptr) {
+        setFocus(Qt::ActiveWindowFocusReason);
+    }
     update();
 }
 

@@ -36,7 +36,8 @@ public:
     // Enabled at first. programFolder holds the folder skin.
     CtlController(const System& system, const QString& programFolder, QWidget* parent);
 
-    // True shows the pad at rest, false shows it disabled and drops a press.
+    // True shows the pad at rest, false shows it disabled and drops a press. The focus goes to no other
+    // control meanwhile, and comes back unless the operator has taken it elsewhere.
     void ChangeEnable(bool New_Enable);
 
     // Number of the picture on show, 0 to 18.
@@ -76,6 +77,7 @@ private:
     std::int16_t area_ = NoPadArea;
     Hold hold_ = Hold::None;
     int key_ = 0;
+    bool hadFocus_ = false;  // when it was disabled
 };
 
 }  // namespace travo

@@ -296,6 +296,22 @@ TEST_F(FormMirrorCtl2Test, AStatusLineMovesTheSelectionToTheMagnificationThatThe
     EXPECT_EQ(TakeSent(), Sent{}) << "what is told is not commanded back";
 }
 
+// Space would switch the motors.
+TEST_F(FormMirrorCtl2Test, MagnificationButtonsThatAreDisabledDoNotHandTheFocusToOn) {
+    window.ShowWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (int index = 0; index < 3; ++index) {
+        window.checkMotor(1);
+        Button(index).setFocus();
+        window.checkMotor(0);
+        EXPECT_EQ(window.focusWidget(), nullptr) << index;
+    }
+    Button(Off).setFocus();
+    window.checkMotor(1);
+    window.checkMotor(0);
+    EXPECT_TRUE(Button(Off).hasFocus());
+}
+
 // ---- The window ----
 
 TEST_F(FormMirrorCtl2Test, CloseTellsTheOwnerNumberFour) {

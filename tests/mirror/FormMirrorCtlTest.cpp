@@ -217,6 +217,33 @@ TEST_F(FormMirrorCtlTest, ThePadsKeysAndActionsWorkInTheWindow) {
     EXPECT_EQ(TakeSent(), (Sent{"1 cD1A-1", "1 cD2A1"}));
 }
 
+// Space would move the objective.
+TEST_F(FormMirrorCtlTest, APadThatIsDisabledHandsTheFocusToNoOtherControlAndTakesItBack) {
+    window.ShowWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.CtlController1.setFocus(Qt::TabFocusReason);
+    for (int turn = 0; turn < 2; ++turn) {
+        window.checkMotor(0);
+        window.checkMotor(0);
+        EXPECT_EQ(window.focusWidget(), nullptr);
+        TakeSent();
+        QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Up);
+        EXPECT_EQ(TakeSent(), Sent{});
+        window.checkMotor(1);
+        EXPECT_TRUE(window.CtlController1.hasFocus());
+        QTest::keyClick(window.windowHandle(), Qt::Key_Up);
+        EXPECT_EQ(TakeSent(), Sent{"1 cD1A1"});
+    }
+    window.checkMotor(0);
+    Focus(2).setFocus();
+    window.checkMotor(1);
+    EXPECT_TRUE(Focus(2).hasFocus());
+    window.checkMotor(0);
+    window.checkMotor(1);
+    EXPECT_TRUE(Focus(2).hasFocus());
+}
+
 // ---- The window ----
 
 TEST_F(FormMirrorCtlTest, CloseTellsTheOwnerNumberTwo) {

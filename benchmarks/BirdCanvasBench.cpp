@@ -74,14 +74,14 @@ void Compare() {
 
 void Compose(benchmark::State& state) {
     Pictures pictures;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         pictures.Compose();
     }
 }
 
 void Copy(benchmark::State& state) {
     Pictures pictures;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         pictures.Copy();
     }
 }
@@ -90,7 +90,7 @@ void ComposeAgainstCopy(benchmark::State& state) {
     Pictures pictures;
     std::vector<double> ours;
     std::vector<double> copies;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ours.push_back(Microseconds([&] { pictures.Compose(); }));
         copies.push_back(Microseconds([&] { pictures.Copy(); }));
     }
@@ -103,7 +103,7 @@ void ScaleToHalf(benchmark::State& state) {
     const Pictures pictures;
     QImage half(CanvasSize / 2, CanvasSize / 2, QImage::Format_RGB32);
     BirdScaler scaler;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         scaler.Scale(pictures.composed, half);
         benchmark::ClobberMemory();
     }
@@ -111,7 +111,7 @@ void ScaleToHalf(benchmark::State& state) {
 
 void ScaleToHalfByQt(benchmark::State& state) {
     const Pictures pictures;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(pictures.composed.scaled(CanvasSize / 2, CanvasSize / 2));
     }
 }

@@ -81,7 +81,7 @@ void Compare() {
 
 void Ours(benchmark::State& state) {
     Stills stills;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         stills.Ours();
     }
 }
@@ -90,7 +90,7 @@ void Ours(benchmark::State& state) {
 void Peer(benchmark::State& state) {
     cv::setNumThreads(state.range(0) == 0 ? -1 : 1);
     Stills stills;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         stills.Peers();
     }
 }
@@ -100,7 +100,7 @@ void OursAgainstPeer(benchmark::State& state) {
     Stills stills;
     std::vector<double> ours;
     std::vector<double> peers;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ours.push_back(Microseconds([&] { stills.Ours(); }));
         peers.push_back(Microseconds([&] { stills.Peers(); }));
     }

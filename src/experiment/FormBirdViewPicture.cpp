@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 #include "controls/ControlNames.h"
@@ -10,7 +11,6 @@ namespace travo {
 
 FormBirdViewPicture::FormBirdViewPicture(Pressed pressed, QWidget* parent)
     : QWidget(parent), pressed_(std::move(pressed)) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::ArrowCursor);
     Identify(*this, QStringLiteral("picBird"), QStringLiteral("Picture"));
 }
@@ -18,7 +18,9 @@ FormBirdViewPicture::FormBirdViewPicture(Pressed pressed, QWidget* parent)
 void FormBirdViewPicture::Show(const QImage& canvas, const QSize& size) {
     resize(size);
     const double ratio = devicePixelRatioF();
-    const QSize pixels = (QSizeF(size) * ratio).toSize();
+    // Where the scale is no whole number, the last pixel that is partly ours is covered as well.
+    const auto pixelsOf = [ratio](int length) { return static_cast<int>(std::ceil(length * ratio)); };
+    const QSize pixels(pixelsOf(size.width()), pixelsOf(size.height()));
     if (shown_.size() != pixels) {
         shown_ = QImage(pixels, QImage::Format_RGB32);
     }

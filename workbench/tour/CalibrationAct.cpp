@@ -1,7 +1,6 @@
 #include "workbench/tour/CalibrationAct.h"
 
 #include <QDir>
-#include <algorithm>
 
 #include "core/SettingsKeys.h"
 #include "workbench/tour/CalibrationLandingAct.h"
@@ -21,13 +20,13 @@ const NeedleSettings DefaultSettings{{{{45.0, 0.0, 0.0}, {0, 0}},
                                       {{135.0, 0.0, 0.0}, {0, 0}},
                                       {{225.0, 0.0, 0.0}, {0, 0}},
                                       {{315.0, 0.0, 0.0}, {0, 0}}}};
-// One thing at a time that it cannot tell, or not as well: the view elsewhere, another heading, yaw, tilt.
+// What it cannot tell, or not as well: the view elsewhere, another heading, yaw, tilt.
 const NeedleSettings FreeSettings{{{{45.0, 0.0, 0.0}, {60, -45}},
                                    {{120.0, 0.0, 0.0}, {0, 0}},
                                    {{225.0, 1.3, 0.0}, {0, 0}},
                                    {{315.0, 0.0, 0.5}, {-40, 50}}}};
 constexpr std::int32_t DefaultCells = travo::CellCount;
-constexpr std::int32_t FreeCells = 4;
+constexpr std::int32_t FreeCells = 3;
 
 const QString Camera = QStringLiteral("Camera window");
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "workbench/tour/CalibrationLandingAct.h"
 #include "workbench/tour/Handling.h"
 #include "workbench/tour/PanelCellAct.h"
 #include "workbench/tour/Report.h"

@@ -1,6 +1,5 @@
 #include "workbench/tour/CalibrationPanelAct.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "workbench/live/Marks.h"

@@ -209,7 +209,7 @@ void Report(benchmark::State& state) {
 template <typename Check>
 void SegmentTests(benchmark::State& state) {
     const Field& field = TheField();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         field.AllSegmentTests<Check>();
     }
     Report(state);
@@ -221,7 +221,7 @@ void SegmentTestsOursAgainst(benchmark::State& state) {
     const Field& field = TheField();
     std::vector<double> ours;
     std::vector<double> boost;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ours.push_back(NanosecondsEach(Moves, [&] { field.AllSegmentTests<OurCheck>(); }));
         boost.push_back(NanosecondsEach(Moves, [&] { field.AllSegmentTests<Peer>(); }));
     }
@@ -235,7 +235,7 @@ void WholeCheckOursAgainst(benchmark::State& state) {
     Field& field = TheField();
     std::vector<double> ours;
     std::vector<double> boost;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ours.push_back(NanosecondsEach(Moves, [&] {
             for (const Move& move : field.moves()) {
                 benchmark::DoNotOptimize(field.WholeOurs(move));

@@ -112,7 +112,7 @@ void RequireEqual() {
 void Link(benchmark::State& state) {
     const std::string text = StatusLines();
     const auto pieceSize = state.range(0) == 0 ? text.size() : static_cast<std::size_t>(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(OfLink(text, pieceSize));
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
@@ -120,7 +120,7 @@ void Link(benchmark::State& state) {
 
 void Peer(benchmark::State& state) {
     const std::string text = StatusLines();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(OfPeer(text));
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));

@@ -167,7 +167,7 @@ void PerItem(benchmark::State& state) {
 void BothMapsOurs(benchmark::State& state) {
     const Maps& maps = TheMaps();
     const long before = allocations;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         maps.AllOurs();
     }
     state.counters["allocations"] = static_cast<double>(allocations - before);
@@ -176,7 +176,7 @@ void BothMapsOurs(benchmark::State& state) {
 
 void BothMapsEigen(benchmark::State& state) {
     const Maps& maps = TheMaps();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         maps.AllEigens();
     }
     PerItem(state);
@@ -187,7 +187,7 @@ void BothMapsOursAgainstEigen(benchmark::State& state) {
     const Maps& maps = TheMaps();
     std::vector<double> ours;
     std::vector<double> eigen;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ours.push_back(NanosecondsEach(Places, [&] { maps.AllOurs(); }));
         eigen.push_back(NanosecondsEach(Places, [&] { maps.AllEigens(); }));
     }

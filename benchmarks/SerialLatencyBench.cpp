@@ -194,7 +194,7 @@ void ByteOnTheWireToSharedState(benchmark::State& state) {
     program.Await([](std::int32_t x) { return x != NoPositionValue; });
     Sampling sampling(state);
     std::int32_t x = 1000;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         instruments.Report(++x);
         const auto changedAt = program.Await([x](std::int32_t now) { return now == x; });
         if (!changedAt) {
@@ -226,7 +226,7 @@ void ByteOnTheWireToABareRead(benchmark::State& state) {
     const int wire = ::open(instruments.mirror.Device().toLocal8Bit().constData(), O_RDWR | O_NOCTTY);
     Sampling sampling(state);
     std::int32_t x = 1000;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         instruments.Report(++x);
         if (!ReadUntil(wire, AnswerX(x))) {
             state.SkipWithError("the line has not come");
@@ -242,7 +242,7 @@ void OpeningAPortToTheFirstValue(benchmark::State& state) {
     Instruments instruments;
     Program program(instruments);
     Sampling sampling(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         program.links.MirrorPortClose();
         program.state.CurrentXYZ(0, NoPositionValue);
         const auto start = Clock::now();

@@ -54,7 +54,7 @@ private:
 
 void Measure(benchmark::State& run, const QString& program, const QStringList& arguments,
              const Starts& starts) {
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         const double seconds = starts.Time(program, arguments);
         if (seconds < 0.0) {
             run.SkipWithError("the process did not end at its first tick");

@@ -106,7 +106,7 @@ void OneTick(benchmark::State& run) {
     PositionLoop loop(state, objects, boxes, timers, quiet);
     loop.Connect();
     loop.Start();
-    for (auto _ : run) {
+    for ([[maybe_unused]] auto _ : run) {
         loop.Tick();
     }
     if (state.intManipulatorNumber != 0) {

@@ -9,7 +9,7 @@
 
 namespace travo {
 
-// Takes three times the picture's size in memory, while a picture is loaded up to seven times.
+// Takes three times the memory of its picture, and as much again for a new one while that is loaded.
 class FormBirdViewStill {
 public:
     // Bare ground of 640 by 480 pixels until the first still.

@@ -120,7 +120,7 @@ TEST_F(CtlControllerKeysTest, EveryAreaIsAnActionOfItsName) {
     ASSERT_EQ(names.size(), 18);
     EXPECT_EQ(names.back(), QAccessibleActionInterface::setFocusAction());
     for (int area = 1; area <= 17; ++area) {
-        const QString name = names.at(area - 1);
+        const QString& name = names.at(area - 1);
         EXPECT_EQ(name, PadAreaName(static_cast<std::int16_t>(area)));
         EXPECT_EQ(actions.localizedActionName(name), name);
         EXPECT_EQ(actions.localizedActionDescription(name), PadAreaHelp(static_cast<std::int16_t>(area)));

@@ -172,7 +172,7 @@ void PlayCalibrations(PanelPlay& play, const NeedleSettings& settings) {
         const CalibrationKeys full = CalibrateInFull(play, needle, travo::MirrorToCommon(view));
         CalibrateAgain(play, needle, full);
         Require(!play.hands.OnShow(Warning), "the warning has come back at 2x");
-        SteerNeedle(play, needle, PulledBack);
+        SteerNeedle(play, needle, PulledBack(needle));
         PrintLine(NeedleName(needle) + ", " + SettingText(play, setting) +
                   ": A, B, C, Z and SET, centre and SET; the file holds what was recorded");
     }

@@ -20,8 +20,12 @@ using NeedleSettings = std::array<NeedleSetting, travo::NeedleCount>;
 // "heading 120.0, yaw 0.0, tilt 1.0, calibrated at (200.0, 0.0, 0.0)", the last being the view's centre.
 std::string SettingText(PanelPlay& play, const NeedleSetting& setting);
 
-// Counts of a needle that is pulled back, the same for each: out of every view and every other's way.
-constexpr travo::PositionXYZ PulledBack{9500, 12500, 12500};
+// Counts of a needle that is pulled back: out of every view and every other's way. The contact check takes
+// two shafts for one whose tips and rears nearly share their X, wherever their Y, and the two needles from
+// the left would do so, as would those from the right, if all were pulled back equally far.
+constexpr travo::PositionXYZ PulledBack(std::int32_t needle) {
+    return {needle % 2 == 0 ? 9500 : 9300, 12500, 12500};
+}
 
 // The joystick: takes a needle to counts and waits until it rests.
 void SteerNeedle(PanelPlay& play, std::int32_t needle, const travo::PositionXYZ& counts);

@@ -31,62 +31,20 @@ QList<QWidget*> OnShowBy(const QWidget& window, const QString& name) {
 
 }  // namespace
 
-QWidget& Hands::Window() const { return window_ != nullptr ? *window_ : stage_.Program(); }
-
 QWidget& Hands::Control(const QString& name) const {
-    const QList<QWidget*> found = OnShowBy(Window(), name);
+    const QList<QWidget*> found = OnShowBy(stage_.Program(), name);
     Require(found.size() == 1,
             std::to_string(found.size()) + " controls on show are named " + name.toStdString());
     return *found.front();
 }
 
-QPoint Hands::OnWindow(QWidget& control, const QString& name, const QPoint& place) const {
-    QWidget& window = *control.window();
-    const QPoint there = control.mapTo(&window, place);
-    Require(window.childAt(there) == &control, "something lies in front of " + name.toStdString());
-    return there;
-}
-
 void Hands::Click(QWidget& control, const QString& name) {
     Require(control.isEnabled(), "disabled: " + name.toStdString());
-    PressAt(name, control.rect().center());
-}
-
-void Hands::PressAt(const QString& name, const QPoint& place) {
-    QWidget& control = Control(name);
-    const QPoint there = OnWindow(control, name, place);
-    QWindow* const window = control.window()->windowHandle();
-    QTest::mouseMove(window, there);
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, there);
-}
-
-void Hands::DoubleClickAt(const QString& name, const QPoint& place) {
-    QWidget& control = Control(name);
-    const QPoint there = OnWindow(control, name, place);
-    QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
-}
-
-void Hands::Drag(const QString& name, const QPoint& from, const QPoint& to) {
-    QWidget& control = Control(name);
-    const QPoint begin = OnWindow(control, name, from);
-    const QPoint end = control.mapTo(control.window(), to);
-    QWindow* const window = control.window()->windowHandle();
-    QTest::mouseMove(window, begin);
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, begin);
-    QTest::mouseMove(window, (begin + end) / 2);
-    QTest::mouseMove(window, end);
-    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end);
-}
-
-void Hands::DragToSize(const QSize& size) {
-    QWindow* const window = Window().windowHandle();
-    const QPoint corner(Window().width() - 1, Window().height() - 1);
-    const QPoint end = corner + QPoint(size.width() - Window().width(), size.height() - Window().height());
-    QTest::mouseMove(window, corner);
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, corner);
-    QTest::mouseMove(window, end);
-    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end);
-    stage_.WaitUntil([&] { return Window().size() == size; }, "a window does not follow its corner");
+    QWidget& window = *control.window();
+    const QPoint middle = control.mapTo(&window, control.rect().center());
+    Require(window.childAt(middle) == &control, "something lies in front of " + name.toStdString());
+    QTest::mouseMove(window.windowHandle(), middle);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, middle);
 }
 
 void Hands::Press(const QString& name) { Click(Control(name), name); }
@@ -94,12 +52,12 @@ void Hands::Press(const QString& name) { Click(Control(name), name); }
 void Hands::TakeTheKeys() {
     stage_.WaitUntil(
         [&] {
-            if (!Window().isActiveWindow()) {
-                Window().activateWindow();
+            if (!stage_.Program().isActiveWindow()) {
+                stage_.Program().activateWindow();
             }
-            return Window().isActiveWindow();
+            return stage_.Program().isActiveWindow();
         },
-        Window().windowTitle().toStdString() + ": the window does not get the keys");
+        "the main window does not get the keys");
 }
 
 void Hands::Type(const QString& name, const QString& text) {
@@ -128,7 +86,7 @@ QString Hands::Read(const QString& name) const {
     return label->text();
 }
 
-bool Hands::OnShow(const QString& name) const { return !OnShowBy(Window(), name).isEmpty(); }
+bool Hands::OnShow(const QString& name) const { return !OnShowBy(stage_.Program(), name).isEmpty(); }
 
 bool Hands::Enabled(const QString& name) const { return Control(name).isEnabled(); }
 
@@ -136,12 +94,6 @@ bool Hands::PressedIn(const QString& name) const {
     const auto* const button = qobject_cast<QAbstractButton*>(&Control(name));
     Require(button != nullptr && button->isCheckable(), name.toStdString() + " has no two states");
     return button->isChecked();
-}
-
-QSize Hands::SizeOf(const QString& name) const { return Control(name).size(); }
-
-QImage Hands::Look(const QString& name) const {
-    return Control(name).grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 void Hands::OpenPanel(const QString& tab, const QString& panel) {

@@ -29,7 +29,8 @@ QRectF InColumn(int column, double top, const QSizeF& size) {
 }
 
 QRectF InCell(int cell, double top, const QSizeF& size) {
-    return InColumn(cell % 4, top + RowStep * (cell / 4), size);
+    const int row = cell / 4;
+    return InColumn(cell % 4, top + RowStep * row, size);
 }
 
 QChar CellLetter(int cell) { return QChar(u'A' + cell); }

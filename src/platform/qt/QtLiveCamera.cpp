@@ -126,7 +126,7 @@ void LiveBus::Call(QLatin1String operation, const QVariantList& arguments) {
     }
     QDBusMessage message = QDBusMessage::createMethodCall(owner_, ObjectPath(), InterfaceName(), operation);
     message.setArguments(arguments);
-    Expect(Exchange(std::move(message), limits_.call));
+    Expect(Exchange(message, limits_.call));
 }
 
 void LiveBus::Join() {

@@ -270,7 +270,7 @@ QtSerialPort::QtSerialPort(QString programFolder, std::function<void()> OnComm,
     : programFolder_(std::move(programFolder)),
       line_(std::make_shared<Line>(std::move(OnComm), std::move(readClearToSend))) {}
 
-QtSerialPort::~QtSerialPort() { QtSerialPort::PortOpen(false); }
+QtSerialPort::~QtSerialPort() { Close(); }
 
 void QtSerialPort::RThreshold(int characters) { line_->Threshold(characters); }
 
@@ -278,9 +278,13 @@ void QtSerialPort::PortOpen(bool open) {
     if (open) {
         Open();
     } else {
-        line_->Drain();
-        line_->Close();
+        Close();
     }
+}
+
+void QtSerialPort::Close() {
+    line_->Drain();
+    line_->Close();
 }
 
 void QtSerialPort::Open() {

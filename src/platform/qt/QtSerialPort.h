@@ -57,6 +57,7 @@ private:
     class Line;
 
     void Open();
+    void Close();
 
     QString programFolder_;
     std::int16_t number_ = 1;

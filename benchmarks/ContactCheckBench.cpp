@@ -8,6 +8,7 @@
 #include <boost/geometry/geometries/segment.hpp>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 #include "CalibratedNeedles.h"
 
@@ -266,9 +267,14 @@ BENCHMARK(WholeCheckOursAgainst<BoostCheck<Intersects>>);
 }  // namespace travo::bench
 
 int main(int argc, char** argv) {
-    const std::size_t clear = travo::bench::TheField().Compare();
-    std::printf("%zu of %zu moves are clear\n", clear, travo::bench::Moves);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    try {
+        const std::size_t clear = travo::bench::TheField().Compare();
+        std::printf("%zu of %zu moves are clear\n", clear, travo::bench::Moves);
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
 }

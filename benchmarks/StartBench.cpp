@@ -52,10 +52,14 @@ private:
     QProcessEnvironment environment_;
 };
 
-void Measure(benchmark::State& run, const QString& program, const QStringList& arguments,
-             const Starts& starts) {
+const Starts& TheStarts() {
+    static const Starts starts;
+    return starts;
+}
+
+void Measure(benchmark::State& run, const QString& program, const QStringList& arguments) {
     for ([[maybe_unused]] auto _ : run) {
-        const double seconds = starts.Time(program, arguments);
+        const double seconds = TheStarts().Time(program, arguments);
         if (seconds < 0.0) {
             run.SkipWithError("the process did not end at its first tick");
             return;
@@ -64,24 +68,28 @@ void Measure(benchmark::State& run, const QString& program, const QStringList& a
     }
 }
 
+void ProgramToItsFirstTick(benchmark::State& run) { Measure(run, TheStarts().Program(), {}); }
+
+void EmptyWindowToATickAfter200ms(benchmark::State& run) {
+    Measure(run, QStringLiteral(EMPTY_WINDOW), {QStringLiteral("200")});
+}
+
+void EmptyWindowToATickAtOnce(benchmark::State& run) {
+    Measure(run, QStringLiteral(EMPTY_WINDOW), {QStringLiteral("0")});
+}
+
+void FifteenStarts(benchmark::internal::Benchmark* starts) {
+    starts->Iterations(1)->Repetitions(15)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(ProgramToItsFirstTick)->Apply(FifteenStarts);
+BENCHMARK(EmptyWindowToATickAfter200ms)->Apply(FifteenStarts);
+BENCHMARK(EmptyWindowToATickAtOnce)->Apply(FifteenStarts);
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
     QCoreApplication application(argumentCount, arguments);
-    const Starts starts;
-    const auto add = [&](const char* name, const QString& program, const QStringList& programArguments) {
-        benchmark::RegisterBenchmark(name,
-                                     [&starts, program, programArguments](benchmark::State& run) {
-                                         Measure(run, program, programArguments, starts);
-                                     })
-            ->Iterations(1)
-            ->Repetitions(15)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond);
-    };
-    add("ProgramToItsFirstTick", starts.Program(), {});
-    add("EmptyWindowToATickAfter200ms", QStringLiteral(EMPTY_WINDOW), {QStringLiteral("200")});
-    add("EmptyWindowToATickAtOnce", QStringLiteral(EMPTY_WINDOW), {QStringLiteral("0")});
     benchmark::Initialize(&argumentCount, arguments);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -5,6 +5,7 @@ packages_to_run="g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6ser
 packages_to_test="$packages_to_run libgtest-dev libgmock-dev clang-format at-spi2-core gir1.2-atspi-2.0 python3-gi"
 packages_to_check="$packages_to_test clang libclang-rt-14-dev"
 packages_to_bench="$packages_to_test libbenchmark-dev libeigen3-dev libboost-dev libopencv-core-dev"
+packages_to_tidy="$packages_to_bench clang clang-tidy libclang-rt-14-dev"
 
 # install_missing PACKAGE...
 install_missing() {

@@ -75,7 +75,8 @@ std::string WorkbenchWindow::Press(const std::string& line) {
 
 QWidget* WorkbenchWindow::StatePanel() {
     auto* panel = new QGroupBox(QStringLiteral("As it stands"));
-    auto* layout = new QFormLayout(panel);
+    auto* layout = new QFormLayout;
+    panel->setLayout(layout);
     for (const Row& row : Rows) {
         auto* value = new QLabel(panel);
         value->setObjectName(QString::fromLatin1(row.command));

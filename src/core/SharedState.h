@@ -34,7 +34,7 @@ public:
     bool bMirrorMotorONOFF = false;
     // The live camera object exists and is usable.
     bool LiveOpen = false;
-    // Bird's-eye view shift in pixels of the still, persisted.
+    // Where the still lies under the markers of the bird's-eye view, as fractions of its size, persisted.
     double ShiftX = 0.0;
     double ShiftY = 0.0;
 

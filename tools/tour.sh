@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Plays the tour of a build folder on a display, a session bus and folders of its own.
-#   tools/tour.sh BUILD-FOLDER [--only instruments|panels|calibration]
+#   tools/tour.sh BUILD-FOLDER [--only instruments|panels|calibration|windows]
 set -eu
 cd "$(dirname "$0")/.."
 build="$(realpath "$1")"

@@ -60,6 +60,9 @@ void BoxOperator::AnswerBox(QMessageBox& box) {
     }
     const QString label = expected_.front().button;
     expected_.pop_front();
+    if (const auto look = std::exchange(look_, nullptr)) {
+        look();
+    }
     for (QAbstractButton* const button : box.buttons()) {
         if (Label(*button) == label) {
             QTest::mouseClick(button, Qt::LeftButton);

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 #include <deque>
+#include <functional>
+#include <utility>
 
 class QMessageBox;
 
@@ -20,6 +22,8 @@ public:
 
     // The next box will have this text; the button with this label is to be pressed.
     void Expect(const QString& text, const QString& button = QStringLiteral("OK"));
+    // Looks about while the next announced box is open, before its button is pressed.
+    void LookFirst(std::function<void()> look) { look_ = std::move(look); }
     // While on, a box that was not announced is answered OK and is not counted as unexpected: noise on a
     // wire brings boxes that nobody can foretell.
     void Tolerate(bool on) { tolerant_ = on; }
@@ -47,6 +51,7 @@ private:
     QStringList seen_;
     QStringList unexpected_;
     QString pictures_;
+    std::function<void()> look_;
     bool tolerant_ = false;
 };
 

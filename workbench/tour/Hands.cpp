@@ -1,8 +1,10 @@
 #include "workbench/tour/Hands.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTest>
 #include <QWindow>
 
@@ -29,22 +31,75 @@ QList<QWidget*> OnShowBy(const QWidget& window, const QString& name) {
     return found;
 }
 
+// A mouse that leaves the window, as one that holds its corner does: QTest's own would be warned of.
+void SendMouse(QWindow& window, QEvent::Type type, const QPoint& place, Qt::MouseButtons held) {
+    const bool moves = type == QEvent::MouseMove;
+    QMouseEvent event(type, place, window.mapToGlobal(place), moves ? Qt::NoButton : Qt::LeftButton, held,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
 }  // namespace
 
+QWidget& Hands::Window() const { return window_ != nullptr ? *window_ : stage_.Program(); }
+
 QWidget& Hands::Control(const QString& name) const {
-    const QList<QWidget*> found = OnShowBy(stage_.Program(), name);
+    const QList<QWidget*> found = OnShowBy(Window(), name);
     Require(found.size() == 1,
             std::to_string(found.size()) + " controls on show are named " + name.toStdString());
     return *found.front();
 }
 
+QPoint Hands::OnWindow(QWidget& control, const QString& name, const QPoint& place) const {
+    QWidget& window = *control.window();
+    const QPoint there = control.mapTo(&window, place);
+    Require(window.childAt(there) == &control, "something lies in front of " + name.toStdString());
+    return there;
+}
+
 void Hands::Click(QWidget& control, const QString& name) {
     Require(control.isEnabled(), "disabled: " + name.toStdString());
-    QWidget& window = *control.window();
-    const QPoint middle = control.mapTo(&window, control.rect().center());
-    Require(window.childAt(middle) == &control, "something lies in front of " + name.toStdString());
-    QTest::mouseMove(window.windowHandle(), middle);
-    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, middle);
+    PressAt(name, control.rect().center());
+}
+
+void Hands::PressAt(const QString& name, const QPoint& place) {
+    QWidget& control = Control(name);
+    const QPoint there = OnWindow(control, name, place);
+    QWindow* const window = control.window()->windowHandle();
+    QTest::mouseMove(window, there);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, there);
+}
+
+void Hands::DoubleClickAt(const QString& name, const QPoint& place) {
+    QWidget& control = Control(name);
+    const QPoint there = OnWindow(control, name, place);
+    QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
+}
+
+void Hands::Drag(const QString& name, const QPoint& from, const QPoint& to) {
+    QWidget& control = Control(name);
+    const QPoint begin = OnWindow(control, name, from);
+    const QPoint end = control.mapTo(control.window(), to);
+    QWindow* const window = control.window()->windowHandle();
+    QTest::mouseMove(window, begin);
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, begin);
+    QTest::mouseMove(window, (begin + end) / 2);
+    QTest::mouseMove(window, end);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end);
+}
+
+void Hands::DragToSize(const QSize& size) {
+    QWindow& window = *Window().windowHandle();
+    const QPoint corner(Window().width() - 1, Window().height() - 1);
+    // The edges end before the pixel of the mouse.
+    const QPoint end(size.width(), size.height());
+    SendMouse(window, QEvent::MouseMove, corner, Qt::NoButton);
+    SendMouse(window, QEvent::MouseButtonPress, corner, Qt::LeftButton);
+    SendMouse(window, QEvent::MouseMove, (corner + end) / 2, Qt::LeftButton);
+    SendMouse(window, QEvent::MouseMove, end, Qt::LeftButton);
+    SendMouse(window, QEvent::MouseButtonRelease, end, Qt::NoButton);
+    stage_.WaitUntil([&] { return Window().size() == size; },
+                     Window().windowTitle().toStdString() + ": the window does not follow its corner");
 }
 
 void Hands::Press(const QString& name) { Click(Control(name), name); }
@@ -52,12 +107,12 @@ void Hands::Press(const QString& name) { Click(Control(name), name); }
 void Hands::TakeTheKeys() {
     stage_.WaitUntil(
         [&] {
-            if (!stage_.Program().isActiveWindow()) {
-                stage_.Program().activateWindow();
+            if (!Window().isActiveWindow()) {
+                Window().activateWindow();
             }
-            return stage_.Program().isActiveWindow();
+            return Window().isActiveWindow();
         },
-        "the main window does not get the keys");
+        Window().windowTitle().toStdString() + ": the window does not get the keys");
 }
 
 void Hands::Type(const QString& name, const QString& text) {
@@ -86,7 +141,7 @@ QString Hands::Read(const QString& name) const {
     return label->text();
 }
 
-bool Hands::OnShow(const QString& name) const { return !OnShowBy(stage_.Program(), name).isEmpty(); }
+bool Hands::OnShow(const QString& name) const { return !OnShowBy(Window(), name).isEmpty(); }
 
 bool Hands::Enabled(const QString& name) const { return Control(name).isEnabled(); }
 
@@ -94,6 +149,12 @@ bool Hands::PressedIn(const QString& name) const {
     const auto* const button = qobject_cast<QAbstractButton*>(&Control(name));
     Require(button != nullptr && button->isCheckable(), name.toStdString() + " has no two states");
     return button->isChecked();
+}
+
+QSize Hands::SizeOf(const QString& name) const { return Control(name).size(); }
+
+QImage Hands::Look(const QString& name) const {
+    return Control(name).grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 void Hands::OpenPanel(const QString& tab, const QString& panel) {

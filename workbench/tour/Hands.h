@@ -1,7 +1,10 @@
-// The operator's hands on the main window: controls are found by the names that assistive programs read,
-// and worked by mouse and keys through the window.
+// The operator's hands on a window: controls are found by the names that assistive programs read, and
+// worked by mouse and keys through the window.
 #pragma once
 
+#include <QImage>
+#include <QPoint>
+#include <QSize>
 #include <QString>
 
 #include "workbench/tour/Stage.h"
@@ -14,12 +17,22 @@ namespace workbench::tour {
 // more than one, of that name is on show.
 class Hands {
 public:
+    // On the main window, whichever run of the program has it.
     explicit Hands(Stage& stage) : stage_(stage) {}
+    // On another window, which outlives them.
+    Hands(Stage& stage, QWidget& window) : stage_(stage), window_(&window) {}
 
     // Moves the mouse onto the control and clicks where an operator would see it. ActFailure when it is
     // disabled or something else lies in front of it.
     void Press(const QString& name);
-    // Waits until the main window has the keys; a click on it would bring them.
+    // Clicks at a place of a control, in pixels from its upper left corner, be it disabled.
+    void PressAt(const QString& name, const QPoint& place);
+    void DoubleClickAt(const QString& name, const QPoint& place);
+    // Presses at one place of a control, moves to the other, and lets go there.
+    void Drag(const QString& name, const QPoint& from, const QPoint& to);
+    // Takes a window without a system's frame by its lower right corner and brings it to that size.
+    void DragToSize(const QSize& size);
+    // Waits until the window has the keys; a click on it would bring them.
     void TakeTheKeys();
     // Clicks into the box and types over what it holds.
     void Type(const QString& name, const QString& text);
@@ -30,6 +43,9 @@ public:
     bool Enabled(const QString& name) const;
     // Of a two-state button.
     bool PressedIn(const QString& name) const;
+    QSize SizeOf(const QString& name) const;
+    // What a control shows, in plain pixels.
+    QImage Look(const QString& name) const;
 
     // Presses the tab of that name and requires that the panel, by its object name, has come.
     void OpenPanel(const QString& tab, const QString& panel);
@@ -39,10 +55,14 @@ public:
     bool HasPanel(const QString& panel) const;
 
 private:
+    QWidget& Window() const;
     QWidget& Control(const QString& name) const;
+    // Where on the window a place of a control is; ActFailure where something lies in front of it.
+    QPoint OnWindow(QWidget& control, const QString& name, const QPoint& place) const;
     void Click(QWidget& control, const QString& name);
 
     Stage& stage_;
+    QWidget* window_ = nullptr;  // none for the main window
 };
 
 }  // namespace workbench::tour

@@ -16,18 +16,6 @@ namespace {
 
 constexpr int WatchMilliseconds = 5000;
 
-// Processor time that a process has used so far, in milliseconds.
-double ProcessorTime(qint64 process) {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
-    Require(file.open(QIODevice::ReadOnly), "the program has gone");
-    const QByteArray text = file.readAll();
-    // The name, which may hold blanks, ends at the last bracket; user and system time are the 12th and
-    // 13th fields behind it.
-    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
-    const double ticks = fields.at(11).toDouble() + fields.at(12).toDouble();
-    return ticks * 1000.0 / static_cast<double>(sysconf(_SC_CLK_TCK));
-}
-
 std::int64_t Reads(Stage& stage) { return stage.Workbench().Counters()["getposition"]; }
 
 void WatchIdle(Stage& stage, QProcess& program) {
@@ -48,14 +36,25 @@ void WatchIdle(Stage& stage, QProcess& program) {
     Require(reads > 0, "the real program reads no needle");
 }
 
+}  // namespace
+
+double ProcessorTime(qint64 process) {
+    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
+    Require(file.open(QIODevice::ReadOnly), "the program has gone");
+    const QByteArray text = file.readAll();
+    // The name, which may hold blanks, ends at the last bracket; user and system time are the 12th and
+    // 13th fields behind it.
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    const double ticks = fields.at(11).toDouble() + fields.at(12).toDouble();
+    return ticks * 1000.0 / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
 QByteArray LogText() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     QFile file(QDir(data).filePath(QStringLiteral("Zelvo/Shared/Data/debugTRAVO.txt")));
     Require(file.open(QIODevice::ReadOnly), "the real program has left no log");
     return file.readAll();
 }
-
-}  // namespace
 
 void PlayProgramAct(Stage& stage) {
     PrintHeading("The real program, started on three open ports and closed once");

@@ -16,6 +16,7 @@
 #include "workbench/tour/Report.h"
 #include "workbench/tour/SerialAct.h"
 #include "workbench/tour/Stage.h"
+#include "workbench/tour/WindowAct.h"
 #include "workbench/tour/WireFaultAct.h"
 
 namespace {
@@ -35,11 +36,12 @@ void PlayInstruments(Stage& stage) {
     workbench::tour::PlayProgramAct(stage);
 }
 
-const std::array<Day, 3>& Days() {
-    static const std::array<Day, 3> days{
+const std::array<Day, 4>& Days() {
+    static const std::array<Day, 4> days{
         {{QStringLiteral("instruments"), PlayInstruments},
          {QStringLiteral("panels"), workbench::tour::PlayPanelAct},
-         {QStringLiteral("calibration"), workbench::tour::PlayCalibrationAct}}};
+         {QStringLiteral("calibration"), workbench::tour::PlayCalibrationAct},
+         {QStringLiteral("windows"), workbench::tour::PlayWindowAct}}};
     return days;
 }
 
@@ -52,9 +54,10 @@ Wish ReadWish(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Plays the operator on TRAVO's workbench."));
     parser.addHelpOption();
-    const QCommandLineOption only(QStringLiteral("only"),
-                                  QStringLiteral("Plays this alone: instruments, panels or calibration."),
-                                  QStringLiteral("name"));
+    const QCommandLineOption only(
+        QStringLiteral("only"),
+        QStringLiteral("Plays this alone: instruments, panels, calibration or windows."),
+        QStringLiteral("name"));
     parser.addOption(only);
     parser.addPositionalArgument(QStringLiteral("program-folder"), QStringLiteral("TRAVO's program folder."));
     parser.addPositionalArgument(QStringLiteral("workbench"), QStringLiteral("The travo-workbench program."));

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "devices/ManipulatorRig.h"
@@ -51,7 +52,7 @@ void Numbers(ManipulatorRig& rig) {
     rig.link->CheckNumberSetting(2);
 }
 std::function<void(ManipulatorRig&)> Failing(const std::string& operation,
-                                             std::function<void(ManipulatorRig&)> run) {
+                                             const std::function<void(ManipulatorRig&)>& run) {
     return [operation, run](ManipulatorRig& rig) {
         rig.driver.failing = {operation};
         run(rig);
@@ -121,14 +122,14 @@ class ManipulatorGuard : public ::testing::Test, public ManipulatorRig {
 protected:
     // Runs the procedure inside the first driver operation of that name, and only there.
     void DuringDriverCall(const std::string& operation, std::function<void()> procedure) {
-        driver.whileCalled = [operation, once = Once(procedure)](const std::string& called) {
+        driver.whileCalled = [operation, once = Once(std::move(procedure))](const std::string& called) {
             if (called == operation) {
                 once();
             }
         };
     }
     // Runs the procedure inside the first wait that serves events.
-    void DuringWait(std::function<void()> procedure) { eventLoop.whileServed = Once(procedure); }
+    void DuringWait(std::function<void()> procedure) { eventLoop.whileServed = Once(std::move(procedure)); }
 };
 
 TEST_F(ManipulatorGuard, RequestDataWithTheGuardTakenReturnsEmptyTextAndLeavesTheGuardFree) {

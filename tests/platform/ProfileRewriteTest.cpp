@@ -34,7 +34,7 @@ std::vector<int> Rounds(const QByteArray& text) {
         return {};
     }
     const QByteArray middle =
-        text.sliced(qstrlen(Before), text.size() - qsizetype(qstrlen(Before) + qstrlen(After)));
+        text.sliced(qsizetype(qstrlen(Before)), text.size() - qsizetype(qstrlen(Before) + qstrlen(After)));
     std::vector<int> rounds;
     int key = 0;
     for (const QByteArray& line : middle.split('\n').mid(0, Keys)) {

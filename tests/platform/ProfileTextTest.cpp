@@ -8,7 +8,7 @@
 namespace travo::platform {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 // So that a difference is printed as text.
 std::string Text(QByteArrayView bytes) {
@@ -252,7 +252,7 @@ bool OnlyInserted(const QByteArray& text, const QByteArray& old) {
     for (const char* lines :
          {"\r\n[S]\r\nk=value\r\n", "[S]\r\nk=value\r\n", "\r\nk=value\r\n", "k=value\r\n"}) {
         const qsizetype at = text.indexOf(lines);
-        if (at >= 0 && QByteArray(text).remove(at, qstrlen(lines)) == old) {
+        if (at >= 0 && QByteArray(text).remove(at, qsizetype(qstrlen(lines))) == old) {
             return true;
         }
     }

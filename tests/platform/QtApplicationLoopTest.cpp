@@ -70,5 +70,7 @@ int main(int argumentCount, char** arguments) {
     }
     travo::platform::qt::QtApplicationLoop loop(argumentCount, arguments);
     travo::platform::qt::application = &loop;
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    travo::platform::qt::application = nullptr;
+    return result;
 }

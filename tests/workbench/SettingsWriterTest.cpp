@@ -112,10 +112,10 @@ Maps MapsOf(const Mount& mount, const CalibrationView& view, bool storedCentre) 
 }
 
 void ForEachPlace(const std::function<void(const Vector&)>& look) {
-    for (double x = -900.0; x <= 900.0; x += 75.0) {
-        for (double y = -900.0; y <= 900.0; y += 75.0) {
+    for (int x = -900; x <= 900; x += 75) {
+        for (int y = -900; y <= 900; y += 75) {
             for (const double z : {-500.0, 0.0, 500.0}) {
-                look({x, y, z});
+                look({static_cast<double>(x), static_cast<double>(y), z});
             }
         }
     }
@@ -190,8 +190,8 @@ TEST(SettingsWriter, ATargetLandsWithin2UnitsOver900ForAllDefaultMounts) {
 
 TEST(SettingsWriter, AFreeHeadingOrAnOffCentreCalibrationCostsAtMost11Units) {
     double worstFree = 0.0;
-    for (double heading = 0.0; heading < 360.0; heading += 1.7) {
-        const Mount mount = HomedMount(heading);
+    for (int tenths = 0; tenths < 3600; tenths += 17) {
+        const Mount mount = HomedMount(tenths / 10.0);
         worstFree = std::max(worstFree, LandingError(mount, MapsOf(mount, {}, true)));
     }
     EXPECT_LE(worstFree, 11.0);
@@ -247,6 +247,10 @@ TEST(SettingsWriter, AMarkOutOfReachIsRefused) {
     EXPECT_THROW(CalibrationOf(mount, {}), travo::BoundsFailure);
 }
 
+std::string AxisKey(std::size_t needle, const std::string& name, std::size_t axis) {
+    return "Manipulator Calibration:" + std::to_string(needle) + "/" + name + ",XYZ:" + std::to_string(axis);
+}
+
 TEST(SettingsWriter, TheTextHoldsEveryKeyOfEveryNeedleAndBothOffsets) {
     std::array<NeedleCalibration, travo::NeedleCount> calibrations;
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
@@ -257,16 +261,15 @@ TEST(SettingsWriter, TheTextHoldsEveryKeyOfEveryNeedleAndBothOffsets) {
     EXPECT_EQ(values.at("User_Value/XYOffset"), "0");
     EXPECT_EQ(values.at("User_Value/ZOffset"), "0");
     for (std::size_t needle = 0; needle < calibrations.size(); ++needle) {
-        const std::string section = "Manipulator Calibration:" + std::to_string(needle) + "/";
         for (std::size_t axis = 0; axis < 3; ++axis) {
-            const std::string end = ",XYZ:" + std::to_string(axis);
             for (std::size_t point = 0; point < 4; ++point) {
-                EXPECT_EQ(values.at(section + "Index:" + std::to_string(point) + end),
+                EXPECT_EQ(values.at(AxisKey(needle, "Index:" + std::to_string(point), axis)),
                           std::to_string(calibrations[needle].points[point][axis]));
             }
-            EXPECT_EQ(values.at(section + "ZERO" + end), "0");
-            EXPECT_EQ(values.at(section + "Center" + end), "12500");
+            EXPECT_EQ(values.at(AxisKey(needle, "ZERO", axis)), "0");
+            EXPECT_EQ(values.at(AxisKey(needle, "Center", axis)), "12500");
         }
+        const std::string section = "Manipulator Calibration:" + std::to_string(needle) + "/";
         EXPECT_EQ(values.at(section + "Time"), SomeTime);
         EXPECT_EQ(values.at(section + "ReTime"), SomeTime);
     }

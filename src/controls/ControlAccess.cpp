@@ -29,6 +29,7 @@ public:
         state.checkable = button_.isCheckable();
         state.checked = button_.isChecked();
         state.pressed = button_.isDown();
+        pressable_.AddToState(state);
         return state;
     }
 
@@ -130,6 +131,13 @@ QAccessibleInterface* AccessOf(const QString& className, QObject* object) {
 }
 
 }  // namespace
+
+void ShowAsPicture(QWidget& widget) {
+    // Qt has made a face of its own already where the widget was given a name.
+    QAccessibleInterface* const former = QAccessible::queryAccessibleInterface(&widget);
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(former));
+    QAccessible::registerAccessibleInterface(new QAccessibleWidget(&widget, QAccessible::Graphic));
+}
 
 void InstallControlAccess() { QAccessible::installFactory(AccessOf); }
 

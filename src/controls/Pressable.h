@@ -14,6 +14,8 @@ public:
     // What a click of the mouse would do now: nothing where it would not reach the control.
     virtual void Press() = 0;
     virtual QAccessible::Role AccessibleRole() const = 0;
+    // What assistive programs are told of its state beyond what they are told of every button.
+    virtual void AddToState(QAccessible::State&) const {}
     // The name while no accessible name is set.
     virtual QString NameWithoutName() const = 0;
 };

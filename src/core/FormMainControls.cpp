@@ -32,6 +32,10 @@ void Prepare(SkinButton& button, QWidget* window, const QString& programFolder, 
 
 }  // namespace
 
+QString FormMainControls::TabName(int tab) {
+    return QLatin1String(TabTexts.at(static_cast<std::size_t>(tab)).name);
+}
+
 FormMainControls::FormMainControls(const QString& programFolder, QWidget* window) {
     for (SkinTab& picture : imgTab) {
         picture.setParent(window);
@@ -51,11 +55,13 @@ FormMainControls::FormMainControls(const QString& programFolder, QWidget* window
 void FormMainControls::NameTabs(const QString& programFolder) {
     for (int index = 0; index < FormMainLayout::TabPictureCount; ++index) {
         SkinTab& picture = imgTab.at(static_cast<std::size_t>(index));
-        const TabText& text = TabTexts.at(static_cast<std::size_t>(index % 6));
+        const int tab = index % 6;
+        const TabText& text = TabTexts.at(static_cast<std::size_t>(tab));
+        picture.StandsForSelected(index == tab);
         picture.inipath(programFolder);
         picture.path(QStringLiteral("tab-%1").arg(index, 2, 10, QLatin1Char('0')));
         picture.DesignSize(QSizeF(index < 12 ? FormMainLayout::LowerTab : FormMainLayout::UpperTab));
-        Identify(picture, Indexed(QStringLiteral("imgTab"), index), QLatin1String(text.name),
+        Identify(picture, Indexed(QStringLiteral("imgTab"), index), TabName(tab),
                  QLatin1String(text.toolTip));
     }
 }

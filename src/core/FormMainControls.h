@@ -18,6 +18,9 @@ public:
     // Children of the window; the step buttons are hidden at first. The folder holds the folder skin.
     FormMainControls(const QString& programFolder, QWidget* window);
 
+    // For people. Tabs count from 0: experiment, calibration, cell position, escape, connection, user.
+    static QString TabName(int tab);
+
     FormMainTabs::Controls ForTabs();
     // Puts all where the layout says.
     void Place(const FormMainLayout& layout);

@@ -1,5 +1,6 @@
 #include "core/FormMainPanels.h"
 
+#include "core/FormMainControls.h"
 #include "platform/Folders.h"
 
 namespace travo {
@@ -31,7 +32,9 @@ FormMainPanels::FormMainPanels(const platform::Machine& machine, SharedState& st
       CtlUser1({state, *objects.Live, *objects.cNeedleMove, *objects.cObjectiveUpDown, objects.Failures,
                 machine.profile, machine.folders, owner.user},
                machine.folders.Program(), window) {
+    int tab = 0;
     for (QWidget* const panel : All()) {
+        panel->setAccessibleName(FormMainControls::TabName(tab++));
         panel->hide();
     }
 }

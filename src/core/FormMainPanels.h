@@ -18,7 +18,8 @@
 
 namespace travo {
 
-// All are children of the window and hidden at first; they go with this object, before the window.
+// All are children of the window, named as their tabs and hidden at first; they go with this object, before
+// the window.
 class FormMainPanels {
 public:
     struct Owner {
@@ -44,6 +45,7 @@ public:
     CtlUser CtlUser1;
 
 private:
+    // In the order of the tabs.
     std::array<QWidget*, 6> All();
 };
 

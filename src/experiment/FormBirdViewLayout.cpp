@@ -1,6 +1,7 @@
 // What stands where in the bird's-eye view's window.
 #include <QDir>
 
+#include "controls/ControlAccess.h"
 #include "controls/ControlNames.h"
 #include "controls/Palette.h"
 #include "experiment/FormBirdView.h"
@@ -64,6 +65,9 @@ void FormBirdView::BuildPicture() {
     QPalette slate = shpPicSet_.palette();
     slate.setColor(QPalette::WindowText, palette::SlateEdge);
     shpPicSet_.setPalette(slate);
+    for (QWidget* const picture : std::initializer_list<QWidget*>{&shpPicSet_, &picBird_}) {
+        ShowAsPicture(*picture);
+    }
 }
 
 void FormBirdView::BuildReadout(const QString& programFolder) {

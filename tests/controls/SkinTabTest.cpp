@@ -29,4 +29,23 @@ TEST_F(SkinTabTest, ATabThatWasHiddenUnderThePointerComesBackWithoutItsRing) {
     EXPECT_EQ(Shot(*tab), before);
 }
 
+TEST_F(SkinTabTest, EveryPictureIsSelectableAndTheOneOfTheSelectedTabIsSelectedWhileItIsOnShow) {
+    const auto stateOf = [](const std::unique_ptr<SkinTab>& tab) {
+        return QAccessible::queryAccessibleInterface(tab.get())->state();
+    };
+    const auto lower = Made<SkinTab>(QStringLiteral("tab-07"), QSize(162, 36));
+    const auto selected = Made<SkinTab>(QStringLiteral("tab-01"), QSize(162, 36));
+    selected->StandsForSelected(true);
+    for (const auto* const tab : {&lower, &selected}) {
+        EXPECT_TRUE(stateOf(*tab).selectable);
+        EXPECT_FALSE(stateOf(*tab).checkable);
+    }
+    EXPECT_FALSE(stateOf(lower).selected);
+    EXPECT_TRUE(stateOf(selected).selected);
+    selected->hide();
+    EXPECT_FALSE(stateOf(selected).selected);
+    selected->show();
+    EXPECT_TRUE(stateOf(selected).selected);
+}
+
 }  // namespace travo

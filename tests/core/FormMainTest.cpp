@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
@@ -69,6 +70,39 @@ TEST_F(FormMainTest, AClickOnATabPictureShowsItsPanelInTheSharedRectangle) {
     EXPECT_EQ(window_->Panels().CtlConnection1.geometry(), QRect(18, 88, 486, 520));
     Tab(11);
     EXPECT_TRUE(window_->Panels().CtlUser1.isVisible());
+}
+
+TEST_F(FormMainTest, EveryPanelBearsTheNameOfItsTabAndTheTabOnShowIsSelected) {
+    ASSERT_TRUE(Start());
+    for (const int picture : {16, 17, 12, 7, 8, 15}) {
+        Tab(picture);
+        QStringList selected;
+        for (SkinTab* const tab : window_->findChildren<SkinTab*>()) {
+            if (QAccessible::queryAccessibleInterface(tab)->state().selected) {
+                selected << tab->accessibleName();
+            }
+        }
+        QStringList shown;
+        for (const PanelCanvas* const panel : window_->findChildren<PanelCanvas*>()) {
+            if (panel->isVisible()) {
+                shown << panel->accessibleName();
+            }
+        }
+        EXPECT_EQ(selected.size(), 1) << picture;
+        EXPECT_EQ(shown, selected) << picture;
+        EXPECT_EQ(selected.join(QString()),
+                  window_->findChild<QWidget*>(QStringLiteral("imgTab(%1)").arg(picture))->accessibleName());
+    }
+}
+
+TEST_F(FormMainTest, StepModeSelectsNoTab) {
+    ASSERT_TRUE(Start());
+    Tab(17);
+    QTest::mouseClick(window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
+                      Qt::LeftButton);
+    for (SkinTab* const tab : window_->findChildren<SkinTab*>()) {
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(tab)->state().selected);
+    }
 }
 
 TEST_F(FormMainTest, StepModeIsChosenOnTheUserPanelAndWalkedByItsButtons) {

@@ -1,4 +1,5 @@
 """What all cases share: the program on the stage, with all instruments connected and 2x."""
+import contextlib
 import unittest
 
 import table
@@ -22,16 +23,18 @@ class Case(unittest.TestCase):
     """Each class has a program of its own; its cases follow each other on it in the order of their names."""
 
     stage = None  # the runner's
-    pressed = set()  # (place, name) of every button that a case has seen to work
+    worked = set()  # (place, name, action) of all that a case has seen to work
     further_settings = ""
+    with_windows = False  # whether the class looks at the small windows as well
 
     @classmethod
     def setUpClass(cls):
         cls.addClassCleanup(cls.end_program)
         cls.program = Program(cls.stage.start_program(cls.further_settings))
-        cls.places = {place.name: place for place in table.read()}
+        cls.places = {place.name: place for place in table.read() if cls.with_windows or not place.window}
         cls.frame = wait_until(lambda: cls.program.windows_on_show("frame"), "the main window on show")[0]
         cls.panels = {}
+        cls.windows = {}
         cls.found = {}
         cls.find_places()
         cls.come_to_rest()
@@ -45,35 +48,57 @@ class Case(unittest.TestCase):
     @classmethod
     def find_places(cls):
         """The controls of each place by their human names, those of one name together, each with a look."""
-        looks = {cls.frame: cls.looks_at(cls.frame)}
-        looks.update((panel, cls.looks_at(panel)) for panel in cls.frame.children() if panel.role == "panel")
         for place in cls.places.values():
-            container = cls.container_of(place, looks)
+            if place.window:
+                continue
+            container = cls.frame
             if place.tab:
-                cls.panels[place.name] = container
-            named = cls.found[place.name] = {}
-            for control, seen in looks[container]:
-                named.setdefault(human_name(place, seen), []).append((control, seen))
-
-    @staticmethod
-    def looks_at(container):
-        """Without panels, and without what has neither a name nor a way to be worked: it is a mere picture."""
-        all_of = ((control, control.look()) for control in container.children() if control.role != "panel")
-        return [(control, seen) for control, seen in all_of
-                if seen.role != "filler" or seen.name or "focusable" in seen.states]
+                container = cls.panels[place.name] = cls.find_panel(place.tab)
+            cls.find_controls(place, container)
+        for place in cls.places.values():
+            if place.window:
+                cls.find_window(place)
+        cls.choose("Experiment")
 
     @classmethod
-    def container_of(cls, place, looks):
-        """The frame, or the panel that holds the most of what is wanted."""
-        if place.tab is None:
-            return cls.frame
-        wanted = {row.name for row in place.rows}
-        shared = {container: len(wanted & {human_name(place, seen) for _, seen in all_of})
-                  for container, all_of in looks.items() if container is not cls.frame}
-        best = max(shared, key=shared.get, default=None)
-        if best is None or shared[best] == 0:
-            raise Failure(f"no panel of the main window is the panel '{place.name}'")
-        return best
+    def find_panel(cls, name):
+        found = [child for child in cls.frame.children() if child.role == "panel" and child.name == name]
+        if len(found) != 1:
+            raise Failure(f"{len(found)} panels of the main window are the panel '{name}'")
+        return found[0]
+
+    @classmethod
+    def find_window(cls, place):
+        """A window comes into the tree when it is opened for the first time."""
+        cls.choose("User")
+        button = cls.get("User", place.window)
+        button.press()
+        window = cls.windows[place.name] = cls.wait(
+            lambda: next((window for window in cls.program.windows_on_show("frame")
+                          if window.name == place.name), None), f"the window '{place.name}'")
+        cls.find_controls(place, window)
+        button.press()
+        cls.wait(lambda: window.has("hidden"), f"the end of the window '{place.name}'")
+
+    @classmethod
+    def find_controls(cls, place, container):
+        named = cls.found[place.name] = {}
+        for control, seen in cls.looks_at(container, place.window is not None):
+            named.setdefault(human_name(place, seen), []).append((control, seen))
+
+    @staticmethod
+    def looks_at(container, with_panels):
+        """Without what has neither a name nor a way to be worked: it is a mere picture. In a small window
+        most controls stand in a panel within it; those of the main window are places of their own."""
+        controls = []
+        for child in container.children():
+            if child.role != "panel":
+                controls.append(child)
+            elif with_panels:
+                controls += child.children()
+        all_of = ((control, control.look()) for control in controls)
+        return [(control, seen) for control, seen in all_of
+                if seen.role not in ("filler", "image") or seen.name or "focusable" in seen.states]
 
     @classmethod
     def come_to_rest(cls):
@@ -124,7 +149,14 @@ class Case(unittest.TestCase):
         control = self.get(place, name)
         self.assertTrue(control.has("shown", "enabled"), f"'{name}' of '{place}' cannot be pressed now")
         control.press()
-        self.pressed.add((place, name))
+        self.worked.add((place, name, table.PRESS))
+
+    def act(self, place, name, action):
+        """As `press`, for one of a control's own actions."""
+        control = self.get(place, name)
+        self.assertTrue(control.has("shown", "enabled"), f"'{name}' of '{place}' cannot be worked now")
+        control.act(action)
+        self.worked.add((place, name, action))
 
     def press_for_box(self, place, name, text, answer="OK"):
         """Presses what ends in a message box, reads the box and answers it."""
@@ -132,7 +164,7 @@ class Case(unittest.TestCase):
         self.assertTrue(control.has("shown", "enabled"), f"'{name}' of '{place}' cannot be pressed now")
         control.press_and_go_on()
         self.answer_box(text, answer)
-        self.pressed.add((place, name))
+        self.worked.add((place, name, table.PRESS))
 
     def answer_box(self, text, answer="OK"):
         box = self.wait(self.find_box, f"a message box '{text}'")
@@ -150,11 +182,34 @@ class Case(unittest.TestCase):
         """The message box or dialog that is on show."""
         return next(iter(self.program.windows_on_show("alert", "dialog")), None)
 
-    def choose(self, tab):
+    @classmethod
+    def choose(cls, tab):
         """Has the panel of a tab on show."""
-        if self.panels[tab].has("hidden"):
-            self.get(table.MAIN_WINDOW, tab).press()
-        self.wait(lambda: self.panels[tab].has("shown"), f"the panel '{tab}'")
+        if cls.panels[tab].has("hidden"):
+            cls.get(table.MAIN_WINDOW, tab).press()
+        cls.wait(lambda: cls.panels[tab].has("shown"), f"the panel '{tab}'")
+
+    @contextlib.contextmanager
+    def on_show(self, name):
+        """Has a place on show: a panel from now on, a small window for that long."""
+        place = self.places[name]
+        if place.tab:
+            self.choose(place.tab)
+        if not place.window:
+            yield
+            return
+        self.turn_window(place, "shown")
+        try:
+            yield
+        finally:
+            self.turn_window(place, "hidden")
+
+    def turn_window(self, place, word):
+        """Opens or closes a small window by its button of the user panel."""
+        if not self.windows[place.name].has(word):
+            self.choose("User")
+            self.press("User", place.window)
+            self.wait(lambda: self.windows[place.name].has(word), f"'{place.name}' {word}")
 
     def shown_panels(self):
         return [name for name, panel in self.panels.items() if panel.has("shown")]

@@ -6,9 +6,12 @@ import ctypes
 import os
 import shutil
 import signal
+import socket
 import subprocess
 import tempfile
 import time
+
+from screen import Screen
 
 LIMIT = 15  # seconds that anything may take to come up, to change or to end
 SPACING = 0.02  # seconds between two looks at a condition
@@ -50,6 +53,7 @@ class Stage:
         self.processes = []  # in the order of their start
         self.folder = None
         self.scene = None  # program and workbench
+        self.screen = None
 
     def __enter__(self):
         # What the buses start becomes a child of this process when they end.
@@ -110,8 +114,19 @@ class Stage:
             raise Failure(f"the workbench does not do '{command}': {asked.stderr.strip()}")
         return asked.stdout.split()
 
+    def ask_camera(self, command):
+        """One command to the camera program, once it runs; its answer."""
+        with socket.socket(socket.AF_UNIX) as camera:
+            camera.settimeout(LIMIT)
+            camera.connect(self.in_folder("runtime/travo-live.socket"))
+            camera.sendall(command.encode() + b"\n")
+            answer = camera.makefile(encoding="utf-8").readline()
+        if not answer.startswith("ok"):
+            raise Failure(f"the camera program does not do '{command}': {answer.strip()}")
+        return answer.split()[1:]
+
     def _make_folders(self):
-        for name in ("runtime", "data", "config", "cache", "services"):
+        for name in ("runtime", "data", "config", "cache", "services", "display"):
             os.mkdir(self.in_folder(name), 0o700)
         shutil.copytree(os.path.join(self.build, "TRAVO"), self.in_folder("TRAVO"), symlinks=True,
                         ignore=shutil.ignore_patterns("ports", "KVData.ini"))
@@ -148,7 +163,8 @@ class Stage:
 
     def _start_display(self):
         number = self._start_and_read(["Xvfb", "-screen", "0", "2560x1600x24", "-nolisten", "tcp", "-noreset",
-                                       "-displayfd", "@DESCRIPTOR@"])
+                                       "-fbdir", self.in_folder("display"), "-displayfd", "@DESCRIPTOR@"])
+        self.screen = Screen(self.in_folder("display/Xvfb_screen0"))
         os.environ["DISPLAY"] = f":{number}"
         self._start(["openbox", "--sm-disable"], **UNHEARD)
 

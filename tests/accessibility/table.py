@@ -4,6 +4,7 @@ import tomllib
 from dataclasses import dataclass
 
 MAIN_WINDOW = "Main window"
+PRESS = "Press"
 
 
 @dataclass(frozen=True)
@@ -13,16 +14,23 @@ class Row:
     help: str
     text: str | None
     at: tuple
+    own_actions: tuple
 
     @property
     def is_button(self):
         return self.role in ("push button", "check box", "page tab")
+
+    @property
+    def actions(self):
+        """What the control can be asked to do, first of all its actions and in this order."""
+        return (PRESS,) if self.is_button else self.own_actions
 
 
 @dataclass(frozen=True)
 class Place:
     name: str
     tab: str | None
+    window: str | None
     rows: tuple
 
 
@@ -30,7 +38,7 @@ def read():
     """All places, the main window first."""
     with open(os.path.join(os.path.dirname(os.path.realpath(__file__)), "controls.toml"), "rb") as file:
         told = tomllib.load(file)
-    return [Place(place["name"], place.get("tab"),
+    return [Place(place["name"], place.get("tab"), place.get("window"),
                   tuple(Row(row["name"], row["role"], row.get("help", ""), row.get("text"),
-                            tuple(row["at"].split())) for row in place["controls"]))
+                            tuple(row["at"].split()), tuple(row.get("actions", ()))) for row in place["controls"]))
             for place in told["place"]]

@@ -2,6 +2,7 @@
 
 To be imported when the environment says where the buses are; Atspi connects at the first question.
 """
+import contextlib
 import functools
 from dataclasses import dataclass
 
@@ -13,7 +14,7 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 from stage import Failure, wait_until  # noqa: E402
 
 ANSWER_LIMIT = 10000  # milliseconds that a program may take for one answer
-PRESS = 0  # the first action of every button
+PRESS = 0  # the number of every button's first action
 
 
 @dataclass(frozen=True)
@@ -32,6 +33,8 @@ def is_true(word, states):
             "hidden": "showing" not in states and "visible" not in states,
             "enabled": "enabled" in states and "sensitive" in states,
             "disabled": "enabled" not in states and "sensitive" not in states,
+            "selected": "selected" in states,
+            "unselected": "selected" not in states,
             "checked": "checked" in states,
             "raised": "checked" not in states}[word]
 
@@ -103,14 +106,35 @@ class Control:
         """Does not wait for the end of what the press does: for a press that opens a message box."""
         self.bus.tell(self.accessible.path, "DoAction", GLib.Variant("(i)", (PRESS,)))
 
-    def size(self):
-        place = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
-        return place.width, place.height
+    def act(self, action):
+        """As `press`, by the name of an action."""
+        if not Atspi.Action.do_action(self.accessible, self.actions().index(action)):
+            raise Failure(f"'{self.name}' refuses '{action}'")
 
-    def click(self):
-        """A click of the mouse on its middle, through the X server."""
+    @property
+    def value(self):
+        return Atspi.Value.get_current_value(self.accessible)
+
+    @value.setter
+    def value(self, value):
+        if not Atspi.Value.set_current_value(self.accessible, value):
+            raise Failure(f"'{self.name}' does not take the value {value}")
+
+    def range(self):
+        return Atspi.Value.get_minimum_value(self.accessible), Atspi.Value.get_maximum_value(self.accessible)
+
+    def place(self):
+        """On the display: x, y, width, height."""
         place = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
-        if not Atspi.generate_mouse_event(place.x + place.width // 2, place.y + place.height // 2, "b1c"):
+        return place.x, place.y, place.width, place.height
+
+    def size(self):
+        return self.place()[2:]
+
+    def click(self, across=0.5, down=0.5):
+        """A click of the mouse on it, there in parts of its size, through the X server."""
+        x, y, width, height = self.place()
+        if not Atspi.generate_mouse_event(x + int(width * across), y + int(height * down), "b1c"):
             raise Failure("the mouse cannot be moved")
 
 
@@ -158,6 +182,28 @@ class Program(Control):
         self.bus = _Bus(process)
         # What libatspi remembers is brought up to date by events, which nobody serves here.
         self.accessible.set_cache_mask(Atspi.Cache.NONE)
+
+    @contextlib.contextmanager
+    def events(self, kind):
+        """Listens to events of that kind. A call of what it gives serves those that have come, and lists (role,
+        name, number) of all of them."""
+        heard = []
+
+        def note(event):
+            if event.source.get_process_id() == self.process:
+                heard.append((event.source.get_role_name(), event.source.get_name(), event.detail1))
+
+        def all_heard():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return heard
+
+        listener = Atspi.EventListener.new(note)
+        listener.register(kind)
+        try:
+            yield all_heard
+        finally:
+            listener.deregister(kind)
 
     def _find(self):
         desktop = Atspi.get_desktop(0)

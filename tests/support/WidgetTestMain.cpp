@@ -5,6 +5,7 @@
 
 // Asked for by the leak checker, where the tests run under one. Some tests send a failure through Qt's own
 // event delivery, as the program's last catch does; what Qt holds in those frames is not released.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the leak checker asks for this name.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:QtSharedPointer::ExternalRefCountData::getAndRef\n"

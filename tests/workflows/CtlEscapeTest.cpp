@@ -11,7 +11,6 @@ namespace travo::test {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
 const QString NotSet = QStringLiteral("N/A");

@@ -25,7 +25,6 @@ namespace workbench::live {
 
 namespace {
 
-using travo::platform::LiveCameraFailure;
 using travo::platform::qt::QtLiveCamera;
 using travo::test::LiveDesk;
 using travo::test::ServeUntil;

@@ -30,16 +30,6 @@ constexpr std::int32_t FreeCells = 3;
 
 const QString Camera = QStringLiteral("Camera window");
 
-void WaitForInstruments(Stage& stage) {
-    const travo::SharedState& state = stage.State();
-    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
-        stage.WaitUntil([&] { return state.CurrentXYZ(axis) != travo::NoPositionValue; },
-                        "an instrument on a stored port is not heard after the start");
-    }
-    stage.WaitUntil([&] { return state.bMotorONOFF; }, "the focus motor does not identify itself");
-    stage.RequireBoxesAsExpected();
-}
-
 void OpenCamera(PanelPlay& play) {
     play.hands.OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));
     play.hands.Press(Camera);

@@ -86,6 +86,16 @@ void OpenPorts(Stage& stage) {
     stage.RequireBoxesAsExpected();
 }
 
+void WaitForInstruments(Stage& stage) {
+    const travo::SharedState& state = stage.State();
+    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
+        stage.WaitUntil([&] { return state.CurrentXYZ(axis) != travo::NoPositionValue; },
+                        "an instrument on a stored port is not heard after the start");
+    }
+    stage.WaitUntil([&] { return state.bMotorONOFF; }, "the focus motor does not identify itself");
+    stage.RequireBoxesAsExpected();
+}
+
 void SetMagnification2x(Stage& stage) {
     stage.Objects().cCommunication->SendMirrorMagnificationData(2);
     stage.WaitUntil([&] { return stage.State().CurrentMagnification() == 2; }, "2x has not been reported");

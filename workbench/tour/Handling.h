@@ -32,6 +32,8 @@ QString StoredSetting(Stage& stage, const QString& section, const QString& key);
 // for 2x and waits for it.
 void OpenPorts(Stage& stage);
 void SetMagnification2x(Stage& stage);
+// After a start on stored ports: waits until all three instruments are heard.
+void WaitForInstruments(Stage& stage);
 // Waits until the program knows the mirror at these counts, and the world has it there.
 void WaitForView(Stage& stage, std::int32_t x, std::int32_t y);
 // Waits until the program reads this Z, in common units, within one unit.

@@ -6,6 +6,7 @@
 #include "core/SettingsKeys.h"
 #include "workbench/live/LiveClient.h"
 #include "workbench/tour/CalibrationPlay.h"
+#include "workbench/tour/Handling.h"
 #include "workbench/tour/Report.h"
 #include "workbench/tour/WindowMarkerAct.h"
 #include "workbench/tour/WindowMirrorAct.h"

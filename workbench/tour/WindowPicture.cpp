@@ -42,7 +42,7 @@ public:
     Grouping(const QImage& picture, QRgb colour)
         : width_(picture.width()),
           height_(picture.height()),
-          open_(static_cast<std::size_t>(width_ * height_)) {
+          open_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_)) {
         for (int y = 0; y < height_; ++y) {
             for (int x = 0; x < width_; ++x) {
                 open_[Index({x, y})] = IsShade(picture.pixel(x, y), colour);
@@ -64,7 +64,10 @@ public:
     }
 
 private:
-    std::size_t Index(const QPoint& at) const { return static_cast<std::size_t>(at.y() * width_ + at.x()); }
+    std::size_t Index(const QPoint& at) const {
+        return static_cast<std::size_t>(at.y()) * static_cast<std::size_t>(width_) +
+               static_cast<std::size_t>(at.x());
+    }
 
     bool TakePixel(const QPoint& at) {
         if (!QRect(0, 0, width_, height_).contains(at) || !open_[Index(at)]) {

@@ -33,16 +33,6 @@ void LookUntil(Stage& stage, const std::function<bool(const QImage& picture)>& f
     stage.WaitUntil([&] { return found(BirdPicture(stage)); }, sentence, LookLimit);
 }
 
-void WaitForInstruments(Stage& stage) {
-    const travo::SharedState& state = stage.State();
-    for (std::int32_t axis = 0; axis < travo::AxisCount; ++axis) {
-        stage.WaitUntil([&] { return state.CurrentXYZ(axis) != travo::NoPositionValue; },
-                        "an instrument on a stored port is not heard after the start");
-    }
-    stage.WaitUntil([&] { return state.bMotorONOFF; }, "the focus motor does not identify itself");
-    stage.RequireBoxesAsExpected();
-}
-
 void TurnMirror(Stage& stage, std::int32_t x, std::int32_t y) {
     stage.Workbench().MoveMirror(x, y);
     WaitForView(stage, x, y);

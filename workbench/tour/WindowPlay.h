@@ -39,8 +39,6 @@ QImage BirdPicture(Stage& stage);
 void LookUntil(Stage& stage, const std::function<bool(const QImage& picture)>& found,
                const std::string& sentence);
 
-// After a start on stored ports: waits until all three instruments are heard.
-void WaitForInstruments(Stage& stage);
 // By hand at the mirror, whatever the magnification: to counts; waits until the program knows.
 void TurnMirror(Stage& stage, std::int32_t x, std::int32_t y);
 // Presses a button of the magnification window, index 1 to 3, and waits for the world and the report.

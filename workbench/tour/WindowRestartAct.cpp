@@ -59,6 +59,12 @@ void PutAbout(Stage& stage) {
     AtMirror(stage).DragToSize(MirrorSize);
     MoveWindow(stage, windows.MirrorCtl2, MagnificationPlace);
     MoveWindow(stage, windows.ManiInfo, NeedlesPlace);
+    // The window system's word on all of this comes later.
+    stage.WaitOneTick();
+    Require(windows.BirdView.geometry() == QRect(BirdPlace, BirdSize) &&
+                windows.MirrorCtl.geometry() == QRect(MirrorPlace, MirrorSize) &&
+                windows.MirrorCtl2.pos() == MagnificationPlace && windows.ManiInfo.pos() == NeedlesPlace,
+            "a window does not stay where it is put");
 }
 
 void CloseNeedles(Stage& stage) {

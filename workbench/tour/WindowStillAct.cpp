@@ -35,17 +35,23 @@ void RequireLowerPanel(Stage& stage, bool open, int height) {
     Require(stage.Program().Windows().BirdView.height() == height, "the lower panel has another height");
 }
 
+// The window system's word on a size comes after the press: no operator presses again before.
+void PressAdjust(Stage& stage) {
+    AtBirdView(stage).Press(Adjust);
+    stage.WaitOneTick();
+}
+
 void OpenLowerPanel(Stage& stage) {
     const int closed = stage.Program().Windows().BirdView.height();
     const QSize picture = AtBirdView(stage).SizeOf(Picture);
     RequireLowerPanel(stage, false, closed);
     stage.Program().Windows().BirdView.grab().save(
         QDir(stage.Where().pictures).filePath(QStringLiteral("window-bird-closed.png")));
-    AtBirdView(stage).Press(Adjust);
+    PressAdjust(stage);
     RequireLowerPanel(stage, true, closed + LowerPanelHeight);
-    AtBirdView(stage).Press(Adjust);
+    PressAdjust(stage);
     RequireLowerPanel(stage, false, closed);
-    AtBirdView(stage).Press(Adjust);
+    PressAdjust(stage);
     RequireLowerPanel(stage, true, closed + LowerPanelHeight);
     Require(AtBirdView(stage).SizeOf(Picture) == picture, "the lower panel changes the picture's size");
     PrintLine(

@@ -24,7 +24,9 @@ bool IsNamed(const QWidget& widget, const QString& name) {
 QList<QWidget*> OnShowBy(const QWidget& window, const QString& name) {
     QList<QWidget*> found;
     for (QWidget* const widget : window.findChildren<QWidget*>()) {
-        if (widget->isVisible() && IsNamed(*widget, name)) {
+        // A panel may have the name of the tab that opens it; nobody works a panel itself.
+        const bool isControl = qobject_cast<const travo::PanelCanvas*>(widget) == nullptr;
+        if (isControl && widget->isVisible() && IsNamed(*widget, name)) {
             found << widget;
         }
     }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # clang-tidy on every file: the program, the workbench, the tests, the benchmarks and the fuzz targets.
-# Each finding fails the build. Half an hour on four cores.
+# Each finding fails the build. It takes an hour or more on two cores, so it is run by hand.
 set -eu
 cd "$(dirname "$0")/.."
 . tools/packages.sh

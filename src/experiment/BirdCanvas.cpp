@@ -1,5 +1,8 @@
 #include "experiment/BirdCanvas.h"
 
+#include <QSize>
+#include <cstring>
+
 #include "core/Arithmetic.h"
 #include "experiment/BirdDrawing.h"
 
@@ -14,6 +17,13 @@ constexpr int CellMarkersOfVariant = 8;
 
 double StillCorner(int size, double shift) { return (CanvasSize - size) / 2.0 + size * shift; }
 
+// Of needles and cells.
+constexpr QSize MarkerSize(34, 27);
+
+BirdPoint ShaftEnd(const BirdNeedle& needle) {
+    return {needle.sngNeedleX + NeedleMarkerCentre, needle.sngNeedleY + NeedleMarkerCentre};
+}
+
 bool HidesWhatBlinks(const BirdScene& scene) { return scene.intBlinkPhase >= 1; }
 
 }  // namespace
@@ -23,12 +33,16 @@ std::int16_t NextBlinkPhase(std::int16_t intBlinkPhase) {
 }
 
 BirdCanvas::BirdCanvas(const QString& programFolder)
-    : markers_(programFolder), canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
+    : markers_(programFolder),
+      canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32),
+      ground_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
     canvas_.fill(BirdGround);
+    ground_.fill(BirdGround);
 }
 
 const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
-    DrawStill(still, scene);
+    ClearCanvas(still, scene);
+    drawn_ = scene;
     if (scene.chkMirror) {
         DrawMarker(canvas_, markers_.View(scene.intBirdMagnification), scene.view.sngViewX,
                    scene.view.sngViewY);
@@ -38,19 +52,47 @@ const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
     return canvas_;
 }
 
-void BirdCanvas::DrawStill(const QImage& still, const BirdScene& scene) {
+void BirdCanvas::ClearCanvas(const QImage& still, const BirdScene& scene) {
+    // A still whose pixels are written to gets another key.
+    const bool isSame = still.cacheKey() == stillKey_ && scene.ShiftX == shiftX_ && scene.ShiftY == shiftY_;
+    if (isSame) {
+        RestoreMarkers();
+        return;
+    }
+    DrawGround(still, scene);
+    for (int row = 0; row < CanvasSize; ++row) {
+        std::memcpy(canvas_.scanLine(row), ground_.constScanLine(row),
+                    static_cast<std::size_t>(ground_.bytesPerLine()));
+    }
+    stillKey_ = still.cacheKey();
+    shiftX_ = scene.ShiftX;
+    shiftY_ = scene.ShiftY;
+}
+
+void BirdCanvas::DrawGround(const QImage& still, const BirdScene& scene) {
     const QImage plain = still.depth() == 32 ? still : still.convertToFormat(QImage::Format_RGB32);
-    DrawGroundAndStill(canvas_, BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
+    DrawGroundAndStill(ground_, BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
                        StillCorner(plain.height(), scene.ShiftY));
+}
+
+// Also where a marker was not drawn, or cannot be: what is restored once too often stays as it is.
+void BirdCanvas::RestoreMarkers() {
+    RestorePatch(canvas_, ground_, markers_.View(drawn_.intBirdMagnification).mask.size(),
+                 drawn_.view.sngViewX, drawn_.view.sngViewY);
+    for (const BirdNeedle& needle : drawn_.needles) {
+        RestoreShaft(canvas_, ground_, {needle.sngRootX, needle.sngRootY}, ShaftEnd(needle), ShaftWidth);
+        RestorePatch(canvas_, ground_, MarkerSize, needle.sngNeedleX, needle.sngNeedleY);
+    }
+    for (const BirdCell& cell : drawn_.cells) {
+        RestorePatch(canvas_, ground_, MarkerSize, cell.sngCellX, cell.sngCellY);
+    }
 }
 
 void BirdCanvas::DrawNeedles(const BirdScene& scene) {
     if (!scene.bLineOFF) {
         for (std::int32_t i = 0; i <= scene.intTotalManipulatorNumber; ++i) {
             const BirdNeedle& needle = scene.needles[Bounded(i, scene.needles.size())];
-            DrawShaft(canvas_, {needle.sngRootX, needle.sngRootY},
-                      {needle.sngNeedleX + NeedleMarkerCentre, needle.sngNeedleY + NeedleMarkerCentre},
-                      ShaftWidth);
+            DrawShaft(canvas_, {needle.sngRootX, needle.sngRootY}, ShaftEnd(needle), ShaftWidth);
         }
     }
     for (std::int32_t i = 0; i <= scene.intTotalManipulatorNumber; ++i) {

@@ -54,17 +54,30 @@ public:
     // shaft at 100 covers columns 99 and 100. Whatever lies off the canvas, out to the ends of a float, is
     // not drawn and takes no longer; nor is what stands at no number.
     //
+    // What has changed since the last composition is drawn, and no more: most of the canvas is the still.
+    //
     // BoundsFailure for a total beyond the last needle or a shape beyond 2. Nothing is allocated, as long
     // as the still is RGB32 and nobody keeps a copy of the canvas.
     const QImage& Compose(const QImage& still, const BirdScene& scene);
 
 private:
-    void DrawStill(const QImage& still, const BirdScene& scene);
+    // The canvas without anything on it: as after the last composition, but for what that one drew, or
+    // whole where the still or its place has changed.
+    void ClearCanvas(const QImage& still, const BirdScene& scene);
+    void RestoreMarkers();
+    void DrawGround(const QImage& still, const BirdScene& scene);
     void DrawNeedles(const BirdScene& scene);
     void DrawCells(const BirdScene& scene);
 
     BirdMarkers markers_;
     QImage canvas_;
+    // Ground and still alone, for the still of that key and that shift.
+    QImage ground_;
+    qint64 stillKey_ = 0;
+    double shiftX_ = 0;
+    double shiftY_ = 0;
+    // What the canvas shows.
+    BirdScene drawn_;
 };
 
 }  // namespace travo

@@ -70,6 +70,39 @@ struct Range {
     }
 };
 
+// Calls `cover` with the row and the columns of every row that the bar covers; a bar as DrawShaft describes.
+template <typename Cover>
+void ForRowsOfBar(const QSize& canvas, BirdPoint from, BirdPoint to, double width, const Cover& cover) {
+    // Downwards, or to the right: so that the two ends may change places.
+    if (to.y < from.y || (to.y == from.y && to.x < from.x)) {
+        std::swap(from, to);
+    }
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    if (!(length > 0 && std::isfinite(length))) {
+        return;
+    }
+    const double alongX = (to.x - from.x) / length;
+    const double alongY = (to.y - from.y) / length;
+    const double half = width / 2;
+    const Span rows = Middles(from.y - half, to.y + half, canvas.height());
+    for (int row = rows.from; row < rows.to; ++row) {
+        const double y = row + 0.5 - from.y;
+        Range range{0, static_cast<double>(canvas.width())};
+        const double across = alongY == 0 ? y : -alongX * y - alongY * from.x;
+        range.Narrow(alongY, across, -half, half);
+        range.Narrow(alongX, alongY * y - alongX * from.x, 0, length);
+        const Span columns = Middles(range.low, range.high, canvas.width());
+        if (!columns.IsEmpty()) {
+            cover(row, columns);
+        }
+    }
+}
+
+void CopyRow(QImage& canvas, const QImage& ground, int row, const Span& columns) {
+    const QRgb* const from = Row(ground, row);
+    std::copy(from + columns.from, from + columns.to, Row(canvas, row) + columns.from);
+}
+
 }  // namespace
 
 void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double x, double y) {
@@ -92,6 +125,14 @@ void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double
     }
 }
 
+void RestorePatch(QImage& canvas, const QImage& ground, const QSize& size, double x, double y) {
+    const Cover columns = LayOn(x, size.width(), canvas.width());
+    const Cover rows = LayOn(y, size.height(), canvas.height());
+    for (int row = rows.span.from; row < rows.span.to && !columns.span.IsEmpty(); ++row) {
+        CopyRow(canvas, ground, row, columns.span);
+    }
+}
+
 void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y) {
     const Cover columns = LayOn(x, marker.mask.width(), canvas.width());
     const Cover rows = LayOn(y, marker.mask.height(), canvas.height());
@@ -111,30 +152,15 @@ void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y) {
 }
 
 void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width) {
-    // Downwards, or to the right: so that the two ends may change places.
-    if (to.y < from.y || (to.y == from.y && to.x < from.x)) {
-        std::swap(from, to);
-    }
-    const double length = std::hypot(to.x - from.x, to.y - from.y);
-    if (!(length > 0 && std::isfinite(length))) {
-        return;
-    }
-    const double alongX = (to.x - from.x) / length;
-    const double alongY = (to.y - from.y) / length;
-    const double half = width / 2;
-    const Span rows = Middles(from.y - half, to.y + half, canvas.height());
-    for (int row = rows.from; row < rows.to; ++row) {
-        const double y = row + 0.5 - from.y;
-        Range range{0, static_cast<double>(canvas.width())};
-        const double across = alongY == 0 ? y : -alongX * y - alongY * from.x;
-        range.Narrow(alongY, across, -half, half);
-        range.Narrow(alongX, alongY * y - alongX * from.x, 0, length);
-        const Span columns = Middles(range.low, range.high, canvas.width());
-        if (!columns.IsEmpty()) {
-            QRgb* const pixels = Row(canvas, row);
-            std::fill(pixels + columns.from, pixels + columns.to, Black);
-        }
-    }
+    ForRowsOfBar(canvas.size(), from, to, width, [&](int row, const Span& columns) {
+        QRgb* const pixels = Row(canvas, row);
+        std::fill(pixels + columns.from, pixels + columns.to, Black);
+    });
+}
+
+void RestoreShaft(QImage& canvas, const QImage& ground, BirdPoint from, BirdPoint to, double width) {
+    ForRowsOfBar(canvas.size(), from, to, width,
+                 [&](int row, const Span& columns) { CopyRow(canvas, ground, row, columns); });
 }
 
 }  // namespace travo

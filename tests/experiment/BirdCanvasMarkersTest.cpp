@@ -1,5 +1,7 @@
 // Compositions: what blinks, the cells, the canvas's edges, places far off.
+#include <algorithm>
 #include <limits>
+#include <random>
 
 #include "core/Arithmetic.h"
 #include "experiment/BirdCanvas.h"
@@ -177,6 +179,55 @@ TEST_F(BirdCanvasPictures, ACompositionLeavesNothingOfTheOneBefore) {
     scene.cells.fill(CellPlace({0, 0, 0}));
     Composed();
     scene = BirdScene();
+    EXPECT_EQ(Differences(Composed(), WithStill()), 0);
+}
+
+// Scenes in a row of no order, whose places also lie across and beyond the edges.
+BirdScene AnyScene(std::mt19937& chance) {
+    const auto number = [&](int from, int to) { return std::uniform_int_distribution(from, to)(chance); };
+    const auto place = [&] { return static_cast<float>(number(-60, 800)); };
+    BirdScene scene;
+    scene.chkMirror = number(0, 1) == 1;
+    scene.bLineOFF = number(0, 3) == 0;
+    scene.intBirdMagnification = static_cast<std::int16_t>(number(0, 3));
+    scene.view = {place(), place()};
+    for (BirdNeedle& needle : scene.needles) {
+        needle = {static_cast<std::int16_t>(number(0, 2)), place(), place(), 4 * place(), 4 * place()};
+    }
+    for (BirdCell& cell : scene.cells) {
+        cell = {number(0, 1) == 1, place(), place(), number(0, 1) == 1};
+    }
+    scene.intTotalManipulatorNumber = static_cast<std::int16_t>(number(-1, 3));
+    scene.intManipulatorNumber = static_cast<std::int16_t>(number(-1, 3));
+    scene.intCellNo = static_cast<std::int16_t>(number(0, 8));
+    scene.ShiftX = number(0, 9) == 0 ? 0.25 : 0;
+    scene.intBlinkPhase = static_cast<std::int16_t>(number(0, 2));
+    return scene;
+}
+
+TEST_F(BirdCanvasPictures, EveryCompositionIsThatOfAFreshCanvasWhateverStoodOnItBefore) {
+    std::mt19937 chance(756);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same scenes at every run
+    for (int round = 0; round < 60; ++round) {
+        scene = AnyScene(chance);
+        BirdCanvas fresh(SkinHome());
+        EXPECT_EQ(Differences(Composed(), fresh.Compose(still, scene)), 0) << round;
+    }
+}
+
+TEST_F(BirdCanvasPictures, AStillThatIsWrittenToIsDrawnAnew) {
+    Composed();
+    for (int y = 0; y < still.height(); ++y) {
+        std::fill_n(reinterpret_cast<QRgb*>(still.scanLine(y)), still.width(), qRgb(1, 2, 3));
+    }
+    EXPECT_EQ(Differences(Composed(), WithStill()), 0);
+}
+
+TEST_F(BirdCanvasPictures, AFailedCompositionIsForgottenByTheNextOne) {
+    PlaceNeedles();
+    BirdScene failing = scene;
+    failing.intTotalManipulatorNumber = 4;
+    failing.chkMirror = true;
+    EXPECT_THROW(canvas.Compose(still, failing), BoundsFailure);
     EXPECT_EQ(Differences(Composed(), WithStill()), 0);
 }
 

@@ -135,6 +135,10 @@ WindowSize FormSkinned::DesignSize() const {
 void FormSkinned::ShowWindow() {
     move(OntoScreen(geometry(), Screens()));
     show();
+    // Else the first of its buttons would have the focus, which is CLOSE, and a stray Space would press it.
+    if (focusWidget() == nullptr) {
+        setFocus();
+    }
     raise();
     activateWindow();
     Activated();

@@ -248,6 +248,15 @@ TEST_F(FormSkinnedTest, CloseTellsTheOwnerTheWindowsNumber) {
     EXPECT_TRUE(window.isHidden());
 }
 
+TEST_F(FormSkinnedTest, AStraySpaceClosesNoWindowAndTabGoesToItsButtons) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    EXPECT_TRUE(closed.empty());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    ASSERT_NE(window.focusWidget(), nullptr);
+    EXPECT_NE(window.focusWidget(), &window);
+}
+
 TEST_F(FormSkinnedTest, ACloseByTheWindowSystemIsItsClose) {
     window.close();
     EXPECT_EQ(closed, std::vector<std::int32_t>{3});

@@ -15,12 +15,6 @@ void PrintLine(const std::string& text) {
     std::fflush(stdout);
 }
 
-void Require(bool holds, const std::string& sentence) {
-    if (!holds) {
-        throw ActFailure(sentence);
-    }
-}
-
 std::string PlaceText(double x, double y, double z) {
     std::array<char, 96> text{};
     std::snprintf(text.data(), text.size(), "(%.1f, %.1f, %.1f)", x, y, z);

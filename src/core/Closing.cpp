@@ -20,7 +20,7 @@ void Closing::Close() {
     loop_.Stop();
 }
 
-// The order of the closing; windows, camera and ports take their places in it as they are built.
+// The order of the closing: what is kept, windows, camera, ports.
 void Closing::CloseSteps() {
     SaveValues();
     window_.CloseSmallWindows();

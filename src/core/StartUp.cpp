@@ -81,7 +81,7 @@ StartUp::Outcome StartUp::Load() {
     return outcome;
 }
 
-// The order of the load; panels, windows, ports and camera take their places in it as they are built.
+// The order of the load.
 StartUp::Outcome StartUp::LoadSteps() {
     state_.ShiftX = 0.0;
     state_.ShiftY = 0.0;

@@ -2,36 +2,12 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <atomic>
-#include <cstdlib>
 #include <memory>
-#include <new>
 
 #include "experiment/BirdPictures.h"
 #include "experiment/BirdScaler.h"
 #include "experiment/BirdStill.h"
-
-namespace {
-
-std::atomic<long> allocations{0};
-
-void* Counted(std::size_t size) {
-    ++allocations;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Counted(size); }
-void* operator new[](std::size_t size) { return Counted(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/CountedAllocations.h"
 
 namespace travo::test {
 namespace {
@@ -74,12 +50,12 @@ protected:
 };
 
 TEST_F(BirdAllocation, TheCounterCountsPicturesToo) {
-    const long before = allocations;
+    const long before = Allocations();
     const auto something = std::make_unique<int>(1);
-    EXPECT_EQ(allocations, before + 1);
+    EXPECT_EQ(Allocations(), before + 1);
     EXPECT_EQ(*something, 1);
     const QImage picture(8, 8, QImage::Format_RGB32);
-    EXPECT_GT(allocations, before + 1);
+    EXPECT_GT(Allocations(), before + 1);
 }
 
 TEST_F(BirdAllocation, TenThousandCompositionsAllocateAndLeakNothing) {
@@ -88,24 +64,24 @@ TEST_F(BirdAllocation, TenThousandCompositionsAllocateAndLeakNothing) {
     scene.intManipulatorNumber = 1;
     Move(0);
     scaler.Scale(canvas.Compose(still, scene), target);
-    const long before = allocations;
+    const long before = Allocations();
     const std::size_t bytes = BytesInUse();
     for (int step = 0; step < Compositions; ++step) {
         Move(step);
         scaler.Scale(canvas.Compose(still, scene), target);
     }
     EXPECT_EQ(BytesInUse(), bytes);
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(Allocations(), before);
 }
 
 TEST_F(BirdAllocation, ContrastAndBrightnessAllocateNothing) {
     const PixelBuffer raw(640, 480);
     PixelBuffer display(640, 480);
-    const long before = allocations;
+    const long before = Allocations();
     for (int contrast = -256; contrast <= 256; contrast += 16) {
         ContrastAndBrightness(raw, display, 3, contrast);
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(Allocations(), before);
 }
 
 }  // namespace

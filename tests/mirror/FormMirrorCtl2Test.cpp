@@ -314,18 +314,10 @@ TEST_F(FormMirrorCtl2Test, MagnificationButtonsThatAreDisabledDoNotHandTheFocusT
 
 // ---- The window ----
 
-TEST_F(FormMirrorCtl2Test, CloseTellsTheOwnerNumberFour) {
-    window.ShowWindow();
-    QTest::mouseClick(window.findChild<usrKVButton*>(QStringLiteral("usrKVButton1(0)")), Qt::LeftButton);
-    EXPECT_EQ(closed, std::vector<std::int32_t>{4});
-    EXPECT_FALSE(window.isHidden()) << "the owner hides it";
-}
+TEST_F(FormMirrorCtl2Test, CloseTellsTheOwnerNumberFour) { ExpectCloseTells(window, 4); }
 
 TEST_F(FormMirrorCtl2Test, SizeSetsWidthAndHeightBackToTheDesignValues) {
-    window.ShowWindow();
-    window.resize(500, 180);
-    QTest::mouseClick(window.findChild<usrKVButton*>(QStringLiteral("usrKVButton1(1)")), Qt::LeftButton);
-    EXPECT_EQ(window.size(), QSize(276, 192));
+    ExpectSizeBringsBack(window, {276, 192});
 }
 
 TEST_F(FormMirrorCtl2Test, APressOnTheBackgroundMovesTheWindow) {
@@ -337,15 +329,9 @@ TEST_F(FormMirrorCtl2Test, APressOnTheBackgroundMovesTheWindow) {
 }
 
 TEST_F(FormMirrorCtl2Test, DraggingACornerResizesTheWindowAndItsControlsFollowItsProportions) {
-    window.ShowWindow();
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, {275, 191});
-    QTest::mouseMove(window.windowHandle(), QPoint(552, 384));
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, {552, 384});
-    EXPECT_EQ(window.size(), QSize(552, 384));
+    DragToTwice(window, {276, 192});
     EXPECT_EQ(Button(1).geometry(), QRect(196, 116, 160, 100));
     EXPECT_EQ(Button(Off).geometry(), QRect(282, 268, 246, 92));
-    auto* const title = window.findChild<QWidget*>(QStringLiteral("Image1"));
-    EXPECT_EQ(title->geometry(), QRect(0, 0, 552, 32)) << "the strip keeps its height";
 }
 
 TEST_F(FormMirrorCtl2Test, EveryControlStandsInItsPlaceUnderItsName) {

@@ -246,18 +246,10 @@ TEST_F(FormMirrorCtlTest, APadThatIsDisabledHandsTheFocusToNoOtherControlAndTake
 
 // ---- The window ----
 
-TEST_F(FormMirrorCtlTest, CloseTellsTheOwnerNumberTwo) {
-    window.ShowWindow();
-    QTest::mouseClick(window.findChild<usrKVButton*>(QStringLiteral("usrKVButton1(0)")), Qt::LeftButton);
-    EXPECT_EQ(closed, std::vector<std::int32_t>{2});
-    EXPECT_FALSE(window.isHidden()) << "the owner hides it";
-}
+TEST_F(FormMirrorCtlTest, CloseTellsTheOwnerNumberTwo) { ExpectCloseTells(window, 2); }
 
 TEST_F(FormMirrorCtlTest, SizeSetsWidthAndHeightBackToTheDesignValues) {
-    window.ShowWindow();
-    window.resize(500, 180);
-    QTest::mouseClick(window.findChild<usrKVButton*>(QStringLiteral("usrKVButton1(1)")), Qt::LeftButton);
-    EXPECT_EQ(window.size(), QSize(276, 222));
+    ExpectSizeBringsBack(window, {276, 222});
 }
 
 TEST_F(FormMirrorCtlTest, APressOnTheBackgroundMovesTheWindowAndOneOnThePadsCornerDoesNot) {
@@ -273,11 +265,7 @@ TEST_F(FormMirrorCtlTest, APressOnTheBackgroundMovesTheWindowAndOneOnThePadsCorn
 }
 
 TEST_F(FormMirrorCtlTest, DraggingACornerResizesTheWindowAndItsControlsFollowItsProportions) {
-    window.ShowWindow();
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, {275, 221});
-    QTest::mouseMove(window.windowHandle(), QPoint(552, 444));
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, {552, 444});
-    EXPECT_EQ(window.size(), QSize(552, 444));
+    DragToTwice(window, {276, 222});
     EXPECT_EQ(window.CtlController1.geometry(), QRect(24, 90, 330, 330));
     EXPECT_EQ(Focus(3).geometry(), QRect(382, 348, 146, 72));
     for (int area = 1; area <= 17; ++area) {
@@ -285,8 +273,6 @@ TEST_F(FormMirrorCtlTest, DraggingACornerResizesTheWindowAndItsControlsFollowIts
         EXPECT_EQ(window.CtlController1.PictureShown(), area);
         QTest::mouseRelease(&window.CtlController1, Qt::LeftButton, {}, {});
     }
-    auto* const title = window.findChild<QWidget*>(QStringLiteral("Image1"));
-    EXPECT_EQ(title->geometry(), QRect(0, 0, 552, 32)) << "the strip keeps its height";
 }
 
 TEST_F(FormMirrorCtlTest, EveryControlStandsInItsPlaceUnderItsName) {

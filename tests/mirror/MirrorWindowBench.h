@@ -104,6 +104,32 @@ protected:
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
     }
 
+    // CLOSE tells the owner the window's number and leaves the hiding to it.
+    void ExpectCloseTells(FormSkinned& window, std::int32_t number) {
+        window.ShowWindow();
+        QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("usrKVButton1(0)")), Qt::LeftButton);
+        EXPECT_EQ(closed, std::vector<std::int32_t>{number});
+        EXPECT_FALSE(window.isHidden());
+    }
+    static void ExpectSizeBringsBack(FormSkinned& window, const QSize& design) {
+        window.ShowWindow();
+        window.resize(500, 180);
+        QTest::mouseClick(window.findChild<QWidget*>(QStringLiteral("usrKVButton1(1)")), Qt::LeftButton);
+        EXPECT_EQ(window.size(), design);
+    }
+    // Drags the lower right corner of a window of that size until it is twice as large.
+    static void DragToTwice(FormSkinned& window, const QSize& design) {
+        window.ShowWindow();
+        const QPoint twice(2 * design.width(), 2 * design.height());
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {},
+                          QPoint(design.width() - 1, design.height() - 1));
+        QTest::mouseMove(window.windowHandle(), twice);
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, twice);
+        EXPECT_EQ(window.size(), 2 * design);
+        const auto* const title = window.findChild<QWidget*>(QStringLiteral("Image1"));
+        EXPECT_EQ(title->geometry(), QRect(0, 0, twice.x(), 32)) << "the strip keeps its height";
+    }
+
     MirrorWindowRig rig;
     FakeDisplay display;
     std::vector<std::int32_t> closed;

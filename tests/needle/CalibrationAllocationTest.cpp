@@ -1,31 +1,6 @@
 // A program of its own, since it counts every allocation.
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
 #include "NeedleFixture.h"
-
-namespace {
-
-std::atomic<long> allocations{0};
-
-void* Counted(std::size_t size) {
-    ++allocations;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return Counted(size); }
-void* operator new[](std::size_t size) { return Counted(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/CountedAllocations.h"
 
 namespace travo::test {
 namespace {
@@ -40,14 +15,14 @@ protected:
 };
 
 TEST_F(CalibrationAllocation, TheCounterCounts) {
-    const long before = allocations;
+    const long before = Allocations();
     const auto something = std::make_unique<int>(1);
-    EXPECT_EQ(allocations, before + 1);
+    EXPECT_EQ(Allocations(), before + 1);
     EXPECT_EQ(*something, 1);
 }
 
 TEST_F(CalibrationAllocation, CalibrationAndInverseCalibrationAllocateNothing) {
-    const long before = allocations;
+    const long before = Allocations();
     std::int64_t sum = 0;
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
         for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
@@ -55,18 +30,18 @@ TEST_F(CalibrationAllocation, CalibrationAndInverseCalibrationAllocateNothing) {
             sum += needles.InverseCalibration(needle, axis, {1100, -1200, 100});
         }
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(Allocations(), before);
     EXPECT_NE(sum, 0);
 }
 
 TEST_F(CalibrationAllocation, TheContactCheckAllocatesNothing) {
-    const long before = allocations;
+    const long before = Allocations();
     const bool clear = needles.ContactEvasion(0, -1, {1100, -1200, 100});
     bool all = clear;
     for (std::int16_t needle = 0; needle < NeedleCount; ++needle) {
         all = needles.ContactEvasion(needle, 3, {1100, -1200, 100}) || all;
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(Allocations(), before);
     EXPECT_TRUE(clear);
     EXPECT_TRUE(all);
 }

@@ -1,10 +1,8 @@
 #include "experiment/BirdCanvas.h"
 
 #include <QSize>
-#include <cstring>
 
 #include "core/Arithmetic.h"
-#include "experiment/BirdDrawing.h"
 
 namespace travo {
 
@@ -33,11 +31,8 @@ std::int16_t NextBlinkPhase(std::int16_t intBlinkPhase) {
 }
 
 BirdCanvas::BirdCanvas(const QString& programFolder)
-    : markers_(programFolder),
-      canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32),
-      ground_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
+    : markers_(programFolder), canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
     canvas_.fill(BirdGround);
-    ground_.fill(BirdGround);
 }
 
 const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
@@ -53,38 +48,28 @@ const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
 }
 
 void BirdCanvas::ClearCanvas(const QImage& still, const BirdScene& scene) {
+    const QImage plain = still.depth() == 32 ? still : still.convertToFormat(QImage::Format_RGB32);
+    const BirdUnderlay underlay{BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
+                                StillCorner(plain.height(), scene.ShiftY)};
     // A still whose pixels are written to gets another key.
-    const bool isSame = still.cacheKey() == stillKey_ && scene.ShiftX == shiftX_ && scene.ShiftY == shiftY_;
-    if (isSame) {
-        RestoreMarkers();
+    if (still.cacheKey() == stillKey_ && scene.ShiftX == drawn_.ShiftX && scene.ShiftY == drawn_.ShiftY) {
+        RestoreMarkers(underlay);
         return;
     }
-    DrawGround(still, scene);
-    for (int row = 0; row < CanvasSize; ++row) {
-        std::memcpy(canvas_.scanLine(row), ground_.constScanLine(row),
-                    static_cast<std::size_t>(ground_.bytesPerLine()));
-    }
+    DrawGroundAndStill(canvas_, underlay);
     stillKey_ = still.cacheKey();
-    shiftX_ = scene.ShiftX;
-    shiftY_ = scene.ShiftY;
-}
-
-void BirdCanvas::DrawGround(const QImage& still, const BirdScene& scene) {
-    const QImage plain = still.depth() == 32 ? still : still.convertToFormat(QImage::Format_RGB32);
-    DrawGroundAndStill(ground_, BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
-                       StillCorner(plain.height(), scene.ShiftY));
 }
 
 // Also where a marker was not drawn, or cannot be: what is restored once too often stays as it is.
-void BirdCanvas::RestoreMarkers() {
-    RestorePatch(canvas_, ground_, markers_.View(drawn_.intBirdMagnification).mask.size(),
+void BirdCanvas::RestoreMarkers(const BirdUnderlay& underlay) {
+    RestorePatch(canvas_, underlay, markers_.View(drawn_.intBirdMagnification).mask.size(),
                  drawn_.view.sngViewX, drawn_.view.sngViewY);
     for (const BirdNeedle& needle : drawn_.needles) {
-        RestoreShaft(canvas_, ground_, {needle.sngRootX, needle.sngRootY}, ShaftEnd(needle), ShaftWidth);
-        RestorePatch(canvas_, ground_, MarkerSize, needle.sngNeedleX, needle.sngNeedleY);
+        RestoreShaft(canvas_, underlay, {needle.sngRootX, needle.sngRootY}, ShaftEnd(needle), ShaftWidth);
+        RestorePatch(canvas_, underlay, MarkerSize, needle.sngNeedleX, needle.sngNeedleY);
     }
     for (const BirdCell& cell : drawn_.cells) {
-        RestorePatch(canvas_, ground_, MarkerSize, cell.sngCellX, cell.sngCellY);
+        RestorePatch(canvas_, underlay, MarkerSize, cell.sngCellX, cell.sngCellY);
     }
 }
 

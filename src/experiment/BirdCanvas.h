@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "core/Positions.h"
+#include "experiment/BirdDrawing.h"
 #include "experiment/BirdMarkers.h"
 #include "experiment/BirdPlaces.h"
 
@@ -64,19 +65,14 @@ private:
     // The canvas without anything on it: as after the last composition, but for what that one drew, or
     // whole where the still or its place has changed.
     void ClearCanvas(const QImage& still, const BirdScene& scene);
-    void RestoreMarkers();
-    void DrawGround(const QImage& still, const BirdScene& scene);
+    void RestoreMarkers(const BirdUnderlay& underlay);
     void DrawNeedles(const BirdScene& scene);
     void DrawCells(const BirdScene& scene);
 
     BirdMarkers markers_;
     QImage canvas_;
-    // Ground and still alone, for the still of that key and that shift.
-    QImage ground_;
+    // What the canvas shows: the still of that key, and the scene.
     qint64 stillKey_ = 0;
-    double shiftX_ = 0;
-    double shiftY_ = 0;
-    // What the canvas shows.
     BirdScene drawn_;
 };
 

@@ -98,38 +98,53 @@ void ForRowsOfBar(const QSize& canvas, BirdPoint from, BirdPoint to, double widt
     }
 }
 
-void CopyRow(QImage& canvas, const QImage& ground, int row, const Span& columns) {
-    const QRgb* const from = Row(ground, row);
-    std::copy(from + columns.from, from + columns.to, Row(canvas, row) + columns.from);
-}
+// The underlay on a canvas of that size.
+class Underlay {
+public:
+    Underlay(const QSize& canvas, const BirdUnderlay& underlay)
+        : ground_(underlay.ground),
+          still_(underlay.still),
+          columns_(LayOn(underlay.x, still_.width(), canvas.width())),
+          rows_(LayOn(underlay.y, still_.height(), canvas.height())) {}
+
+    // Fills these columns of a row of the canvas.
+    void Fill(QImage& canvas, int row, const Span& columns) const {
+        QRgb* const to = Row(canvas, row);
+        Span covered{std::max(columns.from, columns_.span.from), std::min(columns.to, columns_.span.to)};
+        if (covered.IsEmpty() || row < rows_.span.from || row >= rows_.span.to) {
+            covered = {columns.to, columns.to};
+        } else {
+            const QRgb* const from = Row(still_, row - rows_.start);
+            for (int column = covered.from; column < covered.to; ++column) {
+                to[column] = from[column - columns_.start] | FourthByte;
+            }
+        }
+        std::fill(to + columns.from, to + covered.from, ground_);
+        std::fill(to + covered.to, to + columns.to, ground_);
+    }
+
+private:
+    QRgb ground_;
+    const QImage& still_;
+    Cover columns_;
+    Cover rows_;
+};
 
 }  // namespace
 
-void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double x, double y) {
-    const Cover columns = LayOn(x, still.width(), canvas.width());
-    const Cover rows = LayOn(y, still.height(), canvas.height());
-    const int width = canvas.width();
+void DrawGroundAndStill(QImage& canvas, const BirdUnderlay& underlay) {
+    const Underlay below(canvas.size(), underlay);
     for (int row = 0; row < canvas.height(); ++row) {
-        QRgb* const to = Row(canvas, row);
-        if (columns.span.IsEmpty() || row < rows.span.from || row >= rows.span.to) {
-            std::fill(to, to + width, ground);
-            continue;
-        }
-        std::fill(to, to + columns.span.from, ground);
-        QRgb* const covered = to + columns.span.from;
-        const QRgb* const from = Row(still, row - rows.start) + (columns.span.from - columns.start);
-        for (int column = 0; column < columns.span.to - columns.span.from; ++column) {
-            covered[column] = from[column] | FourthByte;
-        }
-        std::fill(to + columns.span.to, to + width, ground);
+        below.Fill(canvas, row, {0, canvas.width()});
     }
 }
 
-void RestorePatch(QImage& canvas, const QImage& ground, const QSize& size, double x, double y) {
+void RestorePatch(QImage& canvas, const BirdUnderlay& underlay, const QSize& size, double x, double y) {
+    const Underlay below(canvas.size(), underlay);
     const Cover columns = LayOn(x, size.width(), canvas.width());
     const Cover rows = LayOn(y, size.height(), canvas.height());
     for (int row = rows.span.from; row < rows.span.to && !columns.span.IsEmpty(); ++row) {
-        CopyRow(canvas, ground, row, columns.span);
+        below.Fill(canvas, row, columns.span);
     }
 }
 
@@ -158,9 +173,10 @@ void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width) {
     });
 }
 
-void RestoreShaft(QImage& canvas, const QImage& ground, BirdPoint from, BirdPoint to, double width) {
+void RestoreShaft(QImage& canvas, const BirdUnderlay& underlay, BirdPoint from, BirdPoint to, double width) {
+    const Underlay below(canvas.size(), underlay);
     ForRowsOfBar(canvas.size(), from, to, width,
-                 [&](int row, const Span& columns) { CopyRow(canvas, ground, row, columns); });
+                 [&](int row, const Span& columns) { below.Fill(canvas, row, columns); });
 }
 
 }  // namespace travo

@@ -9,13 +9,21 @@
 
 namespace travo {
 
-// Fills the canvas with `ground` but for where the still lies, its corner on the pixel nearest to `x`, `y`,
-// with ties to even. The still has 32 bits to the pixel, or no pixels; its fourth byte becomes 0xFF.
-void DrawGroundAndStill(QImage& canvas, QRgb ground, const QImage& still, double x, double y);
+// What lies below all markers: a colour, but for where the still lies, its corner on the pixel nearest to
+// `x`, `y`, with ties to even. The still has 32 bits to the pixel, or no pixels; its fourth byte becomes
+// 0xFF.
+struct BirdUnderlay {
+    QRgb ground;
+    const QImage& still;
+    double x;
+    double y;
+};
 
-// Copies from `ground`, a picture of the canvas's size, what lies under a marker of that size, its corner on
-// the nearest pixel with ties to even.
-void RestorePatch(QImage& canvas, const QImage& ground, const QSize& size, double x, double y);
+// Fills the canvas with it.
+void DrawGroundAndStill(QImage& canvas, const BirdUnderlay& underlay);
+
+// Fills with it what a marker of that size covers, its corner on the nearest pixel with ties to even.
+void RestorePatch(QImage& canvas, const BirdUnderlay& underlay, const QSize& size, double x, double y);
 
 // AND with the mask and then XOR with the picture, the corner on the nearest pixel with ties to even.
 void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y);
@@ -30,7 +38,7 @@ struct BirdPoint {
 // A bar without length covers nothing.
 void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width);
 
-// Copies from `ground`, a picture of the canvas's size, what lies under that bar.
-void RestoreShaft(QImage& canvas, const QImage& ground, BirdPoint from, BirdPoint to, double width);
+// Fills with it what that bar covers.
+void RestoreShaft(QImage& canvas, const BirdUnderlay& underlay, BirdPoint from, BirdPoint to, double width);
 
 }  // namespace travo

@@ -108,7 +108,7 @@ TEST(DrawGroundAndStill, PartlyOverEachEdgeTheStillIsClipped) {
         for (int y = -15; y <= 10; ++y) {
             for (int x = -15; x <= 10; ++x) {
                 QImage canvas = Filled(9, 9, 0xFF010203U);
-                DrawGroundAndStill(canvas, Grey, still, x, y);
+                DrawGroundAndStill(canvas, {Grey, still, static_cast<double>(x), static_cast<double>(y)});
                 ASSERT_EQ(Differences(canvas, GroundAndStill(9, still, x, y)), 0) << x << ", " << y;
             }
         }
@@ -119,7 +119,7 @@ TEST(DrawGroundAndStill, APlaceGoesToTheNearestPixelWithTiesToEven) {
     const QImage still = Patterned(4, 3);
     for (const auto& [place, pixel] : {std::pair{1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {2.51, 3}}) {
         QImage canvas = Filled(9, 9, Black);
-        DrawGroundAndStill(canvas, Grey, still, place, place);
+        DrawGroundAndStill(canvas, {Grey, still, place, place});
         EXPECT_EQ(Differences(canvas, GroundAndStill(9, still, pixel, pixel)), 0) << place;
     }
 }
@@ -127,19 +127,19 @@ TEST(DrawGroundAndStill, APlaceGoesToTheNearestPixelWithTiesToEven) {
 TEST(DrawGroundAndStill, AStillOffTheCanvasOrWithoutPixelsLeavesTheGround) {
     for (const double place : Nowhere) {
         QImage canvas = Patterned(9, 9);
-        DrawGroundAndStill(canvas, Grey, Patterned(4, 3), place, 2);
+        DrawGroundAndStill(canvas, {Grey, Patterned(4, 3), place, 2});
         EXPECT_EQ(Differences(canvas, Filled(9, 9, Grey)), 0) << place;
-        DrawGroundAndStill(canvas, Grey, Patterned(4, 3), 2, place);
+        DrawGroundAndStill(canvas, {Grey, Patterned(4, 3), 2, place});
         EXPECT_EQ(Differences(canvas, Filled(9, 9, Grey)), 0) << place;
     }
     QImage canvas = Patterned(9, 9);
-    DrawGroundAndStill(canvas, Grey, QImage(), 2, 2);
+    DrawGroundAndStill(canvas, {Grey, QImage(), 2, 2});
     EXPECT_EQ(Differences(canvas, Filled(9, 9, Grey)), 0);
 }
 
 TEST(DrawGroundAndStill, TheStillsFourthByteBecomes255) {
     QImage canvas = Filled(3, 3, Black);
-    DrawGroundAndStill(canvas, Grey, Filled(1, 1, 0x00102030U), 1, 1);
+    DrawGroundAndStill(canvas, {Grey, Filled(1, 1, 0x00102030U), 1, 1});
     EXPECT_EQ(RawPixel(canvas, 1, 1), 0xFF102030U);
 }
 

@@ -9,6 +9,6 @@ in_order "layout: rings of includes, floors, sizes" python3 tools/house.py
 in_order "format" tools/format.sh --check
 in_order "configure" cmake --preset default
 in_order "build" cmake --build --preset default
-in_order "tests" ctest --preset default
+in_order "tests" tools/tests.sh default
 in_order "tour of the whole workstation" tools/tour.sh build
 echo "All tests passed."

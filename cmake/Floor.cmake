@@ -19,6 +19,6 @@ function(travo_test name)
     target_link_libraries(${name} PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${floor}>")
   endforeach()
   target_link_libraries(${name} PRIVATE ${TEST_LINK} GTest::gmock)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
+  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
                        ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

@@ -128,6 +128,9 @@ class Case(unittest.TestCase):
             before = cls.driver_calls("getposition")
             # The one under way may have begun before.
             cls.wait(lambda: cls.driver_calls("getposition") >= before + 2, "a read of the manipulators")
+        if chosen == VIEW:
+            # The press disables it, and asks the mirror for a report, which enables it again.
+            cls.wait(lambda: cls.get("Experiment", "Needle escape").has("enabled"), "the mirror's report")
 
     @classmethod
     def get(cls, place, name):

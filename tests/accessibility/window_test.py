@@ -1,5 +1,6 @@
 """The main window's own buttons: tabs, steps and size; and that a press does what a click of the mouse does."""
 from case import TABS, Case
+from stage import Failure
 from table import MAIN_WINDOW
 
 STEPS = ("Connection", "Calibration", "Escape", "Cell position", "Experiment")
@@ -120,9 +121,15 @@ class Window(Case):
                     self.wait_for_a_read(name)
                 self.assertNotEqual(self.picture_of(tab), pressed)
                 control.click()
-                self.wait(lambda: self.picture_of(tab) == pressed, "what the press did")
+                self.see_picture(tab, pressed)
                 self.wait_for_a_read(name)
                 back.press()
+
+    def see_picture(self, tab, wanted):
+        try:
+            self.wait(lambda: self.picture_of(tab) == wanted, "what the press did")
+        except Failure:
+            self.assertEqual(self.picture_of(tab), wanted)
 
     def picture_of(self, place):
         """All that the tree says of the buttons and boxes of a place, the focus among it."""

@@ -27,11 +27,11 @@ for name in mirror motor gauge; do
     status=0
     wait "${running[$name]}" || status=$?
     unset "running[$name]"
-    [ "$status" -ne 0 ] || tail -n 6 "build-fuzz/fuzz_$name.log"
     if [ "$status" -ne 0 ]; then
         tail -n 60 "build-fuzz/fuzz_$name.log"
         echo "Failed: fuzz_$name." >&2
         exit 1
     fi
+    tail -n 6 "build-fuzz/fuzz_$name.log"
 done
 echo "No target failed."

@@ -152,15 +152,25 @@ class _Bus:
         self.program = self._name_of(process)
 
     def _name_of(self, process):
-        def bus_call(method, *arguments):
-            signature = GLib.Variant("(s)", arguments) if arguments else None
-            return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                             "org.freedesktop.DBus", method, signature, None,
-                                             Gio.DBusCallFlags.NONE, ANSWER_LIMIT).unpack()[0]
-        for name in bus_call("ListNames"):
-            if name.startswith(":") and bus_call("GetConnectionUnixProcessID", name) == process:
+        for name in self._ask_bus("ListNames"):
+            if name.startswith(":") and self._process_of(name) == process:
                 return name
         raise Failure("the program is not on the accessibility bus")
+
+    def _process_of(self, name):
+        try:
+            return self._ask_bus("GetConnectionUnixProcessID", name)
+        except GLib.Error as error:
+            # Of a program that has gone since the names were listed.
+            if error.matches(Gio.DBusError.quark(), Gio.DBusError.NAME_HAS_NO_OWNER):
+                return None
+            raise
+
+    def _ask_bus(self, method, *arguments):
+        signature = GLib.Variant("(s)", arguments) if arguments else None
+        return self.connection.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                         method, signature, None, Gio.DBusCallFlags.NONE,
+                                         ANSWER_LIMIT).unpack()[0]
 
     def ask(self, path, method):
         return self.connection.call_sync(self.program, path, "org.a11y.atspi.Action", method, None, None,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRgb>
 #include <vector>
 
 namespace travo {
@@ -17,6 +18,7 @@ public:
 
 private:
     void Columns(int from, int to);
+    void TakeColumns(const QRgb* from, QRgb* to) const;
 
     // The source column of each target column, for one pair of widths.
     std::vector<int> columns_;

@@ -79,10 +79,10 @@ class BirdView(Case):
     def pixels(self, part):
         return self.stage.screen.pixels(self.picture.place(), part)
 
-    def blue(self, part):
+    def red(self, part):
         """On the average."""
         pixels = self.pixels(part)
-        return sum(blue for blue, _, _ in pixels) / len(pixels)
+        return sum(red for _, _, red in pixels) / len(pixels)
 
     def is_ground(self, part):
         return all(pixel == CORAL for pixel in self.pixels(part))
@@ -119,18 +119,17 @@ class BirdView(Case):
         self.open_lower_panel()
         for name, value in (("Brightness", -120), ("Contrast", -120)):
             bar = self.get(BIRD, name)
+            at_rest = self.red(STILL)
             for action, wanted in (("Increase", 1), ("Decrease", 0), ("Decrease", -1), ("Increase", 0)):
                 self.act(BIRD, name, action)
                 self.assertEqual(bar.value, wanted, name)
-            # The first move of a bar has made it a still of greys.
-            self.wait(self.is_grey, "a still of greys")
-            grey = self.blue(STILL)
+            # The first move of a bar has made it a still of greys, which are its reds.
+            self.wait(lambda: self.is_grey() and self.red(STILL) == at_rest, "a still of its reds")
             bar.value = value
             self.assertEqual(bar.value, value)
-            self.wait(lambda: self.blue(STILL) < grey - 15, f"a darker still by {name}")
+            self.wait(lambda: self.red(STILL) < at_rest - 15, f"a darker still by {name}")
             bar.value = 0
-            # The last step may not have been painted when the grey was measured: a step is one level.
-            self.wait(lambda: abs(self.blue(STILL) - grey) < 1.5, f"the still as it was, {name} at rest")
+            self.wait(lambda: self.red(STILL) == at_rest, f"the still as it was, {name} at rest")
         self.see_ends()
 
     def is_grey(self):

@@ -3,6 +3,7 @@
 
 #include <QSizeF>
 #include <algorithm>
+#include <cmath>
 
 namespace travo {
 
@@ -25,11 +26,22 @@ public:
         return std::min(present.width() / designSize_.width(), present.height() / designSize_.height());
     }
 
+    // The size at which a layout has put it, before its edges went to whole pixels.
+    void PlacedSize(const QSizeF& size) { placedSize_ = size; }
+    // The scale for text, which jumps by a whole pixel: neighbours that differ by what their edges were
+    // rounded have the same. Without a layout that of the present size.
+    double TextScaleAt(const QSizeF& present) const {
+        const QSizeF rounded = present - placedSize_;
+        const bool isPlaced = std::abs(rounded.width()) < 1 && std::abs(rounded.height()) < 1;
+        return ScaleAt(isPlaced ? placedSize_ : present);
+    }
+
 protected:
     virtual void DesignSizeChanged() = 0;
 
 private:
     QSizeF designSize_;
+    QSizeF placedSize_;
 };
 
 }  // namespace travo

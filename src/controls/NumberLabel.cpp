@@ -33,7 +33,7 @@ void NumberLabel::Colour(const QColor& colour) {
 double NumberLabel::SideRoom() const { return ground_ == Ground::Framed ? FromEdge * Scale() : 0; }
 
 QFont NumberLabel::PaintedFont() const {
-    return Fitted(TextFont(pixels_ * Scale(), weight_), text(), width() - 2 * SideRoom());
+    return Fitted(TextFont(pixels_ * TextScaleAt(size()), weight_), text(), width() - 2 * SideRoom());
 }
 
 void NumberLabel::PaintGround(QPainter& painter) const {

@@ -21,6 +21,9 @@ void ScaledLayout::Add(QWidget& control, const QRectF& rectangle) {
 
 void ScaledLayout::Apply(const QSizeF& present) const {
     for (const Place& place : places_) {
+        if (auto* const sized = dynamic_cast<DesignSized*>(place.control)) {
+            sized->PlacedSize(Placed(place.rectangle, present).size());
+        }
         place.control->setGeometry(PlacedOnPixels(place.rectangle, present));
     }
 }

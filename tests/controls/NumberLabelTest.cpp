@@ -3,10 +3,14 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <algorithm>
+#include <cmath>
+#include <vector>
 
 #include "controls/ControlNames.h"
 #include "controls/ControlRig.h"
 #include "controls/Palette.h"
+#include "controls/ScaledLayout.h"
 
 namespace travo {
 
@@ -111,6 +115,24 @@ TEST_F(NumberLabelTest, TextTooWideIsShrunkAtAnyScale) {
                       label.width() - 9 * scale);
         }
         EXPECT_EQ(label.PaintedFont().pixelSize(), std::lround(18 * scale));
+    }
+}
+
+TEST_F(NumberLabelTest, NeighboursThatTheirEdgesRoundedApartHaveTextOfOneSize) {
+    constexpr double Design = 300;
+    ScaledLayout layout(QSizeF(340, Design));
+    std::vector<NumberLabel*> rows;
+    for (double top = 30; top < 280; top += 26) {
+        rows.push_back(new NumberLabel(&window_, 14));
+        rows.back()->setText(QStringLiteral("16:53"));
+        layout.Add(*rows.back(), QRectF(100, top, 200, 20));
+    }
+    for (int height = 200; height <= 400; ++height) {
+        layout.Apply(QSizeF(340, height));
+        for (const NumberLabel* const row : rows) {
+            ASSERT_EQ(row->PaintedFont().pixelSize(), std::lround(14 * std::min(1.0, height / Design)))
+                << "in a window " << height << " high, at " << row->y();
+        }
     }
 }
 

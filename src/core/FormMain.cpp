@@ -193,8 +193,8 @@ void FormMain::DefaultSize(const WindowSize& size) {
 }
 
 void FormMain::ConstructPanels() {
-    panels_ = std::make_unique<FormMainPanels>(machine_, state_, objects_,
-                                               FormMainPanels::Owner{*this, *this, *this, *this}, this);
+    panels_ = std::make_unique<FormMainPanels>(
+        machine_, state_, objects_, FormMainPanels::Owner{*this, *this, *this, *this, loop_}, this);
     tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
                                            [this] { ResizeStep(); });
     windows_ =

@@ -8,6 +8,7 @@
 #include "core/CtlUser.h"
 #include "core/FormMainObjects.h"
 #include "core/FormMainTabs.h"
+#include "core/NeedleReader.h"
 #include "core/SharedState.h"
 #include "devices/CtlConnection.h"
 #include "experiment/CtlCellPosition.h"
@@ -27,6 +28,7 @@ public:
         CtlCellPosition::Owner& cellPosition;
         CtlCalibration::Owner& calibration;
         CtlConnection::Owner& connection;
+        NeedleReader& needle;
     };
 
     // The objects are alive.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/FormMainObjects.h"
+#include "core/NeedleReader.h"
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "platform/Clock.h"
@@ -16,7 +17,7 @@
 
 namespace travo {
 
-class PositionLoop {
+class PositionLoop : public NeedleReader {
 public:
     // Period of the loop in milliseconds.
     static constexpr int Period = 200;
@@ -55,8 +56,8 @@ public:
     // Connects, and stores the highest index; below 0 and above 4 count as none.
     void Connect();
 
-    // Reads the selected needle. False when nothing could be read; raises and reports nothing.
-    bool ManipulatorReload();
+    // False also for a record that is malformed, or whose index lies beyond the tables.
+    bool ManipulatorReload() override;
     // Reads every connected needle in turn and selects the first. Stops at the first that cannot be
     // read and leaves it selected. Raises and reports nothing.
     bool AllManipulatorReload();

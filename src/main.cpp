@@ -1,5 +1,6 @@
 // The program: builds the machine, builds the main window, runs the event loop.
 #include "core/FormMain.h"
+#include "platform/qt/BrokenPipe.h"
 #include "platform/qt/QtApplicationLoop.h"
 #include "platform/qt/QtMachine.h"
 #include "platform/qt/QtTermination.h"
@@ -7,6 +8,7 @@
 int main(int argumentCount, char** arguments) {
     using namespace travo;
 
+    platform::qt::OutliveReaders();
     platform::qt::QtApplicationLoop::PreferX11();
     platform::qt::QtApplicationLoop application(argumentCount, arguments);
     platform::qt::QtMachine machine(QCoreApplication::applicationDirPath());

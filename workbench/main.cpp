@@ -19,6 +19,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "platform/qt/BrokenPipe.h"
 #include "workbench/Bench.h"
 #include "workbench/ControlServer.h"
 #include "workbench/SocketPath.h"
@@ -128,6 +129,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    travo::platform::qt::OutliveReaders();
     const int endSignals = EndSignals();
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("travo-workbench"));

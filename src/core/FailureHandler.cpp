@@ -8,7 +8,7 @@ using platform::BoxIcon;
 void FailureHandler::Report(const QString& text) {
     try {
         log_.WriteString(text);
-    } catch (const std::exception&) {
+    } catch (...) {
         // The operator must see the box all the more when the log is lost.
     }
     Show(text);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <exception>
 #include <utility>
 
 #include "core/clsDebugLog.h"
@@ -23,7 +22,7 @@ public:
         try {
             std::forward<Body>(body)();
             return true;
-        } catch (const std::exception&) {
+        } catch (...) {
             Report(text);
             return false;
         }

@@ -1,6 +1,5 @@
 #include "core/PositionLoop.h"
 
-#include <exception>
 #include <string>
 #include <string_view>
 
@@ -92,7 +91,7 @@ bool PositionLoop::ManipulatorReload() {
         }
         MapNeedle(*record);
         return true;
-    } catch (const std::exception&) {
+    } catch (...) {
         return false;
     }
 }
@@ -100,7 +99,7 @@ bool PositionLoop::ManipulatorReload() {
 bool PositionLoop::AllManipulatorReload() {
     try {
         return ReadAll();
-    } catch (const std::exception&) {
+    } catch (...) {
         return false;
     }
 }
@@ -121,7 +120,7 @@ bool PositionLoop::ReadAll() {
 void PositionLoop::Tick() {
     try {
         TickSteps();
-    } catch (const std::exception&) {
+    } catch (...) {
         // The next tick comes in the ordinary way; a failing one must not disturb the operator.
         Timer1_->Enabled(!stopped_);
     }

@@ -1,7 +1,5 @@
 #include "core/StartUp.h"
 
-#include <exception>
-
 #include "core/Arithmetic.h"
 #include "core/SettingsKeys.h"
 #include "platform/Display.h"
@@ -34,7 +32,7 @@ StartUp::StartUp(const platform::Machine& machine, SharedState& state, FormMainO
 StartUp::Outcome StartUp::Initialize() {
     try {
         return InitializeSteps();
-    } catch (const std::exception&) {
+    } catch (...) {
         ReportInitializeFailure();
         objects_.Release();
         return Outcome::End;

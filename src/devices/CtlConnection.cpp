@@ -189,7 +189,7 @@ void CtlConnection::HandlePort(Row row, Steps&& steps) {
     system_.failures.Handle(QStringLiteral("%1 : Connection failed").arg(Key(row)), [&] {
         try {
             steps();
-        } catch (const std::exception&) {
+        } catch (...) {
             TakeBack(row);
             throw;
         }

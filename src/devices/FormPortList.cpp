@@ -131,7 +131,7 @@ bool FormPortList::Read() {
     bool isThere = true;
     try {
         entries = ports_.List();
-    } catch (const std::exception&) {
+    } catch (...) {
         isThere = false;
     }
     hint_->setText(!isThere          ? QStringLiteral("Device Manager is Not found")

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,7 +28,7 @@ public:
         try {
             Close();
             std::forward<Procedure>(procedure)(*port_);
-        } catch (const std::exception&) {
+        } catch (...) {
             CloseInSilence();
         }
     }

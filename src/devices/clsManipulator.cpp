@@ -80,7 +80,7 @@ void clsManipulator::Handled(const QString& text, Body&& body) {
     failures_.Handle(text, [&] {
         try {
             body();
-        } catch (const std::exception&) {
+        } catch (...) {
             ManipulatorFree_ = Free;
             throw;
         }

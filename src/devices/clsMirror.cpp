@@ -86,7 +86,7 @@ void clsMirror::ParseReceivedLine(std::string_view line) {
         const MirrorLine parts = ReadMirrorLine(line);
         value = parts.Value;
         ActOn(parts, line);
-    } catch (const std::exception&) {
+    } catch (...) {
         // A malformed line is dropped, but for one whose value reads as an error number.
         ReportError(line, value);
     }

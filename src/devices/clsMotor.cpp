@@ -74,7 +74,7 @@ void clsMotor::ParseReceivedLine(std::string_view line) {
         if (TakeAnswer(line)) {
             return;
         }
-    } catch (const std::exception&) {
+    } catch (...) {
         // An answer that nobody could take counts as an unknown one.
     }
     ReportUnknown(line);
@@ -95,7 +95,7 @@ bool clsMotor::TakeAnswer(std::string_view line) {
 void clsMotor::ReportUnknown(std::string_view line) {
     try {
         panel_.ControlONOFF(true);
-    } catch (const std::exception&) {
+    } catch (...) {
         // The operator is told of the line all the same.
     }
     failures_.Report(platform::FromWindows1252(line) + QStringLiteral(": Motor : Unknown Error"));

@@ -8,7 +8,8 @@
 
 namespace travo::platform {
 
-// An operation of the driver answered with a negative status. The text names operation and status.
+// An operation of the driver answered with a negative status, which the text names beside the operation, or
+// threw whatever it may be.
 class DriverFailure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -86,6 +86,12 @@ TEST_F(FailureHandlerTest, EveryKindOfFailureEndsAtTheHandler) {
     EXPECT_EQ(boxes.shown.size(), 4U);
 }
 
+TEST_F(FailureHandlerTest, WhateverIsThrownEndsAtTheHandler) {
+    EXPECT_FALSE(handler.Handle(text, [] { throw 42; }));
+    EXPECT_FALSE(handler.Handle(text, [] { throw "a text"; }));
+    EXPECT_EQ(boxes.Texts(), (QStringList{text, text}));
+}
+
 TEST_F(FailureHandlerTest, ALogThatCannotBeWrittenStillShowsTheBox) {
     log.LogFilePath(folder.filePath(QStringLiteral("missing/debugTRAVO.txt")));
     EXPECT_FALSE(handler.Handle(text, Overflow));

@@ -15,6 +15,19 @@ protected:
         ASSERT_TRUE(Begin());
         journal_.clear();
     }
+    void ManipulatorChange(std::int16_t number) override {
+        if (throwsNumbers_) {
+            throw 42;
+        }
+        OwnerFixture::ManipulatorChange(number);
+    }
+    void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override {
+        if (throwsNumbers_) {
+            throw 42;
+        }
+        OwnerFixture::ChangeNeedleXYZ(index, root);
+    }
+    bool throwsNumbers_ = false;  // whoever is told of needles raises what is no std::exception
     FakeTimer& Timer1() { return *timers_.created.at(0); }
     void Tick(int times = 1) {
         for (int i = 0; i < times; ++i) {
@@ -154,6 +167,18 @@ TEST_F(PositionLoopTest, AFailureInATickIsSilentAndTheNextTickComesInTheOrdinary
     EXPECT_EQ(boxes_.shown.size(), 1U) << "only the question";
     EXPECT_TRUE(Timer1().Enabled());
     EXPECT_EQ(ReadLog(), "07-03-2008\r\n");
+}
+
+TEST_F(PositionLoopTest, WhateverIsThrownInATickOrAReadIsAFailureOfThatTickOrRead) {
+    throwsNumbers_ = true;
+    EXPECT_NO_THROW(EXPECT_FALSE(loop_->ManipulatorReload()));
+    EXPECT_NO_THROW(EXPECT_FALSE(loop_->AllManipulatorReload()));
+    FailReadsSilently();
+    Tick(10);
+    driver_.throwsNumbers = true;
+    driver_.failing = {"DriverReconnect"};
+    EXPECT_NO_THROW(Tick());
+    EXPECT_TRUE(Timer1().Enabled());
 }
 
 TEST_F(PositionLoopTest, TheTimerIsOffDuringATickAndItsBoxes) {

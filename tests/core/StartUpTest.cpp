@@ -16,6 +16,13 @@ protected:
         EXPECT_TRUE(ReadLog().endsWith("14:05:33 - Error : Load\r\n"));
         EXPECT_EQ(ReadSettings(), settings);
     }
+    void ConstructPanels() override {
+        if (throwsNumbers_) {
+            throw 42;
+        }
+        OwnerFixture::ConstructPanels();
+    }
+    bool throwsNumbers_ = false;  // the window raises what is no std::exception
 };
 
 TEST_F(StartUpTest, ASecondInstanceIsRefusedBeforeAnythingIsCreated) {
@@ -60,6 +67,13 @@ TEST_F(StartUpTest, AFailureInInitializeIsReportedReleasesAllAndEnds) {
     EXPECT_FALSE(objects_->cCommunication.Alive());
     EXPECT_FALSE(objects_->DebugLog.Alive());
     EXPECT_EQ(driver_.released, 1);
+}
+
+TEST_F(StartUpTest, WhateverIsThrownInInitializeIsReportedReleasesAllAndEnds) {
+    throwsNumbers_ = true;
+    EXPECT_NO_THROW(EXPECT_FALSE(Begin()));
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Initialize")});
+    EXPECT_FALSE(objects_->DebugLog.Alive());
 }
 
 TEST_F(StartUpTest, ALogThatCannotBeWrittenEndsInitializeWithABoxAllTheSame) {

@@ -108,6 +108,12 @@ TEST_F(PortListWindow, WhereThereIsNoListItDoesNotOpen) {
     EXPECT_FALSE(Timer().enabled);
 }
 
+TEST_F(PortListWindow, WhateverTheListThrowsItDoesNotOpen) {
+    list.absent = list.throwsNumbers = true;
+    EXPECT_FALSE(window.Open());
+    EXPECT_FALSE(window.isVisible());
+}
+
 TEST_F(PortListWindow, AListThatIsLostWhileItIsOpenIsSaidInItAndComesBack) {
     window.Open();
     list.absent = true;

@@ -42,6 +42,9 @@ protected:
     void FailIfAsked(const std::string& what) {
         journal.push_back(what);
         if (failing.contains(what)) {
+            if (throwsNumbers) {
+                throw 42;
+            }
             throw std::runtime_error(what);
         }
     }
@@ -64,6 +67,7 @@ protected:
     FailureHandler failures{log, boxes};
     FakeSerialPorts ports{journal};
     std::set<std::string> failing;  // entries of the journal whose call then raises
+    bool throwsNumbers = false;     // what it raises is no std::exception
 };
 
 }  // namespace travo::test

@@ -49,6 +49,13 @@ TEST_F(ManipulatorFailure, SendDataOutOfRangeIsReportedFreesTheGuardAndReturns0)
     EXPECT_EQ(clock.sleeps, 0);
 }
 
+TEST_F(ManipulatorFailure, WhateverTheDriverThrowsIsReportedAndFreesTheGuard) {
+    driver.throwsNumbers = true;
+    driver.failing = {"DriverMoveTo"};
+    EXPECT_EQ(link->SendData(0, {101, 200, 300}, {100, 200, 300}), 0);
+    ExpectReported({CommunicationFailed});
+}
+
 TEST_F(ManipulatorFailure, SendDataWithOneCoordinate25001OrMinus1SendsNothing) {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         for (const std::int32_t count : {25001, -1}) {

@@ -137,6 +137,13 @@ TEST_F(MirrorAnswers, AFailureOfAReceiverEntersTheErrorDispatchWithTheLinesValue
     EXPECT_EQ(Reported(), QStringLiteral("aMGR3 : Mirror : Timeout Error"));
 }
 
+TEST_F(MirrorAnswers, WhateverAReceiverThrowsEntersTheErrorDispatchWithTheLinesValue) {
+    throwsNumbers = true;
+    failing = {"magnification 3"};
+    EXPECT_NO_THROW(Line("aMGR3"));
+    EXPECT_EQ(Reported(), QStringLiteral("aMGR3 : Mirror : Timeout Error"));
+}
+
 TEST_F(MirrorAnswers, AFailureOfAReceiverIsSilentWhereTheValueIsNoErrorNumber) {
     failing = {"X 9", "magnification 2"};
     EXPECT_EQ(After("aD2R9"), Journal{"X 9"});

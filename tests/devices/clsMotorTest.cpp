@@ -74,6 +74,14 @@ TEST_F(Motor, AFailureOfThePanelInPortOpenClosesThePortInSilence) {
     EXPECT_TRUE(Silent());
 }
 
+TEST_F(Motor, WhateverIsThrownInPortOpenClosesThePortInSilence) {
+    throwsNumbers = true;
+    failing = {"lock"};
+    EXPECT_NO_THROW(link->PortOpen(3));
+    EXPECT_FALSE(link->PortOpenCheck());
+    EXPECT_TRUE(Silent());
+}
+
 TEST_F(Motor, PortCloseClosesOnlyAnOpenPort) {
     link->PortClose();
     EXPECT_EQ(journal, Nothing);
@@ -273,6 +281,15 @@ TEST_F(Motor, AFailureOfThePanelAtAnUnknownAnswerDoesNotHideTheMessage) {
     failing = {"unlock"};
     Receive("Z\rZ\r");
     EXPECT_EQ(boxes.shown.size(), 2u);
+}
+
+TEST_F(Motor, WhateverThePanelThrowsAtAnAnswerEndsInTheSameMessage) {
+    Open();
+    throwsNumbers = true;
+    failing = {"unlock"};
+    EXPECT_NO_THROW(Receive("A\rZ\r"));
+    EXPECT_EQ(boxes.Texts(), (QStringList{QStringLiteral("A: Motor : Unknown Error"),
+                                          QStringLiteral("Z: Motor : Unknown Error")}));
 }
 
 TEST_F(Motor, EqualLinesAreAllTaken) {

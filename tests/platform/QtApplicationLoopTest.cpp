@@ -38,6 +38,14 @@ TEST(QtApplicationLoop, WhatNoHandlerTakesIsToldAndTheProgramGoesOn) {
     application->WhenUnexpectedFailure({});
 }
 
+TEST(QtApplicationLoop, WhateverIsThrownIsToldAndTheProgramGoesOn) {
+    int told = 0;
+    application->WhenUnexpectedFailure([&] { ++told; });
+    QTimer::singleShot(0, [] { throw 42; });
+    ServeUntil([&] { return told == 1; });
+    application->WhenUnexpectedFailure({});
+}
+
 TEST(QtApplicationLoop, WithoutAnybodyToTellTheProgramGoesOnToo) {
     bool raised = false;
     QTimer::singleShot(0, [&] {

@@ -149,6 +149,15 @@ TEST(QtDriverLibrary, ANegativeStatusIsAFailureThatNamesOperationAndStatus) {
     EXPECT_EQ(FailureOf([&] { driver->DriverReconnect(); }), "DriverReconnect failed with status -7");
 }
 
+TEST(QtDriverLibrary, WhateverTheLibraryThrowsIsAFailureThatNamesTheOperation) {
+    const auto driver = Load("throwing");
+    EXPECT_EQ(FailureOf([&] { driver->DriverGetPosition(); }), "DriverGetPosition failed and threw");
+    EXPECT_EQ(FailureOf([&] { driver->DriverMoveTo(1, 2, 3); }), "DriverMoveTo failed and threw");
+    EXPECT_EQ(FailureOf([&] { driver->DriverSelect(1); }), "DriverSelect failed and threw");
+    EXPECT_EQ(FailureOf([&] { driver->DriverGetCount(); }), "DriverGetCount failed and threw");
+    EXPECT_EQ(FailureOf([&] { driver->DriverReconnect(); }), "DriverReconnect failed and threw");
+}
+
 TEST(QtDriverLibrary, TheLowestStatusIsAFailureLikeAnyOther) {
     EXPECT_EQ(FailureOf([] { Load("lowest_status")->DriverReconnect(); }),
               "DriverReconnect failed with status -2147483648");

@@ -173,6 +173,7 @@ struct FakeDriverState {
     std::int32_t selectAnswer = 1;
     std::array<std::array<std::int32_t, 3>, 5> position{};  // by number minus 1
     std::set<std::string> failing;                          // names of operations that fail
+    bool throwsNumbers = false;                             // what a failing one throws is no failure of ours
     std::function<void(const std::string&)> whileCalled;    // runs inside each operation
     std::vector<std::array<std::int32_t, 3>> moves;
     int created = 0;
@@ -216,6 +217,9 @@ private:
             state_.whileCalled(operation);
         }
         if (state_.failing.contains(operation)) {
+            if (state_.throwsNumbers) {
+                throw 42;
+            }
             throw platform::DriverFailure(operation + " failed");
         }
     }

@@ -13,13 +13,17 @@ public:
     std::vector<Entry> List() override {
         ++asked;
         if (absent) {
+            if (throwsNumbers) {
+                throw 42;
+            }
             throw std::runtime_error("the system gives no list");
         }
         return entries;
     }
 
     std::vector<Entry> entries;
-    bool absent = false;  // List raises
+    bool absent = false;         // List raises
+    bool throwsNumbers = false;  // what it raises is no std::exception
     int asked = 0;
 };
 

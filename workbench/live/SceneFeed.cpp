@@ -38,7 +38,7 @@ void SceneFeed::Look() {
     } else if (answer != last_ || !scene_) {
         try {
             scene = client_.Camera();
-        } catch (const std::exception&) {
+        } catch (...) {
             scene.reset();
         }
     }

@@ -7,6 +7,7 @@
 #include <QSocketNotifier>
 #include <cstdio>
 
+#include "platform/qt/BrokenPipe.h"
 #include "workbench/live/LiveProgram.h"
 
 namespace {
@@ -26,6 +27,7 @@ int EndSignals() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    travo::platform::qt::OutliveReaders();
     const int endSignals = EndSignals();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TRAVOLive"));

@@ -1,7 +1,5 @@
 #include "platform/qt/QtApplicationLoop.h"
 
-#include <exception>
-
 namespace travo::platform::qt {
 
 void QtApplicationLoop::PreferX11() {
@@ -21,7 +19,7 @@ QtApplicationLoop::QtApplicationLoop(int& argumentCount, char** arguments)
 bool QtApplicationLoop::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const std::exception&) {
+    } catch (...) {
         if (procedure_) {
             procedure_();
         }

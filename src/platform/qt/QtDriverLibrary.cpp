@@ -55,7 +55,15 @@ bool ResolveAll(QLibrary& library, Functions& functions) {
            Resolve(library, "DriverReconnect", functions.reconnect);
 }
 
-void Expect(std::int32_t status, const char* operation) {
+// Calls a function of the library. What a foreign library throws is no object of ours and ends here.
+template <typename Function, typename... Arguments>
+void Ask(const char* operation, Function* function, Arguments... arguments) {
+    std::int32_t status = 0;
+    try {
+        status = function(arguments...);
+    } catch (...) {
+        throw DriverFailure(std::string(operation) + " failed and threw");
+    }
     if (status < 0) {
         throw DriverFailure(std::string(operation) + " failed with status " + std::to_string(status));
     }
@@ -69,23 +77,23 @@ public:
     Position DriverGetPosition() override {
         Position position;
         auto& [x, y, z] = position.xyz;
-        Expect(functions_.getPosition(&position.number, &x, &y, &z), "DriverGetPosition");
+        Ask("DriverGetPosition", functions_.getPosition, &position.number, &x, &y, &z);
         return position;
     }
     void DriverMoveTo(std::int32_t x, std::int32_t y, std::int32_t z) override {
-        Expect(functions_.moveTo(x, y, z), "DriverMoveTo");
+        Ask("DriverMoveTo", functions_.moveTo, x, y, z);
     }
     std::int32_t DriverSelect(std::int32_t number) override {
         std::int32_t answer = 0;
-        Expect(functions_.select(number, &answer), "DriverSelect");
+        Ask("DriverSelect", functions_.select, number, &answer);
         return answer;
     }
     std::int32_t DriverGetCount() override {
         std::int32_t count = 0;
-        Expect(functions_.getCount(&count), "DriverGetCount");
+        Ask("DriverGetCount", functions_.getCount, &count);
         return count;
     }
-    void DriverReconnect() override { Expect(functions_.reconnect(), "DriverReconnect"); }
+    void DriverReconnect() override { Ask("DriverReconnect", functions_.reconnect); }
 
 private:
     std::shared_ptr<QLibrary> library_;

@@ -15,73 +15,56 @@ void LiveLink::Release() {
     camera_.Release();
 }
 
-void LiveLink::LiveChangeMagnification(std::int16_t magnification) {
-    Guarded([&] { camera_.Call(QLatin1String("LiveChangeMagnification"), magnification); });
-}
-
-void LiveLink::LiveActionStart() { CallQuietly(QLatin1String("LiveActionStart")); }
-
-void LiveLink::LiveActionEnd() { CallQuietly(QLatin1String("LiveActionEnd")); }
-
-void LiveLink::AnnounceMagnification(std::int16_t magnification) {
+void LiveLink::AnnounceHideWindow() {
     if (!state_.LiveOpen) {
         return;
     }
     try {
-        LiveChangeMagnification(magnification);
+        LiveHideWindow();
     } catch (const LiveCameraFailure&) {
         // Whoever was to be told of it has been, by LiveDied.
     }
 }
 
+void LiveLink::AnnounceMagnification(std::int16_t magnification) {
+    if (state_.LiveOpen && Living()) {
+        camera_.Announce(QLatin1String("LiveChangeMagnification"), magnification);
+    }
+}
+
 void LiveLink::AnnouncePanelLeave() {
     if (state_.LiveOpen) {
-        CallQuietly(QLatin1String("LivePanelLeave"));
+        Announce(QLatin1String("LivePanelLeave"));
     }
 }
 
 void LiveLink::AnnounceCalibPoints() {
     if (state_.LiveOpen) {
-        CallQuietly(QLatin1String("LiveCalibPoints"));
+        LiveCalibPoints();
     }
 }
 
 void LiveLink::AnnounceCalibCenter() {
     if (state_.LiveOpen) {
-        CallQuietly(QLatin1String("LiveCalibCenter"));
-    }
-}
-
-void LiveLink::AnnounceHideWindow() {
-    if (state_.LiveOpen) {
-        CallQuietly(QLatin1String("LiveHideWindow"));
+        LiveCalibCenter();
     }
 }
 
 void LiveLink::Call(QLatin1String operation) {
-    Guarded([&] { camera_.Call(operation); });
-}
-
-void LiveLink::Guarded(const std::function<void()>& call) {
     if (!Living()) {
         throw LiveCameraFailure("the live camera is not there");
     }
     try {
-        call();
+        camera_.Call(operation);
     } catch (const LiveCameraFailure&) {
         Die();
         throw;
     }
 }
 
-void LiveLink::CallQuietly(QLatin1String operation) {
-    if (!Living()) {
-        return;
-    }
-    try {
-        Call(operation);
-    } catch (const LiveCameraFailure&) {
-        // Whoever was to be told of it has been, by LiveDied.
+void LiveLink::Announce(QLatin1String operation) {
+    if (Living()) {
+        camera_.Announce(operation);
     }
 }
 

@@ -3,7 +3,6 @@
 
 #include <QLatin1String>
 #include <cstdint>
-#include <functional>
 
 #include "core/SharedState.h"
 #include "platform/LiveCamera.h"
@@ -29,8 +28,9 @@ public:
         virtual void Live_WindowHide() = 0;
         // The operator has closed the camera program. The object is stale.
         virtual void Live_WindowClose() = 0;
-        // The camera has died: a call failed or was not answered, or its process has gone. The object
-        // is stale. Where a call found it out, this comes from within that call, before it raises.
+        // The camera has died: a call or an announcement failed or was not answered, or its process has
+        // gone. The object is stale. Where a call found it out, this comes from within that call, before
+        // it raises.
         virtual void LiveDied() = 0;
     };
 
@@ -52,36 +52,36 @@ public:
     bool Living() const { return object_ == Object::Living; }
 
     // Calls on the object; the caller has tested `LiveOpen`. Each blocks until the camera has answered,
-    // 2 s at most. A call that fails makes the object stale and raises platform::LiveCameraFailure; so
-    // does every call on a link that is not living, without any call on the camera.
+    // 2 s at most once it has gone out, which it does behind all that has been announced. A call that
+    // fails makes the object stale and raises platform::LiveCameraFailure; so does every call on a link
+    // that is not living, without any call on the camera.
     void LiveShowWindow() { Call(QLatin1String("LiveShowWindow")); }
     void LiveHideWindow() { Call(QLatin1String("LiveHideWindow")); }
-    void LiveCalibPoints() { Call(QLatin1String("LiveCalibPoints")); }
-    void LiveCalibZ() { Call(QLatin1String("LiveCalibZ")); }
-    void LiveCalibCenter() { Call(QLatin1String("LiveCalibCenter")); }
-    void LivePanelLeave() { Call(QLatin1String("LivePanelLeave")); }
     void LiveAttach() { Call(QLatin1String("LiveAttach")); }
-    // Magnification index, 0 to 3.
-    void LiveChangeMagnification(std::int16_t magnification);
+    // LiveHideWindow, which waits like it, for those whom an ill camera must not disturb. Nothing happens
+    // unless `LiveOpen`. A failure makes the object stale and raises nothing.
+    void AnnounceHideWindow();
 
-    // Round an action that the operator has started. Called whether a camera is there or not: nothing
-    // happens unless the object lives. A failure makes the object stale and raises nothing.
-    void LiveActionStart();
-    void LiveActionEnd();
-
-    // The calls above for those whom an ill camera must not disturb: mirror, change of panels, closing.
-    // Nothing happens unless `LiveOpen`. A failure makes the object stale and raises nothing.
+    // Announcements: none waits for its answer, and none raises anything. Nothing happens unless the
+    // object lives. One that fails, or is not answered within 2 s of going out, makes the object stale
+    // later, from the event loop.
+    //
+    // Round an action that the operator has started, and the marks of the calibration.
+    void LiveActionStart() { Announce(QLatin1String("LiveActionStart")); }
+    void LiveActionEnd() { Announce(QLatin1String("LiveActionEnd")); }
+    void LiveCalibPoints() { Announce(QLatin1String("LiveCalibPoints")); }
+    void LiveCalibZ() { Announce(QLatin1String("LiveCalibZ")); }
+    void LiveCalibCenter() { Announce(QLatin1String("LiveCalibCenter")); }
+    // Announcements that test `LiveOpen` themselves. Magnification index, 0 to 3.
     void AnnounceMagnification(std::int16_t magnification);
     void AnnouncePanelLeave();
     void AnnounceCalibPoints();
     void AnnounceCalibCenter();
-    void AnnounceHideWindow();
 
 private:
+    // Makes the call on the living object; one that fails makes it stale and is raised again.
     void Call(QLatin1String operation);
-    // Makes the call on the living object; what fails makes it stale and is raised again.
-    void Guarded(const std::function<void()>& call);
-    void CallQuietly(QLatin1String operation);
+    void Announce(QLatin1String operation);
     void Die();
 
     // platform::LiveCamera::Listener

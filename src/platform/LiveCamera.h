@@ -26,7 +26,8 @@ public:
         virtual void WindowHide() = 0;
         // The operator has closed the camera program.
         virtual void WindowClose() = 0;
-        // The process behind the object has gone. May follow a WindowClose; comes once at most.
+        // The process behind the object has gone, or an announcement failed. May follow a WindowClose;
+        // comes once at most.
         virtual void Lost() = 0;
     };
 
@@ -41,11 +42,19 @@ public:
     // listener is not told of anything any more. Raises nothing; harmless without an object.
     virtual void Release() = 0;
 
-    // Calls an operation of the object and blocks until it is answered, 2 s at most. Never starts the
-    // program. Raises LiveCameraFailure where there is no object, where the other side refuses or has
-    // gone, and where the time is over.
+    // Calls an operation of the object and blocks until it is answered, 2 s at most from its sending; it
+    // is sent when all that was announced before has been answered. Never starts the program. Raises
+    // LiveCameraFailure where there is no object, where the other side refuses or has gone, where the
+    // time is over, and where an announcement before it failed.
     virtual void Call(QLatin1String operation) = 0;
-    virtual void Call(QLatin1String operation, std::int16_t argument) = 0;
+
+    // Calls an operation of the object without waiting for the answer. Announcements go out in their
+    // order, each when the one before has been answered; one with an argument takes the place of one
+    // of the same operation that has not gone out yet. One that is refused or not answered within 2 s
+    // of its sending, or that finds 64 waiting, ends all: nothing more goes out, and Lost is told.
+    // Raises nothing; nothing happens without an object.
+    virtual void Announce(QLatin1String operation) = 0;
+    virtual void Announce(QLatin1String operation, std::int16_t argument) = 0;
 };
 
 }  // namespace travo::platform

@@ -28,7 +28,7 @@ namespace travo {
 // centre, and moves the reference point only. What has been captured stays here until SET.
 //
 // Presses of a capture button and of SET, RESET and ALLRESET report their failures themselves. A camera
-// that does not answer at any other change of step disturbs nothing. All else goes to the caller.
+// that does not answer disturbs nothing: it is told without waiting. All else goes to the caller.
 class CtlCalibration : public PanelCanvas, public PanelSteps {
     Q_OBJECT
 
@@ -111,9 +111,7 @@ private:
     void ModePressed(std::size_t Index);
     void NeedlePressed(std::int16_t Index);
 
-    // Where a failing camera is reported by the handler of the press.
     void ChangeCalibrationStep(Step step);
-    // Where nobody handles failures: an ill camera is passed over.
     void EnterStepOfMode();
     // All of a step but the camera.
     void ShowStep(Step step);

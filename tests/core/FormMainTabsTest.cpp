@@ -156,6 +156,7 @@ TEST_F(FormMainTabsTest, AnIllCameraDoesNotDisturbAChangeOfPanel) {
     camera_.failing = {"LivePanelLeave"};
     tabs_->TabClick(7);
     EXPECT_EQ(Seen(), (Journal{"hide experiment", "LivePanelLeave", "show calibration"}));
+    camera_.TellFailure();
     EXPECT_FALSE(state_.LiveOpen);
 }
 

@@ -205,12 +205,7 @@ struct NamedCall {
 TEST_F(LiveLinkTest, TheFirstCallThatFailsKillsTheObjectAndIsRaised) {
     const std::vector<NamedCall> calls{
         {"LiveShowWindow", [](LiveLink& live) { live.LiveShowWindow(); }},
-        {"LiveChangeMagnification", [](LiveLink& live) { live.LiveChangeMagnification(1); }},
         {"LiveHideWindow", [](LiveLink& live) { live.LiveHideWindow(); }},
-        {"LiveCalibPoints", [](LiveLink& live) { live.LiveCalibPoints(); }},
-        {"LiveCalibZ", [](LiveLink& live) { live.LiveCalibZ(); }},
-        {"LiveCalibCenter", [](LiveLink& live) { live.LiveCalibCenter(); }},
-        {"LivePanelLeave", [](LiveLink& live) { live.LivePanelLeave(); }},
         {"LiveAttach", [](LiveLink& live) { live.LiveAttach(); }},
     };
     for (const auto& [name, call] : calls) {
@@ -230,15 +225,29 @@ TEST_F(LiveLinkTest, TheFirstCallThatFailsKillsTheObjectAndIsRaised) {
     }
 }
 
-TEST_F(LiveLinkTest, WhatMustNotBeDisturbedGoesOnWithADeadCamera) {
+TEST_F(LiveLinkTest, ACloseGoesOnWithACameraThatDoesNotHide) {
+    Open();
+    stage.camera.failing = {"LiveHideWindow"};
+    EXPECT_NO_THROW(desk.Closing());
+    EXPECT_EQ(desk.told, Texts{"Died"});
+    EXPECT_FALSE(desk.state.LiveOpen);
+    EXPECT_EQ(desk.reported, Texts{}) << "no box";
+    stage.Calls();
+    EXPECT_NO_THROW(desk.Closing());
+    EXPECT_EQ(stage.Calls(), Texts{});
+}
+
+TEST_F(LiveLinkTest, AnAnnouncementThatFailsKillsTheObjectWhenTheEventLoopSaysSoAndDisturbsNobody) {
     const std::vector<NamedCall> calls{
         {"LiveActionStart", [](LiveLink& live) { live.LiveActionStart(); }},
         {"LiveActionEnd", [](LiveLink& live) { live.LiveActionEnd(); }},
         {"LiveChangeMagnification", [](LiveLink& live) { live.AnnounceMagnification(3); }},
         {"LivePanelLeave", [](LiveLink& live) { live.AnnouncePanelLeave(); }},
         {"LiveCalibPoints", [](LiveLink& live) { live.AnnounceCalibPoints(); }},
+        {"LiveCalibPoints", [](LiveLink& live) { live.LiveCalibPoints(); }},
+        {"LiveCalibZ", [](LiveLink& live) { live.LiveCalibZ(); }},
         {"LiveCalibCenter", [](LiveLink& live) { live.AnnounceCalibCenter(); }},
-        {"LiveHideWindow", [](LiveLink& live) { live.AnnounceHideWindow(); }},
+        {"LiveCalibCenter", [](LiveLink& live) { live.LiveCalibCenter(); }},
     };
     for (const auto& [name, call] : calls) {
         SCOPED_TRACE(name);
@@ -247,13 +256,29 @@ TEST_F(LiveLinkTest, WhatMustNotBeDisturbedGoesOnWithADeadCamera) {
         desk.told.clear();
         stage.camera.failing = {name};
         EXPECT_NO_THROW(call(link));
+        EXPECT_EQ(desk.told, Texts{}) << "nobody has waited for the answer";
+        EXPECT_TRUE(desk.state.LiveOpen);
+        stage.camera.TellFailure();
         EXPECT_EQ(desk.told, Texts{"Died"});
         EXPECT_FALSE(desk.state.LiveOpen);
+        EXPECT_FALSE(desk.buttonPressed);
         EXPECT_EQ(desk.reported, Texts{}) << "no box";
         stage.Calls();
         EXPECT_NO_THROW(call(link));
         EXPECT_EQ(stage.Calls(), Texts{});
     }
+}
+
+TEST_F(LiveLinkTest, AWindowButtonBehindAnAnnouncementThatFailedIsWindowLoadWithTheButtonRaised) {
+    Open();
+    stage.camera.failing = {"LivePanelLeave"};
+    link.AnnouncePanelLeave();
+    desk.Click(false);
+    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
+    EXPECT_EQ(desk.told, Texts{"Died"});
+    EXPECT_FALSE(desk.buttonPressed);
+    stage.camera.TellFailure();
+    EXPECT_EQ(desk.told, Texts{"Died"}) << "it dies once";
 }
 
 TEST_F(LiveLinkTest, AnnouncementsTestLiveOpenFirst) {

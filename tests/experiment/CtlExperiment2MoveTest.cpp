@@ -241,6 +241,7 @@ TEST(CtlExperiment2Move, AnIllCameraDoesNotKeepTheNeedleFromItsMove) {
     bench.Click(bench.Move());
     EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
     EXPECT_EQ(bench.State(), "View");
+    bench.rig.camera.TellFailure();
     EXPECT_FALSE(bench.rig.state.LiveOpen);
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }

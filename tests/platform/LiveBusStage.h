@@ -23,6 +23,22 @@ inline constexpr QtLiveCamera::Limits Patient{};
 inline constexpr QtLiveCamera::Limits Hasty{std::chrono::milliseconds(2000), std::chrono::milliseconds(300),
                                             std::chrono::milliseconds(300)};
 
+// What the object tells, in order.
+class Told : public platform::LiveCamera::Listener {
+public:
+    void BirdViewSave() override { texts.emplace_back("BirdViewSave"); }
+    void WindowHide() override { texts.emplace_back("WindowHide"); }
+    void WindowClose() override { texts.emplace_back("WindowClose"); }
+    void Lost() override { texts.emplace_back("Lost"); }
+    bool Wait(const Texts& expected) {
+        ServeUntil([&] { return texts.size() >= expected.size(); });
+        EXPECT_EQ(texts, expected);
+        return texts == expected;
+    }
+
+    Texts texts;
+};
+
 class BusStage : public LiveStage {
 public:
     explicit BusStage(const QtLiveCamera::Limits& limits = Patient) : camera(limits) { Install(); }

@@ -10,13 +10,15 @@
 
 namespace travo::test {
 
-// Journal: "live created", "live released", and each call by its name, with its argument after a blank.
+// Journal: "live created", "live released", and each call or announcement by its name, with its argument
+// after a blank. Announcements are taken at once; that one has failed is told when the test says so.
 class FakeLiveCamera : public platform::LiveCamera {
 public:
     explicit FakeLiveCamera(Journal& journal) : journal_(journal) {}
 
     void Create(Listener& listener) override {
         listener_ = nullptr;
+        ill_ = false;
         if (absent) {
             throw platform::LiveCameraFailure("the camera program is not installed");
         }
@@ -30,9 +32,26 @@ public:
             listener_ = nullptr;
         }
     }
-    void Call(QLatin1String operation) override { Enter(operation.data(), {}); }
-    void Call(QLatin1String operation, std::int16_t argument) override {
-        Enter(operation.data(), std::string(" ").append(std::to_string(argument)));
+    void Call(QLatin1String operation) override {
+        if (listener_ == nullptr || ill_) {
+            throw platform::LiveCameraFailure("no object");
+        }
+        journal_.push_back(operation.data());
+        if (failing.contains(operation.data())) {
+            throw platform::LiveCameraFailure(std::string(operation.data()) + " failed");
+        }
+    }
+    void Announce(QLatin1String operation) override { Take(operation.data(), {}); }
+    void Announce(QLatin1String operation, std::int16_t argument) override {
+        Take(operation.data(), std::string(" ").append(std::to_string(argument)));
+    }
+
+    // The event loop comes round: an announcement that has failed is told as the loss that it is.
+    void TellFailure() {
+        if (ill_) {
+            ill_ = false;
+            TellLost();
+        }
     }
 
     // The camera's side. Nothing happens where no object is held.
@@ -42,17 +61,14 @@ public:
     void TellLost() { Tell(&Listener::Lost); }
 
     bool absent = false;            // Create raises
-    std::set<std::string> failing;  // calls that raise, by name
+    std::set<std::string> failing;  // calls that raise and announcements that fail, by name
     int created = 0;
 
 private:
-    void Enter(const std::string& operation, const std::string& argument) {
-        if (listener_ == nullptr) {
-            throw platform::LiveCameraFailure("no object");
-        }
-        journal_.push_back(operation + argument);
-        if (failing.contains(operation)) {
-            throw platform::LiveCameraFailure(operation + " failed");
+    void Take(const std::string& operation, const std::string& argument) {
+        if (listener_ != nullptr && !ill_) {
+            journal_.push_back(operation + argument);
+            ill_ = failing.contains(operation);
         }
     }
     void Tell(void (Listener::*event)()) {
@@ -63,6 +79,7 @@ private:
 
     Journal& journal_;
     Listener* listener_ = nullptr;
+    bool ill_ = false;  // an announcement has failed, and nobody has been told yet
 };
 
 }  // namespace travo::test

@@ -221,9 +221,10 @@ TEST_F(CtlCalibrationPanel, WithoutACameraModesTellNobody) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlCalibrationPanel, AnIllCameraDisturbsNoChangeOfStepThatHasNoHandler) {
+TEST_F(CtlCalibrationPanel, AnIllCameraDisturbsNoChangeOfStep) {
     rig.camera.failing = {"LiveCalibPoints", "LiveCalibCenter"};
     Click(Mode(Re));
+    rig.camera.TellFailure();
     EXPECT_EQ(OnShow(), CentreStep);
     EXPECT_FALSE(rig.state.LiveOpen);
     rig.OpenCamera();

@@ -4,10 +4,15 @@
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QFileInfo>
 #include <QThread>
+#include <QTimer>
 #include <chrono>
+#include <memory>
 #include <optional>
+
+#include "platform/qt/AnnouncementQueue.h"
 
 namespace travo::platform::qt {
 
@@ -67,11 +72,15 @@ class LiveBus : public QObject {
 public:
     explicit LiveBus(const QtLiveCamera::Limits& limits)
         : limits_(limits),
-          connectionName_(QStringLiteral("live camera %1").arg(reinterpret_cast<quintptr>(this), 0, 16)) {}
+          connectionName_(QStringLiteral("live camera %1").arg(reinterpret_cast<quintptr>(this), 0, 16)) {
+        loss_.setSingleShot(true);
+        connect(&loss_, &QTimer::timeout, this, &LiveBus::Lose);
+    }
     ~LiveBus() override { Leave(); }
 
     void Create(LiveCamera::Listener& listener);
-    void Call(QLatin1String operation, const QVariantList& arguments);
+    void Call(QLatin1String operation);
+    void Announce(const Announcement& announcement);
     void Leave();
 
 private Q_SLOTS:
@@ -86,6 +95,14 @@ private:
     void Lose();
     void WaitForRelease();
     QString PresentOwner();
+    bool IsHeld() const { return !owner_.isEmpty() && !loss_.isActive(); }
+    QDBusMessage OperationCall(QLatin1String operation) const;
+    void SendNext();
+    void Answered();
+    // Of the announcement in flight, which has been answered or given up.
+    QDBusMessage TakeAnswer();
+    void FinishAnnouncements();
+    void EndAnnouncements();
     QDBusMessage Exchange(QDBusMessage message, std::chrono::milliseconds limit);
 
     const QtLiveCamera::Limits limits_;
@@ -94,6 +111,9 @@ private:
     LiveCamera::Listener* listener_ = nullptr;
     QString owner_;    // unique name of the program behind the object; empty without an object
     QString closing_;  // unique name of a program that has told that it closes
+    AnnouncementQueue announcements_;
+    std::unique_ptr<QDBusPendingCallWatcher> inFlight_;
+    QTimer loss_;  // on its way: the object counts as dead, which only the event loop may tell
 };
 
 void LiveBus::Create(LiveCamera::Listener& listener) {
@@ -120,13 +140,78 @@ void LiveBus::Hold(const QString& owner) {
     }
 }
 
-void LiveBus::Call(QLatin1String operation, const QVariantList& arguments) {
-    if (owner_.isEmpty()) {
+void LiveBus::Call(QLatin1String operation) {
+    if (!IsHeld()) {
         Raise(operation, QStringLiteral("there is no live camera"));
     }
-    QDBusMessage message = QDBusMessage::createMethodCall(owner_, ObjectPath(), InterfaceName(), operation);
-    message.setArguments(arguments);
-    Expect(Exchange(message, limits_.call));
+    FinishAnnouncements();
+    Expect(Exchange(OperationCall(operation), limits_.call));
+}
+
+QDBusMessage LiveBus::OperationCall(QLatin1String operation) const {
+    return QDBusMessage::createMethodCall(owner_, ObjectPath(), InterfaceName(), operation);
+}
+
+void LiveBus::Announce(const Announcement& announcement) {
+    if (!IsHeld()) {
+        return;
+    }
+    if (announcements_.Add(announcement)) {
+        SendNext();
+    } else {
+        EndAnnouncements();
+        loss_.start();
+    }
+}
+
+void LiveBus::SendNext() {
+    const std::optional<Announcement> next = announcements_.Next();
+    if (!next) {
+        return;
+    }
+    QDBusMessage message = OperationCall(next->operation);
+    if (next->argument) {
+        message.setArguments({QVariant::fromValue(*next->argument)});
+    }
+    message.setAutoStartService(false);
+    inFlight_ = std::make_unique<QDBusPendingCallWatcher>(
+        connection_->asyncCall(message, static_cast<int>(limits_.call.count())));
+    connect(inFlight_.get(), &QDBusPendingCallWatcher::finished, this, &LiveBus::Answered);
+}
+
+void LiveBus::Answered() {
+    if (TakeAnswer().type() == QDBusMessage::ReplyMessage) {
+        SendNext();
+    } else {
+        Lose();
+    }
+}
+
+QDBusMessage LiveBus::TakeAnswer() {
+    const QDBusMessage answer = inFlight_->reply();
+    // It may be the one that tells of it at this moment.
+    inFlight_.release()->deleteLater();
+    announcements_.Answered();
+    return answer;
+}
+
+// What waits goes out and is answered here, since the event loop is not served.
+void LiveBus::FinishAnnouncements() {
+    while (inFlight_) {
+        inFlight_->disconnect(this);
+        inFlight_->waitForFinished();
+        const QDBusMessage answer = TakeAnswer();
+        if (answer.type() != QDBusMessage::ReplyMessage) {
+            EndAnnouncements();
+            Expect(answer);
+        }
+        SendNext();
+    }
+}
+
+void LiveBus::EndAnnouncements() {
+    announcements_.Clear();
+    inFlight_.reset();
 }
 
 void LiveBus::Join() {
@@ -166,6 +251,8 @@ void LiveBus::Leave() {
 
 void LiveBus::Forget() {
     listener_ = nullptr;
+    EndAnnouncements();
+    loss_.stop();
     if (!owner_.isEmpty()) {
         connection_->disconnect(BusName(), BusPath(), BusName(), QStringLiteral("NameOwnerChanged"), {owner_},
                                 QString(), this, SLOT(OwnerChanged(QString, QString, QString)));
@@ -216,6 +303,7 @@ void LiveBus::Event(const QDBusMessage& message) {
         listener_->WindowHide();
     } else {
         closing_ = owner_;
+        EndAnnouncements();
         listener_->WindowClose();
     }
 }
@@ -236,10 +324,12 @@ void QtLiveCamera::Create(Listener& listener) { bus_->Create(listener); }
 
 void QtLiveCamera::Release() { bus_->Leave(); }
 
-void QtLiveCamera::Call(QLatin1String operation) { bus_->Call(operation, {}); }
+void QtLiveCamera::Call(QLatin1String operation) { bus_->Call(operation); }
 
-void QtLiveCamera::Call(QLatin1String operation, std::int16_t argument) {
-    bus_->Call(operation, {QVariant::fromValue(argument)});
+void QtLiveCamera::Announce(QLatin1String operation) { bus_->Announce({operation, std::nullopt}); }
+
+void QtLiveCamera::Announce(QLatin1String operation, std::int16_t argument) {
+    bus_->Announce({operation, argument});
 }
 
 }  // namespace travo::platform::qt

@@ -19,10 +19,10 @@ class LiveBus;
 // either, Create raises; no bus is ever started.
 class QtLiveCamera : public LiveCamera {
 public:
-    // How long each blocks at most.
+    // How long each may take.
     struct Limits {
         std::chrono::milliseconds start{10000};
-        std::chrono::milliseconds call{2000};
+        std::chrono::milliseconds call{2000};     // from its sending; an announcement as well
         std::chrono::milliseconds release{2000};  // until a closing program has given up its name
     };
 
@@ -33,7 +33,8 @@ public:
     void Create(Listener& listener) override;
     void Release() override;
     void Call(QLatin1String operation) override;
-    void Call(QLatin1String operation, std::int16_t argument) override;
+    void Announce(QLatin1String operation) override;
+    void Announce(QLatin1String operation, std::int16_t argument) override;
 
 private:
     std::unique_ptr<LiveBus> bus_;

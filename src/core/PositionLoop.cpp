@@ -166,7 +166,7 @@ void PositionLoop::AskForReconnection() {
 
 void PositionLoop::ZeroPointReset() {
     clsCommunication& instruments = *objects_.cCommunication;
-    if (!instruments.MagnescalePortOpenCheck()) {
+    if (!instruments.MagnescalePortOpenCheck() || !HeightHolds()) {
         return;
     }
     state_.StoreZeroXYZ(2, state_.CurrentXYZ(2));
@@ -177,6 +177,10 @@ void PositionLoop::ZeroPointReset() {
     if (instruments.MotorPortOpenCheck()) {
         instruments.MotorZeroReset();
     }
+}
+
+bool PositionLoop::HeightHolds() const {
+    return state_.CurrentXYZ(2) != NoPositionValue && objects_.cCommunication->MagnescaleReadingIsFresh();
 }
 
 void PositionLoop::StoreZeros() {

@@ -63,8 +63,9 @@ public:
     bool AllManipulatorReload();
 
     // Takes the present Z as the new origin, for stored heights, needles, settings, gauge and motor.
-    // Nothing happens while the gauge's port is closed. Raises OverflowFailure where a stored height
-    // leaves 32 bits.
+    // Nothing happens while the gauge's port is closed, while it has given no reading, and after a zero point
+    // until it has answered a request that was sent after it: a height that does not hold would go into every
+    // stored zero. Raises OverflowFailure where a stored height leaves 32 bits.
     void ZeroPointReset();
 
     // One tick; what it raises ends in it.
@@ -81,6 +82,7 @@ private:
 
     void TickSteps();
     void ReadOrAsk();
+    bool HeightHolds() const;
     void StoreZeros();
     void AskForReconnection();
     // None when the link says that nothing could be read; raises NumberFailure for a record without one.

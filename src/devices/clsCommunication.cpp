@@ -97,6 +97,7 @@ void clsCommunication::MagnescalePortClose() { magnescale_->PortClose(); }
 bool clsCommunication::MagnescalePortOpenCheck() const { return magnescale_->PortOpenCheck(); }
 void clsCommunication::RequestMagnescaleData() { magnescale_->RequestData(); }
 void clsCommunication::MagnescaleZeroReset() { magnescale_->ZeroReset(); }
+bool clsCommunication::MagnescaleReadingIsFresh() const { return magnescale_->ReadingIsFresh(); }
 void clsCommunication::MagnescaleKeyON() { magnescale_->KeyON(); }
 void clsCommunication::MagnescaleKeyOFF() { magnescale_->KeyOFF(); }
 

@@ -90,6 +90,7 @@ public:
     bool MagnescalePortOpenCheck() const;
     void RequestMagnescaleData();
     void MagnescaleZeroReset();
+    bool MagnescaleReadingIsFresh() const;
     void MagnescaleKeyON();
     void MagnescaleKeyOFF();
 

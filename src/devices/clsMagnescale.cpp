@@ -1,5 +1,6 @@
 #include "devices/clsMagnescale.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace travo {
@@ -16,6 +17,8 @@ void clsMagnescale::PortOpen(std::int16_t PortNumber) {
         // The gauge marks the end of a reading by its Clear To Send line; reception tells nothing.
         port.RThreshold(0);
         port.PortOpen(true);
+        // What was asked before the port was closed is answered no more.
+        settled_ = sent_;
         RequestData();
     });
 }
@@ -25,8 +28,21 @@ void clsMagnescale::PortClose() {
                      [this] { port_.Close(); });
 }
 
-void clsMagnescale::RequestData() { port_.Send("Ar\r\n"); }
-void clsMagnescale::ZeroReset() { port_.Send("ARES\r\n"); }
+void clsMagnescale::RequestData() {
+    if (port_.Send("Ar\r\n")) {
+        ++sent_;
+        settled_ = std::max(settled_, sent_ - std::min(sent_, MostUnanswered));
+    }
+}
+
+void clsMagnescale::ZeroReset() {
+    if (port_.IsOpen()) {
+        // Also where the port then fails: what the caller has moved is moved.
+        needed_ = sent_ + 1;
+    }
+    port_.Send("ARES\r\n");
+}
+
 void clsMagnescale::KeyOFF() { port_.Send("KEYOFF\r\n"); }
 void clsMagnescale::KeyON() { port_.Send("KEYON\r\n"); }
 
@@ -43,7 +59,15 @@ void clsMagnescale::MagnescaleComm_OnComm() {
     }
     // A reading that is no number is lost with all that came with it.
     if (const auto count = GaugeCount(*reading)) {
+        CountAnswer();
         receiver_.MagnescaleData(*count);
+    }
+}
+
+// A reading that nobody has asked for answers nothing.
+void clsMagnescale::CountAnswer() {
+    if (settled_ < sent_) {
+        read_ = ++settled_;
     }
 }
 

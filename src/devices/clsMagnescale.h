@@ -32,16 +32,31 @@ public:
     void RequestData();
     // Sets the gauge's display to zero.
     void ZeroReset();
+    // False from a ZeroReset on until the gauge has answered a request that was sent after it: until then the
+    // last reading may be counted from the zero before.
+    bool ReadingIsFresh() const { return read_ >= needed_; }
     // Disable and enable the keys on the gauge.
     void KeyOFF();
     void KeyON();
 
 private:
+    // An answer is taken for that of the oldest request without one. Of more than this many requests the
+    // oldest count as lost: else an outage would put all later answers down to requests long past.
+    static constexpr std::uint64_t MostUnanswered = 32;
+
     void MagnescaleComm_OnComm();
+    void CountAnswer();
 
     FailureHandler& failures_;
     Receiver& receiver_;
     GaugeText PendingText_;
+    // Requests are numbered from 1 in the order of sending.
+    std::uint64_t sent_ = 0;
+    // No answer is expected any more to those up to here.
+    std::uint64_t settled_ = 0;
+    // The one whose answer is the last reading, and the first whose answer will do.
+    std::uint64_t read_ = 0;
+    std::uint64_t needed_ = 0;
     LinkPort port_;
 };
 

@@ -40,6 +40,7 @@ protected:
             xyz = {-1, 0, 0};
         }
     }
+    void Answer(const char* reading) { GaugePort().Receive(reading, platform::ClearToSendEvent); }
     void MendReads() {
         for (auto& xyz : driver_.position) {
             xyz = {1000, 1000, 1000};
@@ -296,9 +297,49 @@ TEST_F(PositionLoopTest, ZeroPointResetTakesThePresentZAndReachesAllInTheirOrder
 
 TEST_F(PositionLoopTest, ZeroPointResetWithTheMotorPortClosedResetsTheGaugeAlone) {
     objects_->cCommunication->MagnescalePortOpen(2);
+    state_->CurrentXYZ(2, 500);
     journal_.clear();
     loop_->ZeroPointReset();
     EXPECT_EQ(Last(), "port 2 > ARES\r\n");
+}
+
+TEST_F(PositionLoopTest, ZeroPointResetBeforeTheGaugeHasSpokenChangesNothing) {
+    objects_->cCommunication->MagnescalePortOpen(2);
+    objects_->cCommunication->MotorPortOpen(3);
+    const QByteArray settings = ReadSettings();
+    journal_.clear();
+    loop_->ZeroPointReset();
+    EXPECT_TRUE(journal_.empty());
+    EXPECT_EQ(state_->ZeroXYZ(2), 0);
+    EXPECT_EQ(ReadSettings(), settings);
+    Answer("A+00.500\r\n");
+    loop_->ZeroPointReset();
+    EXPECT_EQ(state_->ZeroXYZ(2), 500);
+}
+
+TEST_F(PositionLoopTest,
+       ASecondZeroPointResetChangesNothingUntilTheGaugeHasAnsweredARequestSentAfterTheFirst) {
+    objects_->cCommunication->MagnescalePortOpen(2);
+    Answer("A+00.500\r\n");
+    objects_->cCommunication->RequestMagnescaleData();
+    loop_->ZeroPointReset();
+    ASSERT_EQ(objects_->cNeedleMove->PosZero(0, 2), -500);
+    const QByteArray settings = ReadSettings();
+    const auto again = [&] {
+        journal_.clear();
+        loop_->ZeroPointReset();
+        return std::pair(journal_.size(), objects_->cNeedleMove->PosZero(0, 2));
+    };
+    const std::pair<std::size_t, std::int32_t> nothing{0, -500};
+    EXPECT_EQ(again(), nothing);
+    objects_->cCommunication->RequestMagnescaleData();
+    EXPECT_EQ(again(), nothing) << "not answered";
+    Answer("A+00.500\r\n");
+    EXPECT_EQ(again(), nothing) << "the answer to the request before the zero point";
+    EXPECT_EQ(ReadSettings(), settings);
+    Answer("A+00.500\r\n");
+    loop_->ZeroPointReset();
+    EXPECT_EQ(objects_->cNeedleMove->PosZero(0, 2), -1000) << "the same height once more, but fresh";
 }
 
 TEST_F(PositionLoopTest, AfterStopNoTickMovesOrReadsAnything) {

@@ -243,6 +243,113 @@ TEST_F(Gauge, TextWithoutAWholeReadingSurvivesAReopening) {
     EXPECT_EQ(After(".100"), Journal{"Z 100"});
 }
 
+// Fresh readings.
+
+TEST_F(Gauge, BeforeAnyZeroResetEveryReadingIsFresh) {
+    EXPECT_TRUE(link->ReadingIsFresh());
+    Open();
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AfterAZeroResetAReadingIsFreshOnceARequestSentAfterItIsAnswered) {
+    Open();
+    Receive("A+00.100\r\n");
+    link->ZeroReset();
+    EXPECT_FALSE(link->ReadingIsFresh());
+    link->RequestData();
+    EXPECT_FALSE(link->ReadingIsFresh()) << "asked, not answered";
+    Receive("A+00.000\r\n");
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AnEqualValueIsAsFreshAsAnyOther) {
+    Open();
+    Receive("A+00.000\r\n");
+    link->ZeroReset();
+    link->RequestData();
+    Receive("A+00.000\r\n");
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, LateAnswersToRequestsSentBeforeAZeroResetAreNotFresh) {
+    Open();
+    link->RequestData();
+    link->RequestData();
+    link->ZeroReset();
+    link->RequestData();
+    for (int late = 0; late < 3; ++late) {
+        EXPECT_EQ(After("A+00.100\r\n"), Journal{"Z 100"}) << "it is told all the same";
+        EXPECT_FALSE(link->ReadingIsFresh()) << late;
+    }
+    Receive("A+00.000\r\n");
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AnAnswerThatNobodyAskedForIsNotFreshAndCountsForNoRequest) {
+    Open();
+    Receive("A+00.100\r\n");
+    link->ZeroReset();
+    Receive("A+00.100\r\n");
+    EXPECT_FALSE(link->ReadingIsFresh());
+    link->RequestData();
+    EXPECT_FALSE(link->ReadingIsFresh());
+    Receive("A+00.000\r\n");
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AReadingThatIsNoNumberAnswersNothing) {
+    Open();
+    Receive("A+00.100\r\n");
+    link->ZeroReset();
+    link->RequestData();
+    Receive("Abad bad\r\n");
+    EXPECT_FALSE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AfterAReopeningOldRequestsAreForgottenAndTheFirstAnswerIsFresh) {
+    Open();
+    for (int unanswered = 0; unanswered < 10; ++unanswered) {
+        link->RequestData();
+    }
+    link->ZeroReset();
+    link->PortOpen(2);
+    EXPECT_FALSE(link->ReadingIsFresh());
+    Receive("A+00.000\r\n");
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AnOutageHoldsTheFreshReadingUpForThirtyTwoAnswersAtMost) {
+    Open();
+    for (int unanswered = 0; unanswered < 1000; ++unanswered) {
+        link->RequestData();
+    }
+    link->ZeroReset();
+    for (int answer = 1; answer <= 32; ++answer) {
+        EXPECT_FALSE(link->ReadingIsFresh()) << answer;
+        link->RequestData();
+        Receive("A+00.000\r\n");
+    }
+    EXPECT_TRUE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, SilenceAloneMakesNothingFresh) {
+    Open();
+    link->ZeroReset();
+    for (int unanswered = 0; unanswered < 1000; ++unanswered) {
+        link->RequestData();
+    }
+    EXPECT_FALSE(link->ReadingIsFresh());
+}
+
+TEST_F(Gauge, AZeroResetThatThePortRefusesWantsAFreshReadingAllTheSameAndOneWithoutAPortDoesNot) {
+    link->ZeroReset();
+    EXPECT_TRUE(link->ReadingIsFresh());
+    Open();
+    Port().failOutput = true;
+    EXPECT_THROW(link->ZeroReset(), std::runtime_error);
+    EXPECT_FALSE(link->ReadingIsFresh());
+}
+
 TEST_F(Gauge, AFailureOfTheReceiverGoesUpAndTheReadingIsGone) {
     Open();
     failing = {"Z 100"};

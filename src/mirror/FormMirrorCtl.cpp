@@ -60,7 +60,7 @@ void FormMirrorCtl::Activated() {
     for (usrKVButton& button : usrKVButton2_) {
         button.Enabled(motorOpen);
     }
-    CtlController1.ChangeEnable(cCommunication_.MirrorPortOpenCheck() &&
+    CtlController1.ChangeEnable(cCommunication_.MirrorPortOpenCheck() && state_.bMirrorMotorONOFF &&
                                 state_.intMagnification() != LowestMagnification);
 }
 

@@ -39,7 +39,8 @@ public:
     // Likewise; ONOFF is 0 for motors off, anything else on. To be told of every report of the motors.
     void checkMotor(std::int16_t ONOFF);
 
-    // The focus buttons go by the motor's port; the pad by the mirror's port and the present magnification.
+    // The focus buttons go by the motor's port; the pad by the mirror's port, the motors as they were last
+    // reported and the present magnification.
     void Activated() override;
 
     // The pad.

@@ -50,7 +50,7 @@ protected:
 
 // ---- Who is enabled when ----
 
-TEST_F(FormMirrorCtlTest, ActivationGoesByTheTwoPortsAndTheMagnificationForEveryState) {
+TEST_F(FormMirrorCtlTest, ActivationGoesByTheTwoPortsTheMotorsAndTheMagnificationForEveryState) {
     for (int state = 0; state < 64; ++state) {
         const bool mirror = (state & 1) != 0;
         const bool motor = (state & 2) != 0;
@@ -61,7 +61,7 @@ TEST_F(FormMirrorCtlTest, ActivationGoesByTheTwoPortsAndTheMagnificationForEvery
         rig.state.CurrentMagnification(magnification);
         PadEnabled(before);
         window.Activated();
-        EXPECT_EQ(PadEnabled(), mirror && magnification != 1) << state;
+        EXPECT_EQ(PadEnabled(), mirror && rig.state.bMirrorMotorONOFF && magnification != 1) << state;
         EXPECT_EQ(FocusStates(), motor ? "eeee" : "dddd") << state;
     }
     EXPECT_EQ(TakeSent(), Sent{});
@@ -128,6 +128,19 @@ TEST_F(FormMirrorCtlTest, WithTheMirrorsMotorsOffThePadIsDisabled) {
     TakeSent();
     ClickPad(1);
     EXPECT_EQ(TakeSent(), Sent{});
+}
+
+TEST_F(FormMirrorCtlTest, WithTheMirrorsMotorsOffThePadStaysDisabledWhenTheWindowComesToTheFront) {
+    window.ShowWindow();
+    Status(0, 2);
+    QEvent event(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &event);
+    EXPECT_FALSE(PadEnabled());
+    TakeSent();
+    ClickPad(1);
+    EXPECT_EQ(TakeSent(), Sent{});
+    Status(1, 2);
+    EXPECT_TRUE(PadEnabled());
 }
 
 TEST_F(FormMirrorCtlTest, AStatusLineThatChangesTheMagnificationFrom1To2EnablesThePadAtOnce) {

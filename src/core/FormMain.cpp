@@ -30,7 +30,7 @@ FormMain::FormMain(const platform::Machine& machine)
               machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
       controls_(machine_.folders.Program(), this) {
     setObjectName(QStringLiteral("FormMain"));
-    setWindowTitle(QStringLiteral("TRAVO"));
+    setWindowTitle(FormMainTitle(title_));
     qApp->setStyleSheet(ApplicationStyleSheet());
     resize(FormMainLayout::DesignSize);
     ConnectControls();
@@ -194,7 +194,7 @@ void FormMain::DefaultSize(const WindowSize& size) {
 
 void FormMain::ConstructPanels() {
     panels_ = std::make_unique<FormMainPanels>(
-        machine_, state_, objects_, FormMainPanels::Owner{*this, *this, *this, *this, loop_}, this);
+        machine_, state_, objects_, FormMainPanels::Owner{*this, *this, *this, *this, *this, loop_}, this);
     tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
                                            [this] { ResizeStep(); });
     windows_ =
@@ -292,6 +292,29 @@ void FormMain::FormClose(std::int32_t Index) { panels_->CtlUser1.FormClose(Index
 
 void FormMain::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
     windows_->ManiInfo.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
+}
+
+void FormMain::ObjectiveRaised(bool isRaised) {
+    title_.isObjectiveRaised = isRaised;
+    setWindowTitle(FormMainTitle(title_));
+}
+
+bool FormMain::IsLit(std::int16_t needle) const {
+    return panels_->CtlCalibration1.LitNeedle() == needle ||
+           panels_->CtlExperiment1.intMoveTarget() == needle;
+}
+
+void FormMain::TakeLampsFrom(std::int16_t needle) {
+    const std::int16_t selected = state_.intManipulatorNumber;
+    if (selected < 0 || selected >= NeedleCount) {
+        return;
+    }
+    if (panels_->CtlCalibration1.LitNeedle() == needle) {
+        panels_->CtlCalibration1.ShowNeedle(selected);
+    }
+    if (panels_->CtlExperiment1.intMoveTarget() == needle) {
+        panels_->CtlExperiment1.ManipulatorChange(selected);
+    }
 }
 
 void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }

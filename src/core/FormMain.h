@@ -11,6 +11,7 @@
 #include "core/FormMainObjects.h"
 #include "core/FormMainPanels.h"
 #include "core/FormMainTabs.h"
+#include "core/FormMainTitle.h"
 #include "core/FormMainWindows.h"
 #include "core/PositionLoop.h"
 #include "core/SharedState.h"
@@ -30,6 +31,7 @@ class FormMain : public QWidget,
                  private CtlUser::Owner,
                  private CtlCellPosition::Owner,
                  private CtlCalibration::Owner,
+                 private CtlEscape::Owner,
                  private CtlConnection::Owner,
                  private FormBirdView::Owner,
                  private FormSkinned::Owner {
@@ -120,6 +122,10 @@ private:
     void FormClose(std::int32_t Index) override;
     // CtlCalibration::Owner, and stored times
     void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
+    void ObjectiveRaised(bool isRaised) override;
+    // CtlEscape::Owner
+    bool IsLit(std::int16_t needle) const override;
+    void TakeLampsFrom(std::int16_t needle) override;
 
     platform::Machine machine_;
     SharedState state_;
@@ -131,6 +137,7 @@ private:
     std::unique_ptr<FormMainPanels> panels_;
     std::unique_ptr<FormMainWindows> windows_;
     std::unique_ptr<FormMainTabs> tabs_;
+    TitleNotes title_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;
     bool asking_ = false;

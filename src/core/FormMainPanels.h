@@ -27,6 +27,7 @@ public:
         CtlUser::Owner& user;
         CtlCellPosition::Owner& cellPosition;
         CtlCalibration::Owner& calibration;
+        CtlEscape::Owner& escape;
         CtlConnection::Owner& connection;
         NeedleReader& needle;
     };

@@ -53,6 +53,8 @@ public:
 
     // Where to: cell 0 to 7 (A to H), or PresentView.
     std::int16_t intCellNo() const { return intCellNo_; }
+    // What moves: needle 0 to 3, or View.
+    std::int16_t intMoveTarget() const { return intMoveTarget_; }
 
     // Shows the needle, index 0 to 3, as what moves. BoundsFailure for an index that has no lamp.
     void ManipulatorChange(std::int16_t ManipulatorNumber);

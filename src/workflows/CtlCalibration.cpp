@@ -15,8 +15,6 @@ namespace {
 constexpr QSizeF Design(486, 520);
 // The index of the objective that positions are recorded with.
 constexpr std::int16_t Magnification2x = 2;
-// Motor steps between marks and raised focus; 100 common Z units.
-constexpr std::int32_t ObjectiveRaise = 10000;
 // First field of a manipulator record that holds no position.
 constexpr std::int16_t NothingRead = -1;
 // Whose time it is.
@@ -24,16 +22,9 @@ constexpr std::int16_t OfCalibration = 0;
 constexpr std::int16_t OfReCalibration = 1;
 
 const QString NoTime = QStringLiteral("-1");
+const QString CaptureFailed = QStringLiteral("Error : Manipulator calibration position setting");
+const QString SettingFailed = QStringLiteral("Error : Calibration Setting");
 const QString AdjustMagnification = QStringLiteral("Please adjust the magnification to 2X.");
-
-// What a step shows: a row of capture buttons and a picture.
-struct Look {
-    std::size_t firstCapture;
-    std::size_t lastCapture;
-    std::size_t picture;
-};
-// By step.
-constexpr std::array<Look, 4> Looks{{{0, 2, 0}, {3, 3, 1}, {4, 4, 2}, {0, 2, 0}}};
 
 std::vector<std::string_view> Fields(std::string_view record) {
     std::vector<std::string_view> fields;
@@ -86,8 +77,8 @@ void CtlCalibration::Connect() {
 void CtlCalibration::CapturePressed(std::size_t Index) {
     usrKVCheckButton& button = captureButton_.at(Index);
     if (!At2x()) {
-        // As it stood: only what has been recorded is down.
-        button.SetRaised(!recorded_.at(Index));
+        // As it stood: only what has been captured is down.
+        button.SetRaised(!PointCaptured_.at(Index));
         system_.failures.Show(AdjustMagnification);
         return;
     }
@@ -95,31 +86,55 @@ void CtlCalibration::CapturePressed(std::size_t Index) {
         button.SetRaised(false);
         return;
     }
-    const bool done = system_.failures.Handle(
-        QStringLiteral("Error : Manipulator calibration position setting"), [this, Index, &button] {
-            try {
-                Capture(Index);
-            } catch (...) {
-                // Before the box: what the operator sees behind it is how things stand.
-                button.SetRaised(!recorded_.at(Index));
-                throw;
-            }
-        });
-    if (!done) {
+    if (!LitNeedleIsSelected()) {
+        Free(Index);
+        const bool isUnknown = system_.state.intManipulatorNumber == NoNeedle;
+        system_.failures.Report(isUnknown ? CaptureFailed : SettingFailed);
+        return;
+    }
+    bool isOfLitNeedle = true;
+    const bool done = system_.failures.Handle(CaptureFailed, [this, Index, &isOfLitNeedle] {
+        try {
+            isOfLitNeedle = Capture(Index);
+        } catch (...) {
+            // Before the box: what the operator sees behind it is how things stand.
+            Free(Index);
+            throw;
+        }
+    });
+    if (!isOfLitNeedle) {
+        Free(Index);
+        system_.failures.Report(SettingFailed);
+    }
+    if (!done || !isOfLitNeedle) {
         system_.live.LiveActionEnd();
     }
 }
 
-void CtlCalibration::Capture(std::size_t Index) {
+void CtlCalibration::Free(std::size_t Index) {
+    PointCaptured_.at(Index) = false;
+    captureButton_.at(Index).SetRaised(true);
+}
+
+bool CtlCalibration::Capture(std::size_t Index) {
+    usrKVCheckButton& button = captureButton_.at(Index);
+    if (button.isHidden()) {
+        throw Failure("the needle that was read has ended the step");
+    }
+    // A needle that was read for this press has raised it.
+    button.SetRaised(false);
     if (system_.state.LiveOpen) {
         system_.live.LiveActionStart();
     }
     // The replies come later: the view that is recorded is the one known before.
     system_.communication.RequestMagnescaleData();
     system_.communication.RequestMirrorData();
-    // Also where the rest fails: a new step alone makes the button usable again.
     PointCaptured_.at(Index) = true;
     const Tip tip = ReadTip();
+    if (LitNeedle() != NoNeedle && LitNeedle() != tip.needle) {
+        ShowNeedle(tip.needle);
+        return false;
+    }
     if (Index == PointCenter) {
         values_.Center(tip.counts);
     } else {
@@ -129,9 +144,9 @@ void CtlCalibration::Capture(std::size_t Index) {
     if (Index != PointZ) {
         values_.Zero(tip.needle, MirrorToCommon(system_.state.CurrentXYZ()));
     }
-    recorded_.at(Index) = true;
     TellCameraCaptured(Index);
     GoOnAfter(Index);
+    return true;
 }
 
 CtlCalibration::Tip CtlCalibration::ReadTip() {
@@ -163,7 +178,7 @@ void CtlCalibration::GoOnAfter(std::size_t Index) {
     }
     std::size_t down = 0;
     for (std::size_t mark = 0; mark < MarkCount; ++mark) {
-        if (captureButton_.at(mark).Value() && recorded_.at(mark)) {
+        if (captureButton_.at(mark).Value() && PointCaptured_.at(mark)) {
             ++down;
         }
     }
@@ -175,7 +190,10 @@ void CtlCalibration::GoOnAfter(std::size_t Index) {
 // Keeping and clearing.
 
 void CtlCalibration::ConfirmPressed(std::size_t Index) {
-    system_.failures.Handle(QStringLiteral("Error : Calibration Setting"), [this, Index] {
+    system_.failures.Handle(SettingFailed, [this, Index] {
+        if (Index != AllResetButton && !LitNeedleIsSelected()) {
+            throw Failure("another needle is selected than the one that is lit");
+        }
         const std::int16_t needle = system_.state.intManipulatorNumber;
         if (Index == SetButton) {
             Confirm(needle);
@@ -233,6 +251,10 @@ void CtlCalibration::NeedlePressed(std::int16_t Index) {
 void CtlCalibration::ManipulatorChange(std::int16_t ManipulatorNumber) {
     system_.communication.RequestMagnescaleData();
     system_.communication.RequestMirrorData();
+    ShowNeedle(ManipulatorNumber);
+}
+
+void CtlCalibration::ShowNeedle(std::int16_t ManipulatorNumber) {
     PressOnly(needleButton_, Bounded(ManipulatorNumber, needleButton_.size()));
     for (std::size_t mark = 0; mark < MarkCount; ++mark) {
         captureButton_.at(mark).SetRaised(true);
@@ -242,87 +264,23 @@ void CtlCalibration::ManipulatorChange(std::int16_t ManipulatorNumber) {
     }
 }
 
-// The steps.
-
-void CtlCalibration::ChangeCalibrationStep(Step step) {
-    ShowStep(step);
-    if (!system_.state.LiveOpen) {
-        return;
-    }
-    switch (step) {
-        case Step::RaisedFocus:
-            system_.live.LiveCalibZ();
-            break;
-        case Step::Center:
-            system_.live.LiveCalibCenter();
-            break;
-        case Step::Marks:
-        case Step::AfterFullCalibration:
-            system_.live.LiveCalibPoints();
-            break;
-    }
+std::int16_t CtlCalibration::LitNeedle() const {
+    const auto lit = std::find_if(needleButton_.begin(), needleButton_.end(),
+                                  [](const usrKVCheckButton& button) { return button.Value(); });
+    return lit == needleButton_.end() ? NoNeedle : static_cast<std::int16_t>(lit - needleButton_.begin());
 }
 
-void CtlCalibration::EnterStepOfMode() {
-    const Step step = StepOfMode();
-    ShowStep(step);
-    if (step == Step::Center) {
-        system_.live.AnnounceCalibCenter();
-    } else {
-        system_.live.AnnounceCalibPoints();
+bool CtlCalibration::LitNeedleIsSelected() {
+    const std::int16_t& selected = system_.state.intManipulatorNumber;
+    const std::int16_t lit = LitNeedle();
+    if (lit == NoNeedle || lit == selected) {
+        return true;
     }
-}
-
-void CtlCalibration::ShowStep(Step step) {
-    const Look& look = Looks.at(static_cast<std::size_t>(step));
-    PointCaptured_.fill(false);
-    recorded_.fill(false);
-    for (std::size_t point = look.firstCapture; point <= look.lastCapture; ++point) {
-        captureButton_.at(point).SetRaised(true);
-        captureButton_.at(point).show();
+    system_.needle.ManipulatorReload();
+    if (lit != selected && selected >= 0 && selected < NeedleCount) {
+        ShowNeedle(selected);
     }
-    MoveFocusTo(captureButton_.at(look.firstCapture));
-    confirmButton_[SetButton].Enabled(false);
-    for (std::size_t point = 0; point < captureButton_.size(); ++point) {
-        if (point < look.firstCapture || point > look.lastCapture) {
-            captureButton_.at(point).SetRaised(true);
-            captureButton_.at(point).hide();
-        }
-    }
-    for (std::size_t picture = 0; picture < imgCalibPos_.size(); ++picture) {
-        imgCalibPos_[picture].setVisible(picture == look.picture);
-    }
-    if (step == Step::RaisedFocus) {
-        RaiseObjective();
-    } else if (step == Step::AfterFullCalibration && system_.communication.MotorPortOpenCheck()) {
-        // Undoes the raise.
-        system_.communication.MotorMoveRZ(-ObjectiveRaise);
-    }
-}
-
-void CtlCalibration::RaiseObjective() {
-    if (system_.communication.MotorPortOpenCheck()) {
-        system_.communication.MotorMoveRZ(ObjectiveRaise);
-        system_.failures.Show(
-            QStringLiteral("Adjust manipulator Z axis until needle tip is in focus.\r\n"
-                           "Do not adjust focus knob on microscope."));
-    } else {
-        system_.failures.Show(QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z"));
-    }
-}
-
-// From a button that the step takes away the focus would go to RESET, and the next key would clear.
-void CtlCalibration::MoveFocusTo(QWidget& next) {
-    const bool isTaken = confirmButton_[SetButton].hasFocus() ||
-                         std::any_of(captureButton_.begin(), captureButton_.end(),
-                                     [](const usrKVCheckButton& button) { return button.hasFocus(); });
-    if (isTaken) {
-        next.setFocus();
-    }
-}
-
-CtlCalibration::Step CtlCalibration::StepOfMode() const {
-    return modeButton_[FullCalibration].Value() ? Step::Marks : Step::Center;
+    return lit == selected;
 }
 
 // Coming and going.

@@ -12,6 +12,7 @@
 #include "controls/usrKVCheckButton.h"
 #include "core/FailureHandler.h"
 #include "core/LiveLink.h"
+#include "core/NeedleReader.h"
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "core/clsIniEdit.h"
@@ -27,12 +28,16 @@ namespace travo {
 // 2) and in focus under the raised objective (point 3). A re-calibration records one, the tip on the
 // centre, and moves the reference point only. What has been captured stays here until SET.
 //
+// The needle that is lit is the one that acts: where another was read last, a capture, SET and RESET read
+// once before they act, and record, keep and clear nothing where the lit one is not selected even then.
+//
 // Presses of a capture button and of SET, RESET and ALLRESET report their failures themselves. A camera
 // that does not answer disturbs nothing: it is told without waiting. All else goes to the caller.
 class CtlCalibration : public PanelCanvas, public PanelSteps {
     Q_OBJECT
 
 public:
+    static constexpr std::int16_t NoNeedle = -1;
     // From one change of the blinking warning to the next, in milliseconds.
     static constexpr int BlinkPeriod = 1000;
 
@@ -43,6 +48,9 @@ public:
         // The time of a needle's calibration (CalibOrRe 0) or re-calibration (1), as it is to be read; "-1"
         // for none. ManiNo is 0 to 3.
         virtual void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) = 0;
+        // The panel has raised the objective for the Z point more often than it has lowered it, or no longer.
+        // Told at each raise and lowering, behind the command and ahead of its box.
+        virtual void ObjectiveRaised(bool isRaised) = 0;
     };
 
     // Each outlives the panel.
@@ -56,6 +64,7 @@ public:
         const platform::Clock& clock;
         platform::Timers& timers;
         Owner& owner;
+        NeedleReader& needle;
     };
 
     // programFolder holds the folder skin. Full calibration is chosen.
@@ -65,6 +74,10 @@ public:
     void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
     // Another needle, index 0 to 3, is selected at the hardware. BoundsFailure for any other.
     void ManipulatorChange(std::int16_t ManipulatorNumber);
+    // Likewise, without asking gauge and mirror.
+    void ShowNeedle(std::int16_t ManipulatorNumber);
+    // The needle whose button is down, index 0 to 3; NoNeedle until one has been chosen or read.
+    std::int16_t LitNeedle() const;
     // The magnification has been written. Positions are recorded at 2x alone.
     void ChangeMagnification(std::int16_t Magnification);
 
@@ -94,7 +107,13 @@ private:
 
     // Index is 0 to 4: the marks, Z, the centre.
     void CapturePressed(std::size_t Index);
-    void Capture(std::size_t Index);
+    // False where the tip that was read is another needle's than the one that is lit: nothing is recorded.
+    bool Capture(std::size_t Index);
+    // Nothing has been captured: the next press captures.
+    void Free(std::size_t Index);
+    // Reads once where the lit needle is not the one that was read last; false where it is not even then,
+    // with the lamp at the one that is.
+    bool LitNeedleIsSelected();
     // A needle's tip as its manipulator reports it.
     struct Tip {
         std::int16_t needle;
@@ -116,7 +135,8 @@ private:
     // All of a step but the camera.
     void ShowStep(Step step);
     void RaiseObjective();
-    void MoveFocusTo(QWidget& next);
+    // The objective has moved up (1) or down (-1) by one raise.
+    void CountRaise(int way);
     Step StepOfMode() const;
 
     bool At2x() const;
@@ -129,11 +149,11 @@ private:
 
     const System system_;
 
-    // The button has been used in this step, with or without success.
+    // The position has been captured in this step.
     std::array<bool, CaptureCount> PointCaptured_{};
-    // The position has been recorded in this step.
-    std::array<bool, CaptureCount> recorded_{};
     CtlCalibrationValues values_;
+    // Raises of this run less lowerings.
+    int raises_ = 0;
 
     std::array<usrKVCheckButton, 2> modeButton_;
     std::array<usrKVCheckButton, NeedleCount> needleButton_;

@@ -48,6 +48,9 @@ void CtlEscape::Shown() {
 }
 
 void CtlEscape::ButtonPressed(std::size_t Index) {
+    if (Index != ObjectiveIndex && !IsKnown(static_cast<std::int16_t>(Index))) {
+        return;
+    }
     system_.live.LiveActionStart();
     // The replies come later: what is recorded now is what was known before.
     system_.communication.RequestMagnescaleData();
@@ -58,6 +61,18 @@ void CtlEscape::ButtonPressed(std::size_t Index) {
         RecordNeedle(static_cast<std::int32_t>(Index));
     }
     system_.live.LiveActionEnd();
+}
+
+bool CtlEscape::IsKnown(std::int16_t needle) {
+    const std::int16_t& selected = system_.state.intManipulatorNumber;
+    if (needle == selected || !system_.owner.IsLit(needle)) {
+        return true;
+    }
+    system_.needle.ManipulatorReload();
+    if (needle != selected) {
+        system_.owner.TakeLampsFrom(needle);
+    }
+    return needle == selected;
 }
 
 void CtlEscape::RecordNeedle(std::int32_t needle) {

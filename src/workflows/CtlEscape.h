@@ -9,6 +9,7 @@
 #include "controls/PanelSteps.h"
 #include "controls/usrKVButton.h"
 #include "core/LiveLink.h"
+#include "core/NeedleReader.h"
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "devices/clsCommunication.h"
@@ -24,12 +25,24 @@ class CtlEscape : public PanelCanvas, public PanelSteps {
     Q_OBJECT
 
 public:
+    // What the other panels know.
+    class Owner {
+    public:
+        virtual ~Owner() = default;
+        // The needle, 0 to 3, is lit on a panel on which needles are chosen.
+        virtual bool IsLit(std::int16_t needle) const = 0;
+        // The needle is not the one that the hardware has selected: its lamps go to that one.
+        virtual void TakeLampsFrom(std::int16_t needle) = 0;
+    };
+
     // Each outlives the panel.
     struct System {
         SharedState& state;
         clsCommunication& communication;
         clsEscape& escape;
         LiveLink& live;
+        NeedleReader& needle;
+        Owner& owner;
     };
 
     // programFolder holds the folder skin. No needle has been shown as connected: its labels are hidden and
@@ -57,6 +70,9 @@ private:
                      const QString& programFolder);
 
     void ButtonPressed(std::size_t Index);
+    // A button records what is known of its own needle, whichever is selected. A needle that has been chosen
+    // elsewhere and not been read since is read once; false where the hardware has another even then.
+    bool IsKnown(std::int16_t needle);
     void RecordNeedle(std::int32_t needle);
     void RecordObjective();
     NumberLabel& NeedleLabel(std::int32_t needle, std::int32_t axis);

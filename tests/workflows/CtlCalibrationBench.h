@@ -1,5 +1,5 @@
 // The calibration panel on show at 2x, on instruments that stand ready: four needles of which the first is
-// selected, all ports open, the camera there. The test is the panel's owner.
+// selected, all ports open, the camera there. The test is the panel's owner and reads needles as it does.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/Arithmetic.h"
+#include "core/NeedleReader.h"
 #include "core/SettingsKeys.h"
 #include "support/LogTexts.h"
 #include "support/PanelRig.h"
@@ -25,7 +27,7 @@ inline const QString FocusBox = QStringLiteral(
 inline const QString RaiseBox =
     QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z");
 
-class CtlCalibrationBench : public ::testing::Test, protected CtlCalibration::Owner {
+class CtlCalibrationBench : public ::testing::Test, protected CtlCalibration::Owner, protected NeedleReader {
 protected:
     static constexpr int A = 0;
     static constexpr int B = 1;
@@ -176,10 +178,28 @@ protected:
         }
     }
 
+    void ObjectiveRaised(bool isRaised) override { objectiveRaised.push_back(isRaised); }
+    bool ManipulatorReload() override {
+        rig.journal.push_back("read");
+        const std::string record = rig.communication.RequestManipulatorData();
+        const std::int16_t needle =
+            record.empty() ? std::int16_t{-1} : ReadInteger16(record.substr(0, record.find(',')));
+        if (needle == -1) {
+            return false;
+        }
+        if (needle != rig.state.intManipulatorNumber) {
+            rig.state.intManipulatorNumber = needle;
+            panel.ManipulatorChange(needle);
+        }
+        return true;
+    }
+
     bool ownerFails = false;
+    // What has been told of it.
+    std::vector<bool> objectiveRaised;
     PanelRig rig;
     CtlCalibration panel{{rig.state, rig.communication, rig.needleMove, rig.ini, rig.live, rig.failures,
-                          rig.clock, rig.timers, *this},
+                          rig.clock, rig.timers, *this, *this},
                          rig.ProgramFolder()};
 };
 

@@ -174,6 +174,49 @@ TEST_F(CtlCalibrationCapture, WithTheMotorPortClosedTheOperatorIsToldAndThenTheC
     EXPECT_EQ(Take(), Joined({Capture("LiveCalibPoints"), {"box " + RaiseBox.toStdString(), "LiveCalibZ"}}));
 }
 
+TEST_F(CtlCalibrationCapture, EachRaiseAndLoweringByTheMotorTellsWhetherTheObjectiveStandsRaised) {
+    CaptureMarks();
+    EXPECT_THAT(objectiveRaised, ElementsAre(true));
+    Click(Mode(Full));
+    CaptureAll();
+    EXPECT_THAT(objectiveRaised, ElementsAre(true, true)) << "leaving the step lowers nothing";
+    Click(Confirm(Set));
+    EXPECT_THAT(objectiveRaised, ElementsAre(true, true, true)) << "raised twice, lowered once";
+    CaptureAll();
+    Click(Confirm(Set));
+    objectiveRaised.clear();
+    CaptureAll();
+    rig.communication.MotorPortClose();
+    Click(Confirm(Set));
+    EXPECT_THAT(objectiveRaised, ElementsAre(true)) << "nothing was lowered";
+}
+
+TEST_F(CtlCalibrationCapture, AnObjectiveThatIsLoweredAsOftenAsItWasRaisedStandsRaisedNoMore) {
+    for (int round = 0; round < 2; ++round) {
+        CaptureAll();
+        Click(Confirm(Set));
+    }
+    EXPECT_THAT(objectiveRaised, ElementsAre(true, false, true, false));
+    objectiveRaised.clear();
+    rig.communication.MotorPortClose();
+    CaptureAll();
+    EXPECT_THAT(objectiveRaised, IsEmpty()) << "raised by hand";
+}
+
+TEST_F(CtlCalibrationCapture, ARaiseThatThePortRefusesIsNone) {
+    rig.MotorPort().failOutput = true;
+    CaptureMarks();
+    EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
+    EXPECT_THAT(objectiveRaised, IsEmpty());
+}
+
+TEST_F(CtlCalibrationCapture, TheRaiseIsToldBeforeItsBox) {
+    std::size_t told = 0;
+    rig.boxes.whileShown = [this, &told] { told = objectiveRaised.size(); };
+    CaptureMarks();
+    EXPECT_EQ(told, 1U);
+}
+
 TEST_F(CtlCalibrationCapture, TheStepIsOnShowBehindItsBox) {
     std::string behind;
     rig.boxes.whileShown = [this, &behind] { behind = OnShow(); };
@@ -199,30 +242,6 @@ TEST_F(CtlCalibrationCapture, SetIsEnabledByTheZPointAndByTheCentreAlone) {
     EXPECT_FALSE(Confirm(Set).Enabled());
     Click(Point(Centre));
     EXPECT_TRUE(Confirm(Set).Enabled());
-}
-
-TEST_F(CtlCalibrationCapture, WorkedByKeysTheFocusGoesOnToTheNextCaptureAndNeverToReset) {
-    panel.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
-    const auto press = [](QWidget& control) {
-        control.setFocus();
-        QTest::keyClick(&control, Qt::Key_Space);
-    };
-    for (const int mark : {A, B, C}) {
-        press(Point(mark));
-    }
-    EXPECT_EQ(OnShow(), "Z picture 1");
-    EXPECT_TRUE(Point(Z).hasFocus());
-    press(Point(Z));
-    press(Confirm(Set));
-    EXPECT_TRUE(Point(A).hasFocus());
-    Click(Mode(Re));
-    press(Point(Centre));
-    press(Confirm(Set));
-    EXPECT_TRUE(Point(Centre).hasFocus());
-    press(Confirm(Reset));
-    EXPECT_TRUE(Confirm(Reset).hasFocus());
-    EXPECT_FALSE(rig.state.CalibrationON(0));
 }
 
 // Failures.
@@ -272,23 +291,45 @@ TEST_F(CtlCalibrationCapture, AViewBeyond32BitsFailsTheCapture) {
     EXPECT_EQ(OnShow(), "A B C picture 0");
 }
 
-TEST_F(CtlCalibrationCapture, AfterAFailureTheButtonIsUsedUpAndDoesNotCountUntilANewStep) {
-    rig.driver.failing = {"DriverGetPosition"};
-    Click(Point(A));
-    rig.driver.failing.clear();
-    Take();
-    TakeBoxes();
-    Click(Point(A));
-    EXPECT_THAT(Take(), IsEmpty());
-    EXPECT_EQ(OnShow(), "[A] B C picture 0") << "held down";
-    Click(Point(B));
-    Click(Point(C));
-    EXPECT_EQ(OnShow(), "[A] [B] [C] picture 0") << "two points have been recorded, not three";
-    EXPECT_FALSE(Confirm(Set).Enabled());
-    Click(Mode(Full));
-    EXPECT_EQ(OnShow(), "A B C picture 0");
-    CaptureMarks();
+TEST_F(CtlCalibrationCapture, AfterAFailureTheNextPressCapturesAndThePointsTrulyCapturedCount) {
+    for (const int lost : {A, B, C}) {
+        Click(Mode(Full));
+        rig.driver.failing = {"DriverGetPosition"};
+        CaptureAt(lost, {1, 2, 3});
+        rig.driver.failing.clear();
+        Take();
+        CaptureMarks();
+        EXPECT_EQ(OnShow(), "Z picture 1") << lost;
+    }
+    CaptureAt(Z, Straight[3]);
+    Click(Confirm(Set));
+    EXPECT_EQ(rig.needleMove.ManipulatorCalibrationPosXYZ(0, 0, C), Straight[2][0]);
+}
+
+TEST_F(CtlCalibrationCapture, ACaptureThatWasLostDoesNotCountTowardsTheThree) {
+    CaptureAt(A, {25001, 0, 0});
+    CaptureAt(A, Straight[0]);
+    EXPECT_EQ(OnShow(), "A B C picture 0") << "the guard was still taken";
+    CaptureAt(B, Straight[1]);
+    CaptureAt(C, Straight[2]);
+    EXPECT_EQ(OnShow(), "A [B] [C] picture 0") << "two points, and the third can be seen to be missing";
+    CaptureAt(A, Straight[0]);
     EXPECT_EQ(OnShow(), "Z picture 1");
+}
+
+TEST_F(CtlCalibrationCapture, ALostZPointAndALostCentreAreCapturedByTheNextPress) {
+    CaptureMarks();
+    for (const int point : {Z, Centre}) {
+        if (point == Centre) {
+            Click(Mode(Re));
+        }
+        rig.driver.failing = {"DriverGetPosition"};
+        Click(Point(point));
+        EXPECT_FALSE(Confirm(Set).Enabled());
+        rig.driver.failing.clear();
+        Click(Point(point));
+        EXPECT_TRUE(Confirm(Set).Enabled());
+    }
 }
 
 TEST_F(CtlCalibrationCapture, AFailedZPointAndAFailedCentreDoNotEnableSet) {

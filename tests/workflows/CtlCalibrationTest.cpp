@@ -28,7 +28,7 @@ protected:
 
 TEST_F(CtlCalibrationPanel, AtFirstAFullCalibrationIsChosenAndSetIsDisabled) {
     CtlCalibration fresh({rig.state, rig.communication, rig.needleMove, rig.ini, rig.live, rig.failures,
-                          rig.clock, rig.timers, *this},
+                          rig.clock, rig.timers, *this, *this},
                          rig.ProgramFolder());
     EXPECT_EQ(fresh.objectName(), QStringLiteral("CtlCalibration1"));
     EXPECT_TRUE(fresh.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton2(0)"))->Value());

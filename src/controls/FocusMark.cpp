@@ -47,7 +47,9 @@ bool IsKeyboard(Qt::FocusReason reason) {
 
 }  // namespace
 
-FocusMark::FocusMark(QWidget& control, const DesignSized& design) : control_(control), design_(design) {
+// A child of its control, so that it can be found there.
+FocusMark::FocusMark(QWidget& control, const DesignSized& design)
+    : QObject(&control), control_(control), design_(design) {
     control.installEventFilter(this);
 }
 
@@ -93,6 +95,11 @@ void FocusMark::FocusIn(Qt::FocusReason reason) {
     if (keyboardUsed_) {
         Show();
     }
+}
+
+Qt::FocusReason FocusMark::ReasonToPassOn(const QWidget& control) {
+    const auto* const mark = control.findChild<FocusMark*>(QString(), Qt::FindDirectChildrenOnly);
+    return mark == nullptr || mark->keyboardUsed_ ? Qt::TabFocusReason : Qt::MouseFocusReason;
 }
 
 void FocusMark::Show() {

@@ -13,4 +13,8 @@ bool TakesPress(const QWidget& control) {
     return modal == nullptr || modal == control.window() || modal->isAncestorOf(&control);
 }
 
+bool HasGoneOff(const QWidget& control) {
+    return !control.isEnabled() || !control.isVisibleTo(control.window());
+}
+
 }  // namespace travo

@@ -24,4 +24,7 @@ public:
 // shuts it off.
 bool TakesPress(const QWidget& control);
 
+// The control cannot be worked any more: it is disabled, or not on show in its window.
+bool HasGoneOff(const QWidget& control);
+
 }  // namespace travo

@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "controls/ApplicationStyle.h"
+#include "controls/Pressable.h"
 #include "core/FormMainFrame.h"
 #include "platform/Display.h"
 #include "platform/EventLoop.h"
@@ -128,6 +129,23 @@ void FormMain::paintEvent(QPaintEvent*) {
 }
 
 void FormMain::resizeEvent(QResizeEvent*) { ResizeStep(); }
+
+bool FormMain::event(QEvent* event) {
+    // Behind it Qt looks for a control to have the focus where none has it, and takes the next one.
+    if (event->type() == QEvent::WindowActivate && tabs_) {
+        tabs_->TakeFocus();
+    }
+    return QWidget::event(event);
+}
+
+bool FormMain::focusNextPrevChild(bool next) {
+    const QWidget* const focused = focusWidget();
+    if (tabs_ && focused != nullptr && HasGoneOff(*focused)) {
+        tabs_->KeepFocus();
+        return true;
+    }
+    return QWidget::focusNextPrevChild(next);
+}
 
 void FormMain::ResizeStep() {
     const QSize wanted = size().expandedTo(defaultSize_);

@@ -64,6 +64,10 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+    // Qt asks for it where the operator presses Tab, and where the control that has the focus goes off: then
+    // it goes to a tab or step button, since the next control may be one that moves a needle.
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void ConnectControls();

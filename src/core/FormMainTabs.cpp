@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/FocusMark.h"
+#include "controls/Pressable.h"
 #include "core/Arithmetic.h"
 
 namespace travo {
@@ -14,6 +16,7 @@ void FormMainTabs::TabClick(int index) {
     if (index < 6) {
         return;
     }
+    const Change change(*this);
     for (SkinTab* const picture : controls_.imgTab) {
         picture->hide();
     }
@@ -35,6 +38,7 @@ void FormMainTabs::TabClick(int index) {
 }
 
 void FormMainTabs::ModeChange(bool bWizerd) {
+    const Change change(*this);
     for (SkinTab* const picture : controls_.imgTab) {
         picture->setVisible(bWizerd);
     }
@@ -64,6 +68,7 @@ void FormMainTabs::UserButtonClick() {
 }
 
 void FormMainTabs::ShowStep(std::int16_t step) {
+    const Change change(*this);
     HideAllPanels();
     live_.AnnouncePanelLeave();
     controls_.usrKVButton2[0]->Enabled(step != 0 && step < UserStep);
@@ -103,6 +108,46 @@ void FormMainTabs::ShowPanel(const Panel& panel) {
     panel.widget->show();
     shown_ = panel.steps;
     panel.steps->Shown();
+}
+
+FormMainTabs::Change::~Change() {
+    --tabs_.changes_;
+    tabs_.KeepFocus();
+}
+
+void FormMainTabs::KeepFocus() {
+    QWidget* const focused = Window().focusWidget();
+    if (changes_ > 0 || focused == nullptr || !HasGoneOff(*focused)) {
+        return;
+    }
+    if (QWidget* const place = FocusPlace()) {
+        place->setFocus(FocusMark::ReasonToPassOn(*focused));
+    } else {
+        focused->clearFocus();
+    }
+}
+
+void FormMainTabs::TakeFocus() {
+    QWidget* const place = FocusPlace();
+    if (Window().focusWidget() == nullptr && place != nullptr) {
+        place->setFocus(Qt::ActiveWindowFocusReason);
+    }
+    KeepFocus();
+}
+
+QWidget* FormMainTabs::FocusPlace() const {
+    for (std::size_t tab = 0; tab < 6; ++tab) {
+        if (!controls_.imgTab[tab]->isHidden()) {
+            return controls_.imgTab[tab];
+        }
+    }
+    for (SkinButton* const button : std::initializer_list<SkinButton*>{
+             controls_.usrKVButton2[1], controls_.usrKVButton2[0], controls_.usrKVCheckButton1}) {
+        if (!HasGoneOff(*button)) {
+            return button;
+        }
+    }
+    return nullptr;
 }
 
 const FormMainTabs::Panel& FormMainTabs::PanelOfTab(int tab) const {

@@ -52,10 +52,32 @@ public:
     // The user button, which has its new state.
     void UserButtonClick();
 
+    // Takes the focus from a control of the window that has gone off: to the tab of the panel on show, in
+    // step mode to a step button that is enabled. Nothing happens during a change of panel, whose end does
+    // the same.
+    void KeepFocus();
+    // Likewise where no control has the focus, or nothing has had it yet.
+    void TakeFocus();
+
     // The step on show, 0 to 4; on a side visit to the user panel the one that was left. For the trail.
     std::int16_t ShownStep() const { return shownStep_; }
 
 private:
+    // A change of panel: pictures and panels come and go in it, and the focus waits for its end.
+    class Change {
+    public:
+        explicit Change(FormMainTabs& tabs) : tabs_(tabs) { ++tabs_.changes_; }
+        ~Change();
+        Change(const Change&) = delete;
+        Change& operator=(const Change&) = delete;
+
+    private:
+        FormMainTabs& tabs_;
+    };
+
+    // The control that is safe to have the focus; none where all are off.
+    QWidget* FocusPlace() const;
+    QWidget& Window() const { return *controls_.usrKVCheckButton1->window(); }
     void ShowStep(std::int16_t step);
     void HideAllPanels();
     void ShowPanel(const Panel& panel);
@@ -68,6 +90,7 @@ private:
     LiveLink& live_;
     std::function<void()> resize_;
     PanelSteps* shown_ = nullptr;
+    int changes_ = 0;
     std::int16_t intWizardStep_ = 0;
     std::int16_t shownStep_ = 0;
 };

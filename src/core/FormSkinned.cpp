@@ -9,6 +9,7 @@
 
 #include "controls/ControlNames.h"
 #include "controls/Palette.h"
+#include "controls/Pressable.h"
 #include "core/Arithmetic.h"
 
 namespace travo {
@@ -161,8 +162,21 @@ void FormSkinned::BackToDesignSize() { resize(design_); }
 bool FormSkinned::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         Activated();
+        // Else Qt would give it to the first control, behind this.
+        if (focusWidget() == nullptr || HasGoneOff(*focusWidget())) {
+            setFocus();
+        }
     }
     return QWidget::event(event);
+}
+
+bool FormSkinned::focusNextPrevChild(bool next) {
+    QWidget* const focused = focusWidget();
+    if (focused != nullptr && HasGoneOff(*focused)) {
+        focused->clearFocus();
+        return true;
+    }
+    return QWidget::focusNextPrevChild(next);
 }
 
 void FormSkinned::closeEvent(QCloseEvent* event) {

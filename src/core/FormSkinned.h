@@ -86,6 +86,8 @@ protected:
     virtual void BackToDesignSize();
 
     bool event(QEvent* event) override;
+    // Where the control that has the focus goes off, none has it: the next one may be one that acts.
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -60,7 +60,9 @@ void CtlController::ChangeEnable(bool New_Enable) {
         clearFocus();
     }
     setEnabled(New_Enable);
-    if (New_Enable && std::exchange(hadFocus_, false) && window()->focusWidget() == nullptr) {
+    // A window that has come to the front meanwhile has it itself.
+    const QWidget* const focused = window()->focusWidget();
+    if (New_Enable && std::exchange(hadFocus_, false) && (focused == nullptr || focused == window())) {
         setFocus(Qt::ActiveWindowFocusReason);
     }
     update();

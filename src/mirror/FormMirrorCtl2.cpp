@@ -107,12 +107,7 @@ void FormMirrorCtl2::MotorsShown(bool on) {
 
 void FormMirrorCtl2::EnableMagnification(bool enabled) {
     for (std::size_t index = 0; index < MagnificationCount; ++index) {
-        usrKVCheckButton& button = usrKVCheckButton1_.at(index);
-        if (!enabled) {
-            // Else Qt passes the focus on to On, and the next press of Space switches the motors.
-            button.clearFocus();
-        }
-        button.Enabled(enabled);
+        usrKVCheckButton1_.at(index).Enabled(enabled);
     }
 }
 

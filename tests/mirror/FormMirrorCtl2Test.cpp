@@ -312,6 +312,42 @@ TEST_F(FormMirrorCtl2Test, MagnificationButtonsThatAreDisabledDoNotHandTheFocusT
     EXPECT_TRUE(Button(Off).hasFocus());
 }
 
+TEST_F(FormMirrorCtl2Test, WhicheverButtonGoesOffTheFocusGoesToNone) {
+    window.ShowWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.checkMotor(1);
+    for (int index = 0; index < 5; ++index) {
+        for (const bool isHidden : {false, true}) {
+            Button(index).setFocus();
+            ASSERT_TRUE(Button(index).hasFocus());
+            isHidden ? Button(index).hide() : Button(index).setEnabled(false);
+            EXPECT_EQ(window.focusWidget(), nullptr) << index;
+            TakeSent();
+            QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+            EXPECT_EQ(TakeSent(), Sent{});
+            isHidden ? Button(index).show() : Button(index).setEnabled(true);
+        }
+    }
+    EXPECT_TRUE(closed.empty());
+}
+
+// Qt would give it to CLOSE.
+TEST_F(FormMirrorCtl2Test, AWindowWithoutAFocusGivesItToNoButtonWhenItComesToTheFront) {
+    window.ShowWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.checkMotor(1);
+    Button(1).setFocus();
+    Button(1).setEnabled(false);
+    ModalBox box;
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    box.hide();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(window.focusWidget(), &window);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    EXPECT_TRUE(closed.empty());
+}
+
 // ---- The window ----
 
 TEST_F(FormMirrorCtl2Test, CloseTellsTheOwnerNumberFour) { ExpectCloseTells(window, 4); }

@@ -257,6 +257,18 @@ TEST_F(FormMirrorCtlTest, APadThatIsDisabledHandsTheFocusToNoOtherControlAndTake
     EXPECT_TRUE(Focus(2).hasFocus());
 }
 
+TEST_F(FormMirrorCtlTest, APadThatIsDisabledTakesTheFocusBackAlsoWhenTheWindowHasComeToTheFrontMeanwhile) {
+    window.ShowWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.CtlController1.setFocus(Qt::TabFocusReason);
+    Status(0, 2);
+    QEvent event(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &event);
+    EXPECT_EQ(window.focusWidget(), &window);
+    Status(1, 2);
+    EXPECT_TRUE(window.CtlController1.hasFocus());
+}
+
 // ---- The window ----
 
 TEST_F(FormMirrorCtlTest, CloseTellsTheOwnerNumberTwo) { ExpectCloseTells(window, 2); }

@@ -49,7 +49,7 @@ void Restart(PanelPlay& play) {
     }
     WaitFor035x(play);
     SwitchTo2x(play);
-    Require(stage.State().LiveOpen, "the camera has not come back");
+    stage.WaitUntil([&] { return stage.State().LiveOpen; }, "the camera has not come back");
     PrintLine("closed and started anew on the same settings: four calibrations, three ports, the camera");
 }
 
@@ -89,9 +89,10 @@ void SwitchTo2x(PanelPlay& play) {
     Require(stage.Workbench().Magnification() == 2, "the world does not stand at 2x");
 }
 
-void RequireMarks(LiveClient& camera, const std::string& overlay) {
-    const std::string shown = camera.Now().overlay;
-    Require(shown == overlay, "the camera shows the marks " + shown + " instead of " + overlay);
+void RequireMarks(Stage& stage, LiveClient& camera, const std::string& overlay) {
+    // Nobody waits for the camera when it is told of them.
+    stage.WaitUntil([&] { return camera.Now().overlay == overlay; },
+                    "the camera does not show the marks " + overlay);
 }
 
 void PlayCalibrationAct(Stage& stage) {

@@ -70,7 +70,7 @@ void WaitForFocus(PanelPlay& play, double z) {
 // A, B and C, up to the box that tells that the objective goes up.
 void RecordMarks(PanelPlay& play, std::int32_t needle, CalibrationKeys& expected) {
     LiveClient camera;
-    RequireMarks(camera, "points");
+    RequireMarks(play.stage, camera, "points");
     const std::vector<live::Mark> marks = live::MarksOf(live::Overlay::Points);
     for (std::size_t point = 0; point < marks.size(); ++point) {
         expected.points.at(point) = SteerOntoMark(play, needle, marks[point]);
@@ -88,14 +88,14 @@ void RecordMarks(PanelPlay& play, std::int32_t needle, CalibrationKeys& expected
 
 void RecordRaised(PanelPlay& play, std::int32_t needle, double focus, CalibrationKeys& expected) {
     LiveClient camera;
-    RequireMarks(camera, "z");
+    RequireMarks(play.stage, camera, "z");
     WaitForFocus(play, focus + Raise);
     // Back onto the first mark, since from there the way up is measured, and into focus.
     expected.points.back() = SteerOntoMark(play, needle, live::MarksOf(live::Overlay::Z).front());
     Require(!play.hands.Enabled(Set), "SET is open before Z has been recorded");
     play.hands.Press(PositionZ);
     play.stage.SavePicture(QStringLiteral("panel-calibration-z"));
-    RequireMarks(camera, "points");
+    RequireMarks(play.stage, camera, "points");
 }
 
 void RequireKeys(PanelPlay& play, std::int32_t needle, const CalibrationKeys& expected) {
@@ -131,7 +131,7 @@ CalibrationKeys CalibrateInFull(PanelPlay& play, std::int32_t needle, const Posi
 void CalibrateAgain(PanelPlay& play, std::int32_t needle, CalibrationKeys expected) {
     LiveClient camera;
     play.hands.Press(Again);
-    RequireMarks(camera, "center");
+    RequireMarks(play.stage, camera, "center");
     expected.centre = SteerOntoMark(play, needle, live::MarksOf(live::Overlay::Center).front());
     play.hands.Press(PositionCentre);
     play.stage.SavePicture(QStringLiteral("panel-calibration-centre"));

@@ -34,6 +34,6 @@ void WaitFor035x(PanelPlay& play);
 // From there to 2x, by TEST of the mirror on the connection panel.
 void SwitchTo2x(PanelPlay& play);
 // The camera must show these marks, by their name in its state.
-void RequireMarks(live::LiveClient& camera, const std::string& overlay);
+void RequireMarks(Stage& stage, live::LiveClient& camera, const std::string& overlay);
 
 }  // namespace workbench::tour

@@ -55,14 +55,16 @@ void FollowThePanels(PanelPlay& play, LiveClient& camera) {
     auto before = camera.Counters();
     play.hands.Press(CellButton(1));
     PressMove(play);
-    auto after = camera.Counters();
+    // What it is told without waiting for the answer comes when it comes.
     for (const char* const call : {"LiveActionStart", "LiveActionEnd"}) {
-        Require(after[call] == before[call] + 2, std::string("a move does not tell the camera ") + call);
+        play.stage.WaitUntil([&] { return camera.Counters()[call] == before[call] + 2; },
+                             std::string("a move does not tell the camera ") + call);
     }
     Require(!camera.Now().action, "the camera thinks that the move still goes on");
     for (const std::int16_t index : {std::int16_t{3}, std::int16_t{2}}) {
         SetMagnification(play, index);
-        Require(camera.Now().toldMagnification == index, "the camera has not been told the magnification");
+        play.stage.WaitUntil([&] { return camera.Now().toldMagnification == index; },
+                             "the camera has not been told the magnification");
     }
     OpenUser(play);
     PrintLine("the camera is told of panels, of a move's beginning and end, and of 4x and 2x");

@@ -4,13 +4,16 @@
 #include "platform/qt/QtApplicationLoop.h"
 #include "platform/qt/QtMachine.h"
 #include "platform/qt/QtTermination.h"
+#include "platform/qt/SessionBus.h"
 
 int main(int argumentCount, char** arguments) {
     using namespace travo;
 
     platform::qt::OutliveReaders();
     platform::qt::QtApplicationLoop::PreferX11();
+    platform::qt::SilentBusGuard silentBus;
     platform::qt::QtApplicationLoop application(argumentCount, arguments);
+    silentBus.LetGo();
     platform::qt::QtMachine machine(QCoreApplication::applicationDirPath());
     FormMain window(machine.Seams());
     machine.MousePointer().Window(&window);

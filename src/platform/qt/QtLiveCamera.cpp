@@ -5,7 +5,6 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QFileInfo>
 #include <QThread>
 #include <QTimer>
 #include <chrono>
@@ -13,6 +12,7 @@
 #include <optional>
 
 #include "platform/qt/AnnouncementQueue.h"
+#include "platform/qt/SessionBus.h"
 
 namespace travo::platform::qt {
 
@@ -50,17 +50,16 @@ const QDBusMessage& Expect(const QDBusMessage& reply) {
     return reply;
 }
 
-// Asked for by hand: the library's own search would start a bus where there is none.
-QString BusAddress() {
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty()) {
-        return address;
-    }
-    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
-    if (!QFileInfo::exists(socket)) {
+QString BusAddress(std::chrono::milliseconds limit) {
+    const QString address = SessionBusAddress();
+    if (address.isEmpty()) {
         Raise(QStringLiteral("The live camera"), QStringLiteral("there is no session bus"));
     }
-    return QStringLiteral("unix:path=") + socket;
+    // The library would wait for it for 25 s, and everybody who uses the library with it.
+    if (IsSilent(address, limit)) {
+        Raise(QStringLiteral("The session bus"), QStringLiteral("it says nothing"));
+    }
+    return address;
 }
 
 }  // namespace
@@ -222,7 +221,7 @@ void LiveBus::Join() {
     // Seen with Qt 6.4: it drops a connection on which the bus does not say hello in a way for which
     // libdbus aborts the program, unless it is told to warn only.
     qputenv("DBUS_FATAL_WARNINGS", "0");
-    connection_ = QDBusConnection::connectToBus(BusAddress(), connectionName_);
+    connection_ = QDBusConnection::connectToBus(BusAddress(limits_.call), connectionName_);
     if (!connection_->isConnected()) {
         const QString why = connection_->lastError().message();
         Leave();

@@ -16,7 +16,7 @@ class LiveBus;
 // that they never reach, and never start, another one.
 //
 // The bus is the one in DBUS_SESSION_BUS_ADDRESS, else the socket "bus" in XDG_RUNTIME_DIR. Without
-// either, Create raises; no bus is ever started.
+// either, and where the bus says nothing for the time of a call, Create raises; no bus is ever started.
 class QtLiveCamera : public LiveCamera {
 public:
     // How long each may take.

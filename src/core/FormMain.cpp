@@ -7,6 +7,7 @@
 
 #include "controls/ApplicationStyle.h"
 #include "controls/Pressable.h"
+#include "core/FormMainFirstPaint.h"
 #include "core/FormMainFrame.h"
 #include "platform/Display.h"
 #include "platform/EventLoop.h"
@@ -49,6 +50,7 @@ bool FormMain::Start() {
     StartUp startUp(machine_, state_, objects_, loop_, *this);
     if (startUp.Initialize() == StartUp::Outcome::GoOn && startUp.Load() == StartUp::Outcome::GoOn) {
         show();
+        CallAfterFirstPaint(*this, [this] { OpenCamera(); });
         return true;
     }
     loop_.Stop();
@@ -56,6 +58,12 @@ bool FormMain::Start() {
         panels_->CtlUser1.SaveWindowsAtEnd(false);
     }
     return false;
+}
+
+void FormMain::OpenCamera() {
+    if (!closed_) {
+        StartUp(machine_, state_, objects_, loop_, *this).OpenCamera();
+    }
 }
 
 void FormMain::ReportUnexpectedFailure() noexcept {
@@ -256,6 +264,8 @@ void FormMain::SelectFirstTab() {
     ResizeStep();
     tabs_->TabClick(6);
 }
+
+void FormMain::RaiseCameraButton() { panels_->CtlUser1.LiveButtonChange(true); }
 
 MeasuredWindowPlace FormMain::Measured() const {
     const auto units = [](int pixels) { return static_cast<float>(pixels * UnitsPerPixel); };

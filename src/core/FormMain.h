@@ -73,6 +73,7 @@ private:
     void ConnectControls();
     void ResizeStep();
     void FinishClose();
+    void OpenCamera();
 
     // SharedState::Listener
     void MagnificationChanged(std::int16_t magnification) override;
@@ -95,6 +96,7 @@ private:
     void WatchPort(std::int16_t device, std::int16_t number) override;
     void TellTotalManipulatorNumber() override;
     void SelectFirstTab() override;
+    void RaiseCameraButton() override;
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
     std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const override;

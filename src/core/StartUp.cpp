@@ -79,7 +79,7 @@ StartUp::Outcome StartUp::Load() {
     return outcome;
 }
 
-// The order of the load.
+// The order of the load. The camera comes behind it, when the window is on show.
 StartUp::Outcome StartUp::LoadSteps() {
     state_.ShiftX = 0.0;
     state_.ShiftY = 0.0;
@@ -105,7 +105,6 @@ StartUp::Outcome StartUp::LoadSteps() {
     window_.TellTotalManipulatorNumber();
     window_.SelectFirstTab();
     OpenWindows();
-    OpenCamera();
     return Outcome::GoOn;
 }
 
@@ -127,13 +126,19 @@ void StartUp::OpenWindows() {
 }
 
 void StartUp::OpenCamera() {
-    if (objects_.cIniEdit->GetInt(QStringLiteral("Window"), QStringLiteral("0"), 1) != 0) {
+    if (state_.LiveOpen || objects_.cIniEdit->GetInt(QStringLiteral("Window"), QStringLiteral("0"), 1) != 0) {
         return;
     }
     objects_.Failures.Handle(QStringLiteral("Error : Camera Load"), [this] {
-        objects_.Live->Create();
-        objects_.Live->LiveShowWindow();
-        state_.LiveOpen = true;
+        try {
+            objects_.Live->Create();
+            objects_.Live->LiveShowWindow();
+            state_.LiveOpen = true;
+        } catch (...) {
+            // Before the box: what the operator sees behind it is how things stand.
+            window_.RaiseCameraButton();
+            throw;
+        }
     });
 }
 

@@ -54,6 +54,8 @@ public:
         virtual void SelectFirstTab() = 0;
         // Window 1 to 4 was open at the end of the last run.
         virtual void ShowWindow(std::int32_t Index) = 0;
+        // The camera that was open cannot be created or shown: its button goes up.
+        virtual void RaiseCameraButton() = 0;
     };
 
     StartUp(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
@@ -65,6 +67,10 @@ public:
     // Connects the manipulators, restores all that is kept between runs, starts the position loop.
     // End: the operator has been told why; the process must end with nothing saved.
     Outcome Load();
+    // Creates and shows the camera if it was open at the end of the last run. The last step of the load,
+    // to be called once the main window is on show: a camera program that does not come up blocks for
+    // 10 s. Tells the operator of failures. Does nothing where the camera has been opened meanwhile.
+    void OpenCamera();
 
 private:
     Outcome InitializeSteps();
@@ -88,7 +94,6 @@ private:
     PortNumbers ReadPortNumbers() const;
     void OpenPorts(const PortNumbers& ports);
     void RestoreCalibration(std::int32_t needle);
-    void OpenCamera();
     bool RestoreCalibrationAxis(std::int32_t needle, std::int32_t axis);
 
     const platform::Machine& machine_;

@@ -147,18 +147,6 @@ TEST_F(FormMainTest, AMagnificationTellsTheExperimentPanelAndThenTheCamera) {
     EXPECT_EQ(journal_, Journal{"LiveChangeMagnification 2"});
 }
 
-TEST_F(FormMainTest, ACameraThatDiesRaisesItsButtonWithoutABox) {
-    WriteSettings("[Window]\r\n0=0\r\n");
-    ASSERT_TRUE(Start());
-    auto* const button =
-        window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(0)"));
-    EXPECT_TRUE(button->Value());
-    liveCamera_.TellLost();
-    EXPECT_FALSE(button->Value());
-    EXPECT_FALSE(window_->State().LiveOpen);
-    EXPECT_TRUE(boxes_.shown.empty());
-}
-
 TEST_F(FormMainTest, ALoadThatFailsLeavesTheSettingsFileUntouched) {
     WriteSettings("[Window]\r\n0=0\r\n[FormMain_Position]\r\nTop=40000\r\n");
     const QByteArray before = ReadSettings();

@@ -185,22 +185,6 @@ TEST_F(FormMainWindowsTest, ANeedleReadAndACellStoredAreDrawn) {
     EXPECT_NE(Picture(), viewed);
 }
 
-TEST_F(FormMainWindowsTest, TheCamerasPictureIsLoadedWhenItSaysSoAndABadOneChangesNothing) {
-    ASSERT_TRUE(Start("[Window]\r\n0=0\r\n"));
-    QImage still(640, 480, QImage::Format_RGB32);
-    still.fill(qRgb(40, 50, 60));
-    const QString path = program_.filePath(QStringLiteral("BirdView.bmp"));
-    ASSERT_TRUE(still.save(path));
-    const QImage before = Picture();
-    liveCamera_.TellBirdViewSave();
-    const QImage loaded = Picture();
-    EXPECT_NE(loaded, before);
-    QFile file(path);
-    ASSERT_TRUE(file.resize(2000));
-    EXPECT_ANY_THROW(liveCamera_.TellBirdViewSave());
-    EXPECT_EQ(Picture(), loaded);
-}
-
 }  // namespace
 
 }  // namespace travo::test

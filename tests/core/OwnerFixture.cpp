@@ -34,7 +34,11 @@ void OwnerFixture::Restart() {
 }
 
 bool OwnerFixture::Begin() {
-    return startUp_->Initialize() == StartUp::Outcome::GoOn && startUp_->Load() == StartUp::Outcome::GoOn;
+    if (startUp_->Initialize() == StartUp::Outcome::End || startUp_->Load() == StartUp::Outcome::End) {
+        return false;
+    }
+    startUp_->OpenCamera();
+    return true;
 }
 
 void OwnerFixture::WriteSettings(const QByteArray& text) const {

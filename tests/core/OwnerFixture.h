@@ -75,7 +75,7 @@ protected:
     platform::Machine Seams();
     // Builds the owner's objects anew, as a new start of the program would.
     void Restart();
-    // Start-up and load; false when the program would end.
+    // Start-up, load and camera; false when the program would end.
     bool Begin();
 
     // Writes the settings file that the next start finds.
@@ -133,6 +133,7 @@ protected:
     void ShowWindow(std::int32_t Index) override {
         journal_.push_back("show window " + std::to_string(Index));
     }
+    void RaiseCameraButton() override { journal_.push_back("raise camera button"); }
     void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override {
         offsetOFF_ = offsetOFF;
         contactOFF_ = contactOFF;

@@ -98,6 +98,7 @@ TEST_F(StartUpTest, LoadRunsInItsExactOrder) {
     startUp_->Initialize();
     journal_.clear();
     EXPECT_EQ(startUp_->Load(), StartUp::Outcome::GoOn);
+    startUp_->OpenCamera();
 
     Journal expected{"view changed", "view changed", "view changed", "DriverGetCount"};
     for (const char* const entry :
@@ -315,11 +316,23 @@ TEST_F(StartUpTest, APortNumberBeyondSixteenBitsEndsTheLoad) {
 
 TEST_F(StartUpTest, ACameraThatWasOpenIsCreatedAndShownLastWithoutAttaching) {
     WriteSettings("[Window]\r\n0=0\r\n");
-    EXPECT_TRUE(Begin());
+    EXPECT_EQ(startUp_->Initialize(), StartUp::Outcome::GoOn);
+    EXPECT_EQ(startUp_->Load(), StartUp::Outcome::GoOn);
+    EXPECT_EQ(CountOf("live created"), 0) << "the window is not on show yet";
+    startUp_->OpenCamera();
     EXPECT_TRUE(state_->LiveOpen);
     EXPECT_EQ(Last(), "LiveShowWindow");
-    EXPECT_LT(PlaceOf("total 3"), PlaceOf("live created"));
     EXPECT_EQ(CountOf("LiveAttach"), 0);
+    EXPECT_EQ(CountOf("raise camera button"), 0);
+}
+
+TEST_F(StartUpTest, ACameraThatHasBeenOpenedMeanwhileIsLeftAlone) {
+    WriteSettings("[Window]\r\n0=0\r\n");
+    ASSERT_TRUE(Begin());
+    journal_.clear();
+    startUp_->OpenCamera();
+    EXPECT_EQ(CountOf("live created"), 0);
+    EXPECT_EQ(CountOf("LiveShowWindow"), 0);
 }
 
 TEST_F(StartUpTest, WithNoCameraProgramTheProgramStartsSaysSoOnceAndRunsOn) {
@@ -329,6 +342,7 @@ TEST_F(StartUpTest, WithNoCameraProgramTheProgramStartsSaysSoOnceAndRunsOn) {
     EXPECT_FALSE(state_->LiveOpen);
     EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Camera Load")});
     EXPECT_TRUE(ReadLog().endsWith(" - Error : Camera Load\r\n"));
+    EXPECT_LT(PlaceOf("raise camera button"), PlaceOf("box Error : Camera Load"));
 }
 
 TEST_F(StartUpTest, ACameraThatFailsToShowItsWindowLeavesLiveOpenFalse) {
@@ -337,6 +351,7 @@ TEST_F(StartUpTest, ACameraThatFailsToShowItsWindowLeavesLiveOpenFalse) {
     EXPECT_TRUE(Begin());
     EXPECT_FALSE(state_->LiveOpen);
     EXPECT_EQ(CountOf("box Error : Camera Load"), 1);
+    EXPECT_LT(PlaceOf("raise camera button"), PlaceOf("box Error : Camera Load"));
 }
 
 TEST_F(StartUpTest, ACameraThatWasClosedIsNotStarted) {

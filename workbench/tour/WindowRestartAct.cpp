@@ -79,6 +79,7 @@ void Restart(Stage& stage) {
     stage.CloseProgram();
     stage.OpenProgram();
     WaitForInstruments(stage);
+    stage.WaitUntil([&] { return stage.State().LiveOpen; }, "the camera has not come back");
     PanelPlay play{stage, Hands(stage), {}};
     WaitFor035x(play);
 }

@@ -1,0 +1,14 @@
+// When a window has come before the operator's eyes.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace travo {
+
+// Calls the procedure once, from the event loop: when the window has been painted for the first time from
+// now on, but after a second at the latest, for a window that comes up minimised is not painted. Not at all
+// where the window ends before.
+void CallAfterFirstPaint(QWidget& window, std::function<void()> procedure);
+
+}  // namespace travo

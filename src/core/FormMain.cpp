@@ -19,6 +19,8 @@ namespace {
 
 // Logical units to the pixel.
 constexpr int UnitsPerPixel = 15;
+// A camera that saves its picture more often is followed no faster, in milliseconds.
+constexpr int StillPeriod = 50;
 
 }  // namespace
 
@@ -30,7 +32,8 @@ FormMain::FormMain(const platform::Machine& machine)
       closing_(state_, objects_, loop_, machine_.boxes, *this),
       layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
               machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
-      controls_(machine_.folders.Program(), this) {
+      controls_(machine_.folders.Program(), this),
+      loadStill_(machine_.timers, StillPeriod, [this] { windows_->BirdView.NewPicLoad(); }) {
     setObjectName(QStringLiteral("FormMain"));
     setWindowTitle(FormMainTitle(title_));
     qApp->setStyleSheet(ApplicationStyleSheet());
@@ -296,7 +299,7 @@ void FormMain::checkMotor(std::int16_t ONOFF) {
 
 void FormMain::ControlONOFF(bool ONOFF) { panels_->CtlConnection1.ControlONOFF(ONOFF); }
 
-void FormMain::Live_BirdViewSave() { windows_->BirdView.NewPicLoad(); }
+void FormMain::Live_BirdViewSave() { loadStill_.Tell(); }
 
 void FormMain::Live_WindowHide() { panels_->CtlUser1.LiveFromHide(); }
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "core/Closing.h"
+#include "core/FirstAndLast.h"
 #include "core/FormMainControls.h"
 #include "core/FormMainLayout.h"
 #include "core/FormMainObjects.h"
@@ -144,6 +145,7 @@ private:
     std::unique_ptr<FormMainWindows> windows_;
     std::unique_ptr<FormMainTabs> tabs_;
     TitleNotes title_;
+    FirstAndLast loadStill_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;
     bool asking_ = false;

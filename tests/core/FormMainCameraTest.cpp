@@ -46,6 +46,10 @@ protected:
             window_->Windows().BirdView.findChild<QWidget*>(QStringLiteral("picBird"))->grab().toImage();
         return qRed(picture.pixel(picture.width() / 2, picture.height() / 2));
     }
+    FakeTimer& StillPeriod() {
+        return **std::find_if(timers_.created.begin(), timers_.created.end(),
+                              [](const FakeTimer* timer) { return timer->interval == 50; });
+    }
 
     std::unique_ptr<FormMain> window_;
 };
@@ -115,10 +119,28 @@ TEST_F(FormMainCameraTest, TheCamerasPictureIsLoadedWhenItSaysSoAndABadOneChange
     EXPECT_NE(Grey(), 50);
     liveCamera_.TellBirdViewSave();
     EXPECT_EQ(Grey(), 50);
+    StillPeriod().Fire();
     QFile file(StillPath());
     ASSERT_TRUE(file.resize(2000));
     EXPECT_ANY_THROW(liveCamera_.TellBirdViewSave());
     EXPECT_EQ(Grey(), 50);
+}
+
+TEST_F(FormMainCameraTest, OfManyPicturesTheFirstIsLoadedAtOnceAndTheLastInAnyCase) {
+    ASSERT_TRUE(Start());
+    ASSERT_TRUE(CameraComes());
+    SaveStill(50);
+    liveCamera_.TellBirdViewSave();
+    EXPECT_EQ(Grey(), 50);
+    for (int grey = 51; grey < 60; ++grey) {
+        SaveStill(grey);
+        liveCamera_.TellBirdViewSave();
+        EXPECT_EQ(Grey(), 50);
+    }
+    StillPeriod().Fire();
+    EXPECT_EQ(Grey(), 59);
+    ASSERT_TRUE(QFile::remove(StillPath()));
+    EXPECT_NO_THROW(StillPeriod().Fire()) << "it is not loaded again";
 }
 
 }  // namespace

@@ -142,9 +142,9 @@ void FormMain::paintEvent(QPaintEvent*) {
 void FormMain::resizeEvent(QResizeEvent*) { ResizeStep(); }
 
 bool FormMain::event(QEvent* event) {
-    // Behind it Qt looks for a control to have the focus where none has it, and takes the next one.
+    // Where the control that had the focus has gone meanwhile, Qt gives it to the next one behind this.
     if (event->type() == QEvent::WindowActivate && tabs_) {
-        tabs_->TakeFocus();
+        tabs_->KeepFocus();
     }
     return QWidget::event(event);
 }

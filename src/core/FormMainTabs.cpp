@@ -127,14 +127,6 @@ void FormMainTabs::KeepFocus() {
     }
 }
 
-void FormMainTabs::TakeFocus() {
-    QWidget* const place = FocusPlace();
-    if (Window().focusWidget() == nullptr && place != nullptr) {
-        place->setFocus(Qt::ActiveWindowFocusReason);
-    }
-    KeepFocus();
-}
-
 QWidget* FormMainTabs::FocusPlace() const {
     for (std::size_t tab = 0; tab < 6; ++tab) {
         if (!controls_.imgTab[tab]->isHidden()) {

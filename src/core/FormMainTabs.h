@@ -56,8 +56,6 @@ public:
     // step mode to a step button that is enabled. Nothing happens during a change of panel, whose end does
     // the same.
     void KeepFocus();
-    // Likewise where no control has the focus, or nothing has had it yet.
-    void TakeFocus();
 
     // The step on show, 0 to 4; on a side visit to the user panel the one that was left. For the trail.
     std::int16_t ShownStep() const { return shownStep_; }

@@ -211,19 +211,6 @@ TEST_F(FormMainFocusTest, WhatGoesOffBehindAnotherWindowLeavesTheFocusToTheTab) 
     }
 }
 
-TEST_F(FormMainFocusTest, AWindowThatComesToTheFrontWithoutAFocusHasItOnTheTab) {
-    Open(Escape);
-    window_->focusWidget()->clearFocus();
-    ASSERT_EQ(window_->focusWidget(), nullptr);
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    EXPECT_EQ(window_->focusWidget(), &Picture(Escape));
-}
-
 TEST_F(FormMainFocusTest, TabStillGoesFromControlToControl) {
     QAbstractButton& view = Button(Experiment, QStringLiteral("View"));
     view.setFocus(Qt::TabFocusReason);

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <chrono>
 
 #include "controls/ApplicationStyle.h"
 #include "controls/Pressable.h"
@@ -19,6 +20,8 @@ namespace {
 
 // Logical units to the pixel.
 constexpr int UnitsPerPixel = 15;
+// So long the camera waits for a window that is not painted.
+constexpr std::chrono::seconds CameraWait{1};
 // A camera that saves its picture more often is followed no faster, in milliseconds.
 constexpr int StillPeriod = 50;
 
@@ -53,7 +56,7 @@ bool FormMain::Start() {
     StartUp startUp(machine_, state_, objects_, loop_, *this);
     if (startUp.Initialize() == StartUp::Outcome::GoOn && startUp.Load() == StartUp::Outcome::GoOn) {
         show();
-        CallAfterFirstPaint(*this, [this] { OpenCamera(); });
+        CallAfterFirstPaint(*this, CameraWait, [this] { OpenCamera(); });
         return true;
     }
     loop_.Stop();

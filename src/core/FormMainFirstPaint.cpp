@@ -8,17 +8,15 @@ namespace travo {
 
 namespace {
 
-constexpr int LongestWait = 1000;  // milliseconds
-
 class FirstPaint : public QObject {
 public:
-    FirstPaint(QWidget& window, std::function<void()> procedure)
+    FirstPaint(QWidget& window, std::chrono::milliseconds atTheLatest, std::function<void()> procedure)
         : QObject(&window), procedure_(std::move(procedure)) {
         setObjectName(QStringLiteral("FirstPaint"));
         window.installEventFilter(this);
         limit_.setSingleShot(true);
         connect(&limit_, &QTimer::timeout, this, &FirstPaint::Finish);
-        limit_.start(LongestWait);
+        limit_.start(atTheLatest);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -42,9 +40,10 @@ private:
 
 }  // namespace
 
-void CallAfterFirstPaint(QWidget& window, std::function<void()> procedure) {
+void CallAfterFirstPaint(QWidget& window, std::chrono::milliseconds atTheLatest,
+                         std::function<void()> procedure) {
     // The window owns it.
-    new FirstPaint(window, std::move(procedure));
+    new FirstPaint(window, atTheLatest, std::move(procedure));
 }
 
 }  // namespace travo

@@ -176,13 +176,9 @@ void CtlCalibration::GoOnAfter(std::size_t Index) {
         confirmButton_[SetButton].Enabled(true);
         return;
     }
-    std::size_t down = 0;
-    for (std::size_t mark = 0; mark < MarkCount; ++mark) {
-        if (captureButton_.at(mark).Value() && PointCaptured_.at(mark)) {
-            ++down;
-        }
-    }
-    if (down == MarkCount) {
+    // The three marks stand first.
+    if (std::all_of(PointCaptured_.begin(), PointCaptured_.begin() + MarkCount,
+                    [](bool isCaptured) { return isCaptured; })) {
         ChangeCalibrationStep(Step::RaisedFocus);
     }
 }

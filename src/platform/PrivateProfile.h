@@ -36,6 +36,10 @@ public:
     // and comments survive. True on success; a failed write leaves the file as it was.
     virtual bool Write(const QString& section, const std::optional<QString>& key,
                        const std::optional<QString>& value, const QString& file) = 0;
+    // What is written between these two replaces each file once, at the end; who reads in between reads it
+    // already. The second is true when all files could be replaced. They may be nested; the outermost counts.
+    virtual void BeginTogether() {}
+    virtual bool EndTogether() { return true; }
 };
 
 }  // namespace travo::platform

@@ -64,4 +64,13 @@ bool EqualWithoutCase(QByteArrayView a, QByteArrayView b) {
                       [](char one, char other) { return LowerCase(one) == LowerCase(other); });
 }
 
+std::uint32_t HashWithoutCase(QByteArrayView text) {
+    // FNV-1a.
+    std::uint32_t hash = 2166136261U;
+    for (const char byte : text) {
+        hash = (hash ^ LowerCase(byte)) * 16777619U;
+    }
+    return hash;
+}
+
 }  // namespace travo::platform

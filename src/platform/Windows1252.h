@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <cstdint>
 
 namespace travo::platform {
 
@@ -17,5 +18,8 @@ QString FromWindows1252(QByteArrayView bytes);
 
 // Whether two texts are equal but for the case of their letters, those with accents included.
 bool EqualWithoutCase(QByteArrayView a, QByteArrayView b);
+
+// A number that is the same for texts that are equal without their case.
+std::uint32_t HashWithoutCase(QByteArrayView text);
 
 }  // namespace travo::platform

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <array>
 #include <random>
 
 #include "platform/qt/QtPrivateProfile.h"
@@ -125,6 +126,29 @@ TEST_F(ProfileRewriteTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewOneAndTheNext
     }
     RecordProperty("KillsWithinAWrite", leftBehind);
     EXPECT_GT(leftBehind, 0) << "no kill has met a write";
+}
+
+TEST_F(ProfileRewriteTest, TwoProgramsThatWriteAtOnceLeaveEachOthersTemporaryFilesAlone) {
+    constexpr int Replacements = 300;
+    std::array<QProcess, 2> writers;
+    for (QProcess& writer : writers) {
+        writer.start(QStringLiteral(PROFILE_REWRITER), {file});
+        ASSERT_TRUE(writer.waitForReadyRead(Patience)) << writer.errorString().toStdString();
+    }
+    QElapsedTimer time;
+    time.start();
+    FileStamp last;
+    for (int seen = 0; seen < Replacements && time.elapsed() < Patience;) {
+        const FileStamp now = StampOf(file);
+        seen += now.number != last.number ? 1 : 0;
+        last = now;
+    }
+    for (QProcess& writer : writers) {
+        // One whose write has failed has ended by itself.
+        EXPECT_FALSE(writer.waitForFinished(0)) << writer.exitCode();
+        writer.kill();
+        EXPECT_TRUE(writer.waitForFinished(Patience));
+    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 namespace travo::platform {
 namespace {
@@ -30,6 +31,20 @@ protected:
         return profile.GetString(section, wanted, QStringLiteral("default"), size, file);
     }
 
+    // Until then each call reads the file again.
+    void WaitUntilSettled() const {
+        while (!StampOf(file).settled) {
+            QThread::yieldCurrentThread();
+        }
+    }
+
+    // By this process, as the system counts.
+    static qint64 BytesRead() {
+        QFile counters(QStringLiteral("/proc/self/io"));
+        EXPECT_TRUE(counters.open(QIODevice::ReadOnly));
+        return counters.readLine().mid(qsizetype(qstrlen("rchar: "))).trimmed().toLongLong();
+    }
+
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("KVData.ini"));
     const QString section = QStringLiteral("S");
@@ -51,6 +66,85 @@ TEST_F(QtPrivateProfileTest, EachCallReadsTheFileAgain) {
     Put("[S]\r\nk=2\r\n");
     EXPECT_EQ(Get(key), QStringLiteral("2"));
     EXPECT_EQ(profile.GetInt(section, key, 0, file), 2);
+}
+
+TEST_F(QtPrivateProfileTest, AFileThatStaysAsItIsIsReadOnceForManyKeys) {
+    Put("[S]\r\nk=1\r\nl=2\r\n" + QByteArray(100000, 'x'));
+    WaitUntilSettled();
+    const qint64 before = BytesRead();
+    EXPECT_EQ(Get(key), QStringLiteral("1"));
+    const qint64 once = BytesRead();
+    for (int times = 0; times < 50; ++times) {
+        EXPECT_EQ(Get(QStringLiteral("l")), QStringLiteral("2"));
+    }
+    EXPECT_GT(once - before, 100000);
+    EXPECT_LT(BytesRead() - once, 100000) << "read again";
+}
+
+TEST_F(QtPrivateProfileTest, AnEditFromOutsideIsSeenAtOnceAlsoOneOfTheSameSize) {
+    Put("[S]\r\nk=1\r\n");
+    WaitUntilSettled();
+    EXPECT_EQ(Get(key), QStringLiteral("1"));
+    Put("[S]\r\nk=2\r\n");
+    EXPECT_EQ(Get(key), QStringLiteral("2"));
+    Put("[S]\r\nk=3\r\n");
+    EXPECT_EQ(Get(key), QStringLiteral("3"));
+    ASSERT_TRUE(QFile::remove(file));
+    EXPECT_EQ(Get(key), QStringLiteral("default"));
+}
+
+TEST_F(QtPrivateProfileTest, TwoFilesInTurnAreNotTakenForEachOther) {
+    const QString other = folder.filePath(QStringLiteral("Other.ini"));
+    Put("[S]\r\nk=1\r\n");
+    ASSERT_TRUE(QFile::copy(file, other));
+    WaitUntilSettled();
+    ASSERT_TRUE(profile.Write(section, key, QStringLiteral("2"), other));
+    for (int times = 0; times < 2; ++times) {
+        EXPECT_EQ(profile.GetInt(section, key, 0, file), 1);
+        EXPECT_EQ(profile.GetInt(section, key, 0, other), 2);
+    }
+}
+
+TEST_F(QtPrivateProfileTest, WhatIsWrittenTogetherReplacesTheFileOnceAndIsReadAtOnce) {
+    Put("; mine\r\n[S]\r\nk=1\r\n");
+    profile.BeginTogether();
+    profile.BeginTogether();
+    EXPECT_TRUE(profile.Write(section, key, QStringLiteral("2"), file));
+    EXPECT_TRUE(profile.EndTogether());
+    EXPECT_TRUE(profile.Write(QStringLiteral("New"), key, QStringLiteral("3"), file));
+    EXPECT_EQ(profile.GetInt(section, key, 0, file), 2);
+    EXPECT_EQ(profile.GetInt(QStringLiteral("New"), key, 0, file), 3);
+    EXPECT_EQ(OnDisk(), "; mine\r\n[S]\r\nk=1\r\n");
+    EXPECT_TRUE(profile.EndTogether());
+    EXPECT_EQ(OnDisk(), "; mine\r\n[S]\r\nk=2\r\n[New]\r\nk=3\r\n");
+    EXPECT_EQ(profile.GetInt(section, key, 0, file), 2);
+}
+
+TEST_F(QtPrivateProfileTest, WrittenTogetherOrOneByOneTheBytesAreTheSame) {
+    const QString other = folder.filePath(QStringLiteral("Other.ini"));
+    const QByteArray before = "[s]\r\nK = 1 ;x\r\n\r\n[Last]\r\ny=2";
+    Put(before);
+    ASSERT_TRUE(QFile::copy(file, other));
+    const auto write = [&](const QString& target) {
+        for (const char* const name : {"k", "l", "K", "m"}) {
+            EXPECT_TRUE(profile.Write(section, QString::fromLatin1(name), QString::fromLatin1(name), target));
+            EXPECT_TRUE(profile.Write(QStringLiteral("New"), QString::fromLatin1(name), section, target));
+        }
+        EXPECT_TRUE(profile.Write(section, QStringLiteral("l"), std::nullopt, target));
+    };
+    write(other);
+    profile.BeginTogether();
+    write(file);
+    EXPECT_TRUE(profile.EndTogether());
+    QFile one(other);
+    ASSERT_TRUE(one.open(QIODevice::ReadOnly));
+    EXPECT_EQ(OnDisk(), one.readAll().toStdString());
+}
+
+TEST_F(QtPrivateProfileTest, AFileThatCannotBeReplacedFailsTheEndOfWritingTogether) {
+    profile.BeginTogether();
+    EXPECT_TRUE(profile.Write(section, key, QStringLiteral("2"), folder.filePath(QStringLiteral("no/file"))));
+    EXPECT_FALSE(profile.EndTogether());
 }
 
 TEST_F(QtPrivateProfileTest, BlanksRoundTheNamesAskedForDoNotCount) {

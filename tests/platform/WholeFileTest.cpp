@@ -1,15 +1,23 @@
 #include "platform/qt/WholeFile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QThread>
 #include <csignal>
+#include <string>
+#include <vector>
+
+#include "platform/qt/FileLock.h"
 
 namespace travo::platform {
 namespace {
@@ -34,6 +42,25 @@ private:
     rlimit previous_{};
     void (*previousHandler_)(int) = nullptr;
 };
+
+// No further file can be opened while it lives.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &previous_);
+        const rlimit limited{0, previous_.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &limited);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &previous_); }
+
+private:
+    rlimit previous_{};
+};
+
+// What has been brought to the disk since it was cleared: "file" or "folder", in order.
+std::vector<std::string> broughtToDisk;
 
 class WholeFileTest : public testing::Test {
 protected:
@@ -163,7 +190,8 @@ TEST_F(WholeFileTest, LinksInARingAreNeitherReadNorReplaced) {
 
 TEST_F(WholeFileTest, TemporaryFilesOfKilledWritesAreRemovedAtTheNextWrite) {
     const QString own = QString::number(QCoreApplication::applicationPid());
-    for (const QString& number : {QStringLiteral("1"), QStringLiteral("4711"), own}) {
+    for (const QString& number : {QStringLiteral("1"), QStringLiteral("4711"), own,
+                                  QStringLiteral("1-0123abcd"), own + QStringLiteral("-ffffffff")}) {
         Put(path + QStringLiteral(".%1.tmp").arg(number), "half of a fi");
     }
     EXPECT_TRUE(ReplaceWholeFile(path, "new"));
@@ -175,6 +203,7 @@ TEST_F(WholeFileTest, FilesOfOthersWithSimilarNamesStay) {
     const QStringList others{
         QStringLiteral("KVData.ini..tmp"),      QStringLiteral("KVData.ini.12"),
         QStringLiteral("KVData.ini.12.tmp.x"),  QStringLiteral("KVData.ini.1a.tmp"),
+        QStringLiteral("KVData.ini.1-2.tmp"),   QStringLiteral("KVData.ini.-0123abcd.tmp"),
         QStringLiteral("KVData.ini.backup"),    QStringLiteral("KVData.ini.old.tmp"),
         QStringLiteral("KVData.ini.tmp"),       QStringLiteral("Other.ini.12.tmp"),
         QStringLiteral("my KVData.ini.12.tmp"),
@@ -207,12 +236,57 @@ TEST_F(WholeFileTest, AMissingFolderIsNotCreated) {
 
 TEST_F(WholeFileTest, AFolderThatTakesNoNewFileLeavesTheFileAsItWas) {
     Put(path, "old");
-    // A folder in the temporary file's place refuses the name to root as well.
-    const QString own = QString::number(QCoreApplication::applicationPid());
-    ASSERT_TRUE(QDir(folder.path()).mkdir(name + QStringLiteral(".%1.tmp").arg(own)));
-    EXPECT_FALSE(ReplaceWholeFile(path, "new"));
+    {
+        const NoMoreFiles none;
+        EXPECT_FALSE(ReplaceWholeFile(path, "new"));
+    }
     EXPECT_EQ(Get(path), "old");
+    EXPECT_EQ(Names(), QStringList{name});
+}
+
+TEST_F(WholeFileTest, ATemporaryFileThatAnotherProgramIsWritingStays) {
+    const QString others = path + QStringLiteral(".1-0123abcd.tmp");
+    Put(others, "half of a fi");
+    FileLock writer;
+    ASSERT_EQ(writer.TakeOfPresent(others), LockOutcome::Taken);
+    EXPECT_TRUE(ReplaceWholeFile(path, "new"));
+    EXPECT_EQ(Get(others), "half of a fi");
+    writer.Release();
+    EXPECT_TRUE(ReplaceWholeFile(path, "newer"));
+    EXPECT_EQ(Names(), QStringList{name});
+}
+
+TEST_F(WholeFileTest, TheBytesAreOnTheDiskBeforeTheNameAndTheNameAfterThem) {
+    broughtToDisk.clear();
+    EXPECT_TRUE(ReplaceWholeFile(path, "new"));
+    EXPECT_EQ(broughtToDisk, (std::vector<std::string>{"file", "folder"}));
+}
+
+TEST_F(WholeFileTest, AStampTellsWhetherAFileIsStillTheOneAndAsItWas) {
+    EXPECT_FALSE(StampOf(path).settled);
+    Put(path, "one");
+    const FileStamp fresh = StampOf(path);
+    EXPECT_FALSE(fresh.settled) << "a further write might leave the same stamp";
+    // Long ago, but its change of time is of just now.
+    const timespec longAgo[2] = {{1000, 0}, {1000, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(path).constData(), longAgo, 0), 0);
+    EXPECT_FALSE(StampOf(path).settled);
+    FileStamp settled = StampOf(path);
+    for (; !settled.settled; settled = StampOf(path)) {
+        QThread::yieldCurrentThread();
+    }
+    EXPECT_EQ(settled, StampOf(path));
+    ASSERT_TRUE(ReplaceWholeFile(path, "two"));
+    EXPECT_NE(settled, StampOf(path));
 }
 
 }  // namespace
 }  // namespace travo::platform
+
+// In place of the system's: notes what it is given, and passes it on.
+extern "C" int fsync(int descriptor) {
+    struct stat there {};
+    fstat(descriptor, &there);
+    travo::platform::broughtToDisk.emplace_back(S_ISDIR(there.st_mode) ? "folder" : "file");
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}

@@ -1,6 +1,7 @@
 #include "platform/qt/ProfileText.h"
 
 #include "platform/Windows1252.h"
+#include "platform/qt/ProfileLine.h"
 
 namespace travo::platform {
 
@@ -8,54 +9,10 @@ namespace {
 
 constexpr const char* LineEnd = "\r\n";
 
-enum class LineKind { Section, Key, Blank, Other };
+using Line = ProfileLine;
+using LineKind = ProfileLine::Kind;
 
-struct Line {
-    LineKind kind = LineKind::Other;
-    qsizetype begin = 0;
-    qsizetype valueBegin = 0;  // of a key: behind its equals sign
-    qsizetype next = 0;        // behind the line end
-    QByteArrayView name;
-    QByteArrayView value;  // trimmed, quotes and all
-};
-
-void ReadSection(Line& line, QByteArrayView content) {
-    const qsizetype close = content.lastIndexOf(']');
-    if (close > 0) {
-        line.kind = LineKind::Section;
-        line.name = content.sliced(1, close - 1).trimmed();
-    }
-}
-
-void ReadKey(Line& line, QByteArrayView content, QByteArrayView text) {
-    const qsizetype equals = content.indexOf('=');
-    if (equals > 0) {
-        line.kind = LineKind::Key;
-        line.name = content.first(equals).trimmed();
-        line.valueBegin = content.data() - text.data() + equals + 1;
-        line.value = content.sliced(equals + 1).trimmed();
-    }
-}
-
-Line ReadLine(QByteArrayView text, qsizetype begin) {
-    const qsizetype end = text.indexOf('\n', begin);
-    Line line;
-    line.begin = begin;
-    line.next = end < 0 ? text.size() : end + 1;
-    QByteArrayView content = text.sliced(begin, line.next - begin);
-    if (const qsizetype nul = content.indexOf('\0'); nul >= 0) {
-        content = content.first(nul);
-    } else if (content.trimmed().isEmpty()) {
-        line.kind = LineKind::Blank;
-    }
-    content = content.trimmed();
-    if (content.startsWith('[')) {
-        ReadSection(line, content);
-    } else if (!content.startsWith(';')) {
-        ReadKey(line, content, text);
-    }
-    return line;
-}
+Line ReadLine(QByteArrayView text, qsizetype begin) { return ReadProfileLine(text, begin); }
 
 // The header of the first section of that name.
 std::optional<Line> FindSection(QByteArrayView text, QByteArrayView section) {
@@ -143,10 +100,7 @@ std::optional<QByteArrayView> ProfileValue(QByteArrayView text, QByteArrayView s
     if (!line) {
         return std::nullopt;
     }
-    const QByteArrayView value = line->value;
-    const bool quoted =
-        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front();
-    return quoted ? value.sliced(1, value.size() - 2) : value;
+    return line->ValueWithoutQuotes();
 }
 
 QByteArrayList ProfileSections(QByteArrayView text) {

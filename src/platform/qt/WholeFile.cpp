@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -11,13 +13,25 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <ctime>
 #endif
+
+#include "platform/qt/FileLock.h"
 
 namespace travo::platform {
 
 namespace {
+
+#ifndef Q_OS_WIN
+// Two writes nearer to each other than this, in nanoseconds, may bear the same time.
+constexpr std::int64_t StampGrain = 100'000'000;
+#endif
 
 constexpr int MostLinks = 40;  // as many as the system itself follows
 
@@ -40,16 +54,38 @@ std::optional<QByteArray> ReadOpened(QFile& file) {
     return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
 }
 
-// The process number in the name tells a temporary file from everything that others keep here.
-QString TemporaryName(const QString& target, const QString& process) {
-    return target + QLatin1Char('.') + process + QStringLiteral(".tmp");
+// Process and chance make the name its own, also where two systems share the folder; the form tells it from
+// everything that others keep here.
+QString TemporaryName(const QString& target) {
+    return QStringLiteral("%1.%2-%3.tmp")
+        .arg(target)
+        .arg(QCoreApplication::applicationPid())
+        .arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
 }
 
-bool IsTemporaryOf(const QString& target, const QString& name) {
-    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
-    const auto begin = name.begin() + std::min(name.size(), target.size() + 1);
-    const QString process(begin, std::find_if_not(begin, name.end(), isDigit) - begin);
-    return !process.isEmpty() && name == TemporaryName(target, process);
+// The process that made this temporary file of the target, as digits; empty for any other file.
+QString MakerOf(const QString& target, const QString& name) {
+    static const QRegularExpression form(QStringLiteral("\\A\\.([0-9]+)(-[0-9a-f]{8})?\\.tmp\\z"));
+    return name.startsWith(target) ? form.match(name.mid(target.size())).captured(1) : QString();
+}
+
+// Whoever writes a temporary file holds its lock. Where the file system takes none, a living maker counts.
+bool IsLeftBehind(const QString& path, const QString& maker) {
+    FileLock lock;
+    switch (lock.TakeOfPresent(path)) {
+        case LockOutcome::Taken:
+            return true;
+        case LockOutcome::HeldByAnother:
+            return false;
+        case LockOutcome::Impossible:
+            break;
+    }
+#ifndef Q_OS_WIN
+    const bool lives = ::kill(static_cast<pid_t>(maker.toInt()), 0) == 0 || errno == EPERM;
+    return !lives || maker.toLongLong() == QCoreApplication::applicationPid();
+#else
+    return maker.toLongLong() == QCoreApplication::applicationPid();
+#endif
 }
 
 void RemoveLeftBehind(const QString& target) {
@@ -58,7 +94,8 @@ void RemoveLeftBehind(const QString& target) {
     QDir folder = info.dir();
     const QStringList names = folder.entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
     for (const QString& name : names) {
-        if (IsTemporaryOf(own, name)) {
+        const QString maker = MakerOf(own, name);
+        if (!maker.isEmpty() && IsLeftBehind(folder.filePath(name), maker)) {
             folder.remove(name);
         }
     }
@@ -87,18 +124,69 @@ bool BringToDisk(QFile& file) {
 #endif
 }
 
-bool WriteTemporary(const QString& temporary, const QString& target, const QByteArray& bytes) {
-    QFile file(temporary);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        return false;
+// Opens a new file and takes its lock. Another program may just have taken the file for one left behind.
+bool OpenTemporary(QFile& file, const QString& target) {
+    constexpr int MostTries = 8;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        file.setFileName(TemporaryName(target));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            return false;
+        }
+        if (TryLock(file.handle()) != LockOutcome::HeldByAnother && file.exists()) {
+            return true;
+        }
+        file.close();
     }
+    return false;
+}
+
+bool WriteTemporary(QFile& file, const QString& target, const QByteArray& bytes) {
     TakeOverOwnerAndPermissions(file, target);
     const bool written = file.write(bytes) == bytes.size() && BringToDisk(file);
+#ifdef Q_OS_WIN
     file.close();
+#endif
     return written && file.error() == QFileDevice::NoError;
 }
 
+// A name that is only in the system's memory is lost with its power. What fails here fails in silence: the
+// file has been replaced for everybody who runs.
+void BringFolderToDisk(const QString& file) {
+#ifndef Q_OS_WIN
+    const QByteArray folder = QFile::encodeName(QFileInfo(file).absolutePath());
+    const int descriptor = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+#endif
+}
+
 }  // namespace
+
+FileStamp StampOf(const QString& path) {
+#ifndef Q_OS_WIN
+    struct stat there {};
+    timespec now{};
+    if (::stat(QFile::encodeName(path).constData(), &there) != 0 ||
+        ::clock_gettime(CLOCK_REALTIME, &now) != 0) {
+        return {};
+    }
+    const auto nanoseconds = [](const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    FileStamp stamp;
+    stamp.device = there.st_dev;
+    stamp.number = there.st_ino;
+    stamp.size = there.st_size;
+    stamp.written = nanoseconds(there.st_mtim);
+    stamp.changed = nanoseconds(there.st_ctim);
+    stamp.settled = nanoseconds(now) - std::max(stamp.written, stamp.changed) > StampGrain;
+    return stamp;
+#else
+    return {};
+#endif
+}
 
 std::optional<QByteArray> ReadWholeFile(const QString& path) {
     QFile file(path);
@@ -131,16 +219,20 @@ bool ReplaceWholeFile(const QString& path, const QByteArray& bytes) {
         return false;
     }
     RemoveLeftBehind(target);
-    const QString process = QString::number(QCoreApplication::applicationPid());
-    const QString temporary = TemporaryName(target, process);
+    QFile temporary;
+    if (!OpenTemporary(temporary, target)) {
+        return false;
+    }
+    // Open, and so locked, until it bears the file's name.
     std::error_code failure;
     if (WriteTemporary(temporary, target, bytes)) {
-        std::filesystem::rename(Native(temporary), Native(target), failure);
+        std::filesystem::rename(Native(temporary.fileName()), Native(target), failure);
         if (!failure) {
+            BringFolderToDisk(target);
             return true;
         }
     }
-    QFile::remove(temporary);
+    temporary.remove();
     return false;
 }
 

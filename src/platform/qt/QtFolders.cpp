@@ -19,15 +19,20 @@ void QtFolders::Create(const QString& folder) {
 }
 
 bool QtSingleInstance::Claim() {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty()) {
-        folder = QDir::tempPath();
+    const QString name = QStringLiteral("TRAVO.lock");
+    QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (runtime.isEmpty()) {
+        runtime = QDir::tempPath();
     }
-    lock_ = std::make_unique<QLockFile>(QDir(folder).filePath(QStringLiteral("TRAVO.lock")));
-    // Age says nothing: the program may run for weeks.
-    lock_->setStaleLockTime(0);
-    // Only another living program refuses; a folder that takes no lock must not keep the operator out.
-    return lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError;
+    // A folder that takes no lock must not keep the operator out.
+    if (user_.Take(QDir(runtime).filePath(name)) == LockOutcome::HeldByAnother) {
+        return false;
+    }
+    if (folder_.Take(QDir(programFolder_).filePath(name)) == LockOutcome::HeldByAnother) {
+        user_.Release();
+        return false;
+    }
+    return true;
 }
 
 }  // namespace travo::platform::qt

@@ -1,11 +1,12 @@
 // Folders and single instance on Qt's.
 #pragma once
 
-#include <QLockFile>
-#include <memory>
+#include <QString>
+#include <utility>
 
 #include "platform/Folders.h"
 #include "platform/SingleInstance.h"
+#include "platform/qt/FileLock.h"
 
 namespace travo::platform::qt {
 
@@ -24,13 +25,19 @@ private:
     QString program_;
 };
 
-// A lock file in the user's runtime folder; that of a killed process is recognised and taken over.
+// Locks of two files that stay where they are: one in the user's runtime folder, and one beside the settings
+// file, for two runs of one program folder that have different runtime folders. Only a lock that is held
+// refuses.
 class QtSingleInstance : public SingleInstance {
 public:
+    explicit QtSingleInstance(QString programFolder) : programFolder_(std::move(programFolder)) {}
+
     bool Claim() override;
 
 private:
-    std::unique_ptr<QLockFile> lock_;
+    QString programFolder_;
+    FileLock user_;
+    FileLock folder_;
 };
 
 }  // namespace travo::platform::qt

@@ -26,7 +26,8 @@ public:
           folders_(programFolder),
           boxes_(eventLoop_),
           serialPortList_({programFolder}),
-          serialPorts_(programFolder) {}
+          serialPorts_(programFolder),
+          singleInstance_(programFolder) {}
 
     Machine Seams() {
         return {clock_,   display_, eventLoop_,      folders_,     liveCamera_,     driverLibrary_, boxes_,

@@ -1,6 +1,7 @@
 #include "core/clsDebugLog.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 
 #include "core/Arithmetic.h"
@@ -14,7 +15,10 @@ namespace {
 void WriteLine(const QString& path, QIODevice::OpenMode mode, const QString& line) {
     QFile file(path);
     const QByteArray bytes = platform::ToWindows1252(line) + "\r\n";
-    if (path.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered | mode)) {
+    // A pipe in its place would be waited for without end, and a device be written to.
+    const QFileInfo there(path);
+    const bool isFile = !there.exists() || there.isFile();
+    if (path.isEmpty() || !isFile || !file.open(QIODevice::WriteOnly | QIODevice::Unbuffered | mode)) {
         throw Failure("the debug log cannot be opened");
     }
     const bool written = file.write(bytes) == bytes.size();

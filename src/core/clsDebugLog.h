@@ -16,7 +16,7 @@ public:
     void LogFilePath(const QString& path) { path_ = path; }
 
     // Creates or empties the file and writes the date line, month-day-year. Raises Failure when the
-    // file cannot be opened or written.
+    // file cannot be opened or written; only a plain file is a log.
     void WriteDate();
 
     // Appends one line: time of day, " - ", the text as it stands. Windows-1252, CR LF; characters

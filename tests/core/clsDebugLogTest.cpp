@@ -1,12 +1,15 @@
 #include "core/clsDebugLog.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QTemporaryDir>
+#include <csignal>
 
 #include "core/Arithmetic.h"
 #include "support/FakeMachine.h"
@@ -136,9 +139,35 @@ TEST_F(clsDebugLogTest, AFolderInPlaceOfTheFilePassesToTheCaller) {
 }
 
 TEST_F(clsDebugLogTest, AFullDiskPassesToTheCaller) {
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), path));
+    log.WriteDate();
+    // A file cannot grow beyond its first line, as on a disk that is full.
+    rlimit previous{};
+    getrlimit(RLIMIT_FSIZE, &previous);
+    const rlimit limited{static_cast<rlim_t>(OnDisk().size()), previous.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limited);
+    EXPECT_THROW(log.WriteString(QStringLiteral("a")), Failure);
+    setrlimit(RLIMIT_FSIZE, &previous);
+    std::signal(SIGXFSZ, handler);
+}
+
+TEST_F(clsDebugLogTest, APipeInPlaceOfTheFileIsNotWaitedForAndPassesToTheCaller) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     EXPECT_THROW(log.WriteDate(), Failure);
     EXPECT_THROW(log.WriteString(QStringLiteral("a")), Failure);
+}
+
+TEST_F(clsDebugLogTest, ADeviceIsNoLog) {
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/null"), path));
+    EXPECT_THROW(log.WriteDate(), Failure);
+    EXPECT_THROW(log.WriteString(QStringLiteral("a")), Failure);
+}
+
+TEST_F(clsDebugLogTest, ALinkToAFileIsALog) {
+    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere.txt"), path));
+    log.WriteDate();
+    log.WriteString(QStringLiteral("a"));
+    EXPECT_TRUE(OnDisk().ends_with("14:05:33 - a\r\n"));
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 #include "core/FormMain.h"
 #include "platform/qt/BrokenPipe.h"
 #include "platform/qt/QtApplicationLoop.h"
+#include "platform/qt/QtCloseRequests.h"
 #include "platform/qt/QtMachine.h"
+#include "platform/qt/QtSession.h"
 #include "platform/qt/QtTermination.h"
 #include "platform/qt/SessionBus.h"
 
@@ -21,13 +23,17 @@ int main(int argumentCount, char** arguments) {
     bool closed = false;
     window.WhenClosed([&closed] {
         closed = true;
-        QCoreApplication::quit();
+        QCoreApplication::exit();
     });
     application.WhenUnexpectedFailure([&window] { window.ReportUnexpectedFailure(); });
-    const platform::qt::QtTermination termination([&machine, &window] {
-        machine.Boxes().Dismiss();
+    const auto end = [&machine, &window] {
         window.CloseWithoutQuestion();
-    });
+        machine.Boxes().Dismiss();
+    };
+    const platform::qt::QtTermination termination(end);
+    application.WhenToldToEnd(end);
+    const platform::qt::QtSession session([&window] { window.SaveForSession(); }, end);
+    const platform::qt::QtCloseRequests closeRequests(window, [&window] { window.CloseAfterWaits(); });
 
     if (!window.Start()) {
         return 1;

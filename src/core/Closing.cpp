@@ -22,13 +22,19 @@ void Closing::Close() {
 
 // The order of the closing: what is kept, windows, camera, ports.
 void Closing::CloseSteps() {
-    SaveValues();
+    Save();
     window_.CloseSmallWindows();
     objects_.Live->AnnounceHideWindow();
     ClosePorts();
 }
 
-void Closing::SaveValues() {
+void Closing::Save() {
+    const clsIniEdit::Together together(*objects_.cIniEdit);
+    WriteValues();
+    window_.SaveOpenWindows();
+}
+
+void Closing::WriteValues() {
     clsIniEdit& ini = *objects_.cIniEdit;
     const QString shift = QStringLiteral("FormBirdView_Shift");
     ini.WriteString(shift, QStringLiteral("X"), settings::FloatText(state_.ShiftX));

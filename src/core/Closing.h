@@ -22,6 +22,8 @@ public:
         virtual MeasuredWindowPlace Measured() const = 0;
         // Sections and places of the small windows, in the order of their creation.
         virtual std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const = 0;
+        // Writes which windows are open.
+        virtual void SaveOpenWindows() = 0;
         virtual void CloseSmallWindows() = 0;
         // 1 while the offsets' minimum, or the contact check, is switched off, else 0.
         virtual std::int32_t OffsetOFF() const = 0;
@@ -37,12 +39,14 @@ public:
 
     // Asks the operator; false refuses the close.
     bool Ask();
+    // Writes all that is kept between runs, in one replacement of the settings file; nothing else changes.
+    void Save();
     // Saves and closes. A failure is reported, the remaining steps are skipped, the close goes on.
     void Close();
 
 private:
     void CloseSteps();
-    void SaveValues();
+    void WriteValues();
     void ClosePorts();
 
     SharedState& state_;

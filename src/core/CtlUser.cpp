@@ -57,8 +57,8 @@ CtlUser::CtlUser(const System& system, const QString& programFolder, QWidget* pa
 }
 
 CtlUser::~CtlUser() {
-    if (saveWindowsAtEnd_) {
-        WriteWindows();
+    if (saveWindowsAtEnd_ && saved_ != WindowsNow()) {
+        SaveWindows();
     }
 }
 
@@ -69,11 +69,20 @@ void CtlUser::ReadWindows() {
     }
 }
 
-void CtlUser::WriteWindows() {
-    for (std::size_t index = 0; index < windows_.size(); ++index) {
-        const std::int32_t key = windows_.at(index)->Value() ? OpenKey : ClosedKey;
+CtlUser::OpenWindows CtlUser::WindowsNow() const {
+    OpenWindows open{};
+    std::transform(windows_.begin(), windows_.end(), open.begin(),
+                   [](const usrKVCheckButton* button) { return button->Value(); });
+    return open;
+}
+
+void CtlUser::SaveWindows() {
+    const OpenWindows open = WindowsNow();
+    for (std::size_t index = 0; index < open.size(); ++index) {
+        const std::int32_t key = open.at(index) ? OpenKey : ClosedKey;
         cIniEdit_.WriteString(WindowSection, QString::number(index), QString::number(key));
     }
+    saved_ = open;
 }
 
 void CtlUser::Connect() {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "controls/NumberBox.h"
 #include "controls/NumberLabel.h"
@@ -58,6 +59,10 @@ public:
     // Off: the end of this panel leaves the settings file untouched, for a run that never came to load.
     void SaveWindowsAtEnd(bool save) { saveWindowsAtEnd_ = save; }
 
+    // Writes which windows are open. The end of the panel writes them again only where they have changed
+    // since.
+    void SaveWindows();
+
     void Shown() override;
     void Hidden() override {}
 
@@ -95,7 +100,8 @@ private:
     void Connect();
 
     void ReadWindows();
-    void WriteWindows();
+    using OpenWindows = std::array<bool, WindowCount>;
+    OpenWindows WindowsNow() const;
 
     void OffsetTextChanged(NumberBox& box);
     void ShowOffset(NumberBox& box, std::int32_t value);
@@ -117,6 +123,7 @@ private:
     // Works on the same file as the owner's, which has not been set up when this panel reads.
     clsIniEdit cIniEdit_;
     bool saveWindowsAtEnd_ = true;
+    std::optional<OpenWindows> saved_;
     // Follows the offset switch: true when it is pressed.
     bool bOffsetOFF_ = false;
 

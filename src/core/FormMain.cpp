@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <chrono>
+#include <utility>
 
 #include "controls/ApplicationStyle.h"
 #include "controls/Pressable.h"
@@ -55,6 +56,7 @@ FormMain::~FormMain() {
 bool FormMain::Start() {
     StartUp startUp(machine_, state_, objects_, loop_, *this);
     if (startUp.Initialize() == StartUp::Outcome::GoOn && startUp.Load() == StartUp::Outcome::GoOn) {
+        loaded_ = true;
         show();
         CallAfterFirstPaint(*this, CameraWait, [this] { OpenCamera(); });
         return true;
@@ -107,7 +109,7 @@ void FormMain::closeEvent(QCloseEvent* event) {
         return;
     }
     if (machine_.eventLoop.Waiting()) {
-        machine_.eventLoop.QueueAfterWaits([this] { close(); });
+        CloseAfterWaits();
         return;
     }
     asking_ = true;
@@ -119,11 +121,42 @@ void FormMain::closeEvent(QCloseEvent* event) {
     }
 }
 
+void FormMain::CloseAfterWaits() {
+    // The question answers whoever asks while it is up, and one question all who ask before it.
+    if (closed_ || asking_ || std::exchange(closeQueued_, true)) {
+        return;
+    }
+    machine_.eventLoop.QueueAfterWaits([this] {
+        closeQueued_ = false;
+        close();
+    });
+}
+
 void FormMain::CloseWithoutQuestion() {
+    EndMoves();
     machine_.eventLoop.QueueAfterWaits([this] {
         FinishClose();
         close();
     });
+}
+
+void FormMain::EndMoves() {
+    if (objects_.cCommunication.Alive()) {
+        objects_.cCommunication->EndMoves();
+    }
+}
+
+void FormMain::SaveForSession() noexcept {
+    // Before the load has come to its end there is nothing to save, and after the closing all is saved.
+    if (!loaded_ || closed_) {
+        return;
+    }
+    try {
+        closing_.Save();
+    } catch (...) {
+        // The session waits for this call: nobody is to answer a box in it.
+        machine_.eventLoop.Queue([this] { objects_.Failures.Report(QStringLiteral("Error : Unload")); });
+    }
 }
 
 void FormMain::FinishClose() {
@@ -131,6 +164,7 @@ void FormMain::FinishClose() {
         return;
     }
     closed_ = true;
+    EndMoves();
     closing_.Close();
     if (whenClosed_) {
         whenClosed_();
@@ -283,6 +317,8 @@ MeasuredWindowPlace FormMain::Measured() const {
 std::vector<std::pair<QString, MeasuredWindowPlace>> FormMain::SmallPlaces() const {
     return windows_->Places();
 }
+
+void FormMain::SaveOpenWindows() { panels_->CtlUser1.SaveWindows(); }
 
 void FormMain::CloseSmallWindows() { windows_->CloseAtEnd(); }
 

@@ -45,8 +45,13 @@ public:
     // Start-up and load. False: the operator has been told why, and the process must end.
     bool Start();
 
-    // As the operator's close, without the question: for the end of the session.
+    // As the operator's close, without the question: for the end of the session. Nothing moves from now on;
+    // the rest follows once no operation of the system waits any more.
     void CloseWithoutQuestion();
+    // The window system has had the window close while a box stood before it: taken up once that is answered.
+    void CloseAfterWaits();
+    // Writes what closing writes and goes on: for a session that may be about to end. Raises nothing.
+    void SaveForSession() noexcept;
 
     // Logs and shows what no handler has taken. Raises nothing.
     void ReportUnexpectedFailure() noexcept;
@@ -75,6 +80,7 @@ private:
     void ResizeStep();
     void FinishClose();
     void OpenCamera();
+    void EndMoves();
 
     // SharedState::Listener
     void MagnificationChanged(std::int16_t magnification) override;
@@ -101,6 +107,7 @@ private:
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
     std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const override;
+    void SaveOpenWindows() override;
     void CloseSmallWindows() override;
     std::int32_t OffsetOFF() const override;
     std::int32_t ContactOFF() const override;
@@ -148,6 +155,8 @@ private:
     FirstAndLast loadStill_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;
+    bool loaded_ = false;
+    bool closeQueued_ = false;
     bool asking_ = false;
     std::function<void()> whenClosed_;
 };

@@ -12,6 +12,19 @@ namespace travo {
 
 class clsIniEdit {
 public:
+    // While it lives, all that is written through the settings store is collected, by any instance; the file
+    // is replaced once, when it ends. Whoever reads meanwhile reads what has been written.
+    class Together {
+    public:
+        explicit Together(clsIniEdit& ini) : profile_(ini.profile_) { profile_.BeginTogether(); }
+        ~Together() { profile_.EndTogether(); }
+        Together(const Together&) = delete;
+        Together& operator=(const Together&) = delete;
+
+    private:
+        platform::PrivateProfile& profile_;
+    };
+
     explicit clsIniEdit(platform::PrivateProfile& profile) : profile_(profile) {}
 
     // Path of the file. Two instances may work on the same file.

@@ -4,7 +4,7 @@ namespace travo {
 
 clsCommunication::clsCommunication(const Machine& machine, SharedState& state, FailureHandler& failures,
                                    Listener& listener)
-    : state_(state), listener_(listener) {
+    : eventLoop_(machine.eventLoop), state_(state), listener_(listener) {
     clsMagnescale::Receiver& gaugeReceiver = *this;
     clsMirror::Receiver& mirrorReceiver = *this;
     clsMotor::Panel& motorPanel = *this;
@@ -26,6 +26,9 @@ void clsCommunication::MirrorPortClose() { mirror_->PortClose(); }
 bool clsCommunication::MirrorPortOpenCheck() const { return mirror_->PortOpenCheck(); }
 
 void clsCommunication::SendMirrorData(std::int16_t Index, std::int32_t Data) {
+    if (!MayMove()) {
+        return;
+    }
     if (Index == 0) {
         mirror_->SendXData(Data);
     } else if (Index == 1) {
@@ -34,10 +37,16 @@ void clsCommunication::SendMirrorData(std::int16_t Index, std::int32_t Data) {
 }
 
 void clsCommunication::SendMirrorMagnificationData(std::int16_t Magnification) {
-    mirror_->SendMagnificationData(Magnification);
+    if (MayMove()) {
+        mirror_->SendMagnificationData(Magnification);
+    }
 }
 
-void clsCommunication::SendMotorLock(std::int16_t ErgoLock) { mirror_->SendMotorONOFF(ErgoLock); }
+void clsCommunication::SendMotorLock(std::int16_t ErgoLock) {
+    if (ErgoLock == 0 || MayMove()) {
+        mirror_->SendMotorONOFF(ErgoLock);
+    }
+}
 void clsCommunication::SendErgoZ(std::int16_t ZLock) { mirror_->SendErgoZONOFF(ZLock); }
 
 void clsCommunication::RequestMirrorData() {
@@ -66,13 +75,15 @@ void clsCommunication::MagnescaleData(std::int32_t Data) { state_.CurrentXYZ(2, 
 std::int16_t clsCommunication::SendManipulatorData(std::int16_t ManipulatorNumber,
                                                    const PositionXYZ& lngInXYZ,
                                                    const PositionXYZ& lngNowXYZ) {
-    return manipulator_->SendData(ManipulatorNumber, lngInXYZ, lngNowXYZ);
+    return MayMove() ? manipulator_->SendData(ManipulatorNumber, lngInXYZ, lngNowXYZ) : std::int16_t{0};
 }
 
 std::string clsCommunication::RequestManipulatorData() { return manipulator_->RequestData(); }
 
 void clsCommunication::TestManipulator(std::int16_t& ManipulatorNumber) {
-    manipulator_->ConnectTest(ManipulatorNumber);
+    if (MayMove()) {
+        manipulator_->ConnectTest(ManipulatorNumber);
+    }
 }
 
 std::int32_t clsCommunication::ChangeManipulator(std::int16_t ManipulatorNumber) {
@@ -105,11 +116,28 @@ void clsCommunication::MotorPortOpen(std::int16_t PortNumber) { motor_->PortOpen
 void clsCommunication::MotorPortClose() { motor_->PortClose(); }
 bool clsCommunication::MotorPortOpenCheck() const { return motor_->PortOpenCheck(); }
 void clsCommunication::MotorZeroReset() { motor_->ZeroReset(); }
-void clsCommunication::MotorMoveMZ(std::int32_t Data) { motor_->MoveMZ(Data); }
-void clsCommunication::MotorMoveRZ(std::int32_t Data) { motor_->MoveRZ(Data); }
+
+void clsCommunication::MotorMoveMZ(std::int32_t Data) {
+    if (MayMove()) {
+        motor_->MoveMZ(Data);
+    }
+}
+
+void clsCommunication::MotorMoveRZ(std::int32_t Data) {
+    if (MayMove()) {
+        motor_->MoveRZ(Data);
+    }
+}
+
 void clsCommunication::MotorMoveWZ() { motor_->ReceiveZData(); }
 void clsCommunication::MotorHALT() { motor_->HALT(); }
-void clsCommunication::MotorErgoConnect(std::string_view strData) { motor_->ErgoConnect(strData); }
+
+void clsCommunication::MotorErgoConnect(std::string_view strData) {
+    // The Ergo unit's wheel drives the focus motor.
+    if (MayMove()) {
+        motor_->ErgoConnect(strData);
+    }
+}
 
 void clsCommunication::ControlONOFF(bool ONOFF) { listener_.ControlONOFF(ONOFF); }
 

@@ -49,6 +49,12 @@ public:
     clsCommunication(const clsCommunication&) = delete;
     clsCommunication& operator=(const clsCommunication&) = delete;
 
+    // From now on nothing is sent that moves anything: needles, mirror, magnification, focus motor, nor what
+    // would switch the mirror's motors on. The same holds from the moment at which the system asks the
+    // program to end. What stops, asks, switches off or closes passes, and so does the way back of a test
+    // of a manipulator that is under way.
+    void EndMoves() { movesEnded_ = true; }
+
     // The mirror controller; see clsMirror. A request returns at once: the value that it asks for
     // comes when the event loop next runs. With a port closed nothing is sent and nothing is told.
     void MirrorPortOpen(std::int16_t PortNumber);
@@ -102,7 +108,7 @@ public:
     // To an absolute place, and by a distance; in the motor unit's counts.
     void MotorMoveMZ(std::int32_t Data);
     void MotorMoveRZ(std::int32_t Data);
-    // Asks where Z is; nothing moves.
+    // Asks where Z is; nothing moves, also not after EndMoves.
     void MotorMoveWZ();
     void MotorHALT();
     // A line of the Ergo unit, which comes on the mirror controller's wire.
@@ -110,13 +116,16 @@ public:
 
 private:
     void ControlONOFF(bool ONOFF) override;
+    bool MayMove() const { return !movesEnded_ && !eventLoop_.EndAsked(); }
 
+    const platform::EventLoop& eventLoop_;
     SharedState& state_;
     Listener& listener_;
     Slot<clsMagnescale> magnescale_;
     Slot<clsMirror> mirror_;
     Slot<clsManipulator> manipulator_;
     Slot<clsMotor> motor_;
+    bool movesEnded_ = false;
 };
 
 }  // namespace travo

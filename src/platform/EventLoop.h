@@ -20,6 +20,8 @@ public:
     virtual void QueueAfterWaits(std::function<void()> procedure) = 0;
     // An operation of the system waits at this moment.
     virtual bool Waiting() const = 0;
+    // The system has asked the program to end; true as soon as it has, also where the loop has not run since.
+    virtual bool EndAsked() const { return false; }
 };
 
 }  // namespace travo::platform

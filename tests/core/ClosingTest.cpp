@@ -41,7 +41,9 @@ TEST_F(ClosingTest, CloseWritesInItsExactOrder) {
     for (const char* const key : {"XYOffset", "ZOffset", "OffsetOFF", "ContactOFF", "LineOFF", "BirdOPEN"}) {
         expected.push_back(std::string("write User_Value|") + key);
     }
-    expected.push_back("close windows");
+    for (const char* const entry : {"save open windows", "written together", "close windows"}) {
+        expected.emplace_back(entry);
+    }
     EXPECT_EQ(journal_, expected);
 }
 
@@ -89,7 +91,7 @@ TEST_F(ClosingTest, APlaceBeyondSixteenBitsIsBoundedSoThatTheNextStartCanReadIt)
 TEST_F(ClosingTest, AFailureIsReportedTheRestIsSkippedAndNothingMovesAfterwards) {
     profile_.failWrite = true;
     closing_->Close();
-    EXPECT_EQ(journal_, (Journal{"write FormBirdView_Shift|X", "box Error : Unload"}));
+    EXPECT_EQ(journal_, (Journal{"write FormBirdView_Shift|X", "written together", "box Error : Unload"}));
     EXPECT_FALSE(timers_.created.at(0)->Enabled());
 }
 

@@ -155,15 +155,6 @@ TEST_F(FormMainTest, ALoadThatFailsLeavesTheSettingsFileUntouched) {
     EXPECT_EQ(ReadSettings(), before);
 }
 
-TEST_F(FormMainTest, AGoodEndSavesWhichWindowsAreOpenWhenThePanelsGo) {
-    ASSERT_TRUE(Start());
-    Answer(platform::BoxAnswer::OK);
-    EXPECT_TRUE(window_->close());
-    EXPECT_FALSE(ReadSettings().contains("[Window]"));
-    window_.reset();
-    EXPECT_TRUE(ReadSettings().contains("[Window]\r\n0=1\r\n1=1\r\n2=1\r\n3=1\r\n4=1\r\n"));
-}
-
 TEST_F(FormMainTest, StoredSafeguardsReachTheUserPanelAndTheNeedleMoves) {
     WriteSettings("[User_Value]\r\nOffsetOFF=1\r\nContactOFF=1\r\n");
     ASSERT_TRUE(Start());

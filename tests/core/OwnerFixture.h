@@ -49,10 +49,22 @@ public:
         if (failWrite) {
             throw std::runtime_error("the store is gone");
         }
+        writtenAlone += together_ == 0 ? 1 : 0;
         return profile_.Write(section, key, value, file);
+    }
+    void BeginTogether() override {
+        ++together_;
+        profile_.BeginTogether();
+    }
+    bool EndTogether() override {
+        if (--together_ == 0) {
+            journal_.push_back("written together");
+        }
+        return profile_.EndTogether();
     }
 
     bool failWrite = false;
+    int writtenAlone = 0;  // writes that each replaced the file
 
 private:
     void Note(const char* what, const QString& section, const QString& key) {
@@ -60,6 +72,7 @@ private:
     }
 
     Journal& journal_;
+    int together_ = 0;
     platform::QtPrivateProfile profile_;
 };
 
@@ -157,6 +170,7 @@ protected:
                 {QStringLiteral("FormMirror_Position"), {75.0F, 90.0F, 3345.0F, 4140.0F}},
                 {QStringLiteral("FormMirror2_Position"), {105.0F, 120.0F, 2880.0F, 4140.0F}}};
     }
+    void SaveOpenWindows() override { journal_.push_back("save open windows"); }
     void CloseSmallWindows() override { journal_.push_back("close windows"); }
     std::int32_t OffsetOFF() const override { return offsetOFF_; }
     std::int32_t ContactOFF() const override { return contactOFF_; }

@@ -136,6 +136,13 @@ TEST_F(CtlControllerTest, Area2AtY180ShowsMovementLimitYAndThenStillMakesTheXMov
     EXPECT_TRUE(LogTexts(rig.log).isEmpty());
 }
 
+TEST_F(CtlControllerTest, AnEndAskedForUnderTheLimitBoxOfArea2KeepsTheXMoveBack) {
+    rig.state.CurrentXY(5, 180);
+    rig.boxes.whileShown = [this] { rig.eventLoop.endAsked = true; };
+    Click(2);
+    EXPECT_EQ(rig.journal, Journal{"box Movement limit Y"});
+}
+
 TEST_F(CtlControllerTest, Area4AtTheOtherEndOfBothAxesShowsBothLimits) {
     rig.state.CurrentXY(-180, -175);
     Click(4);

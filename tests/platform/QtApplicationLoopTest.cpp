@@ -6,6 +6,7 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
+#include <QWidget>
 #include <csignal>
 #include <stdexcept>
 
@@ -53,6 +54,25 @@ TEST(QtApplicationLoop, WithoutAnybodyToTellTheProgramGoesOnToo) {
         throw std::runtime_error("nobody takes this");
     });
     ServeUntil([&] { return raised; });
+}
+
+TEST(QtApplicationLoop, AWordToEndIsToldAndClosesNoWindow) {
+    QWidget window;
+    window.show();
+    int told = 0;
+    application->WhenToldToEnd([&] { ++told; });
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(application, &quit);
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(window.isVisible());
+    application->WhenToldToEnd({});
+}
+
+TEST(QtTermination, IsAskedForFromTheSignalOnAlsoBeforeTheEventLoopTakesItUp) {
+    const QtTermination termination([] {});
+    EXPECT_FALSE(QtTermination::Asked());
+    kill(getpid(), SIGTERM);
+    EXPECT_TRUE(QtTermination::Asked());
 }
 
 TEST(QtTermination, ATerminationSignalIsACallFromTheEventLoopOnce) {

@@ -101,6 +101,7 @@ public:
     void Queue(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
     void QueueAfterWaits(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
     bool Waiting() const override { return waiting; }
+    bool EndAsked() const override { return endAsked; }
     void RunQueued() {
         while (!queued.empty()) {
             auto procedure = std::move(queued.front());
@@ -110,6 +111,7 @@ public:
     }
 
     bool waiting = false;
+    bool endAsked = false;
     std::int64_t eventAfter = INT64_MAX;  // milliseconds after which an event ends a wait
     int served = 0;
     std::function<void()> whileServed;  // runs inside each wait that serves events

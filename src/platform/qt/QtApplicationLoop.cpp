@@ -10,6 +10,7 @@ void QtApplicationLoop::PreferX11() {
 
 QtApplicationLoop::QtApplicationLoop(int& argumentCount, char** arguments)
     : QApplication(argumentCount, arguments) {
+    EndDisplayWatch();
     setApplicationName(QStringLiteral("TRAVO"));
     setApplicationDisplayName(QStringLiteral("TRAVO"));
     // The main window says when the program ends; a box that closes before it is on show must not.
@@ -25,6 +26,15 @@ bool QtApplicationLoop::notify(QObject* receiver, QEvent* event) {
         }
     }
     return true;
+}
+
+bool QtApplicationLoop::event(QEvent* event) {
+    if (event->type() == QEvent::Quit && end_) {
+        event->accept();
+        end_();
+        return true;
+    }
+    return QApplication::event(event);
 }
 
 }  // namespace travo::platform::qt

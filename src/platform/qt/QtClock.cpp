@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <utility>
 
+#include "platform/qt/QtTermination.h"
+
 namespace travo::platform::qt {
 
 namespace {
@@ -30,7 +32,10 @@ private:
 
 }  // namespace
 
-void QtClock::Sleep(std::int64_t milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
+void QtClock::Sleep(std::int64_t milliseconds) {
+    QtTermination::StandsStill();
+    QThread::msleep(static_cast<unsigned long>(milliseconds));
+}
 
 std::unique_ptr<Timer> QtTimers::Create(std::function<void()> tick) {
     return std::make_unique<QtTimer>(std::move(tick));

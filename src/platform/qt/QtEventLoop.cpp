@@ -4,6 +4,8 @@
 #include <QTimer>
 #include <utility>
 
+#include "platform/qt/QtTermination.h"
+
 namespace travo::platform::qt {
 
 void QtEventLoop::Serve() {
@@ -32,6 +34,8 @@ void QtEventLoop::QueueAfterWaits(std::function<void()> procedure) {
         Queue(std::move(procedure));
     }
 }
+
+bool QtEventLoop::EndAsked() const { return QtTermination::Asked(); }
 
 void QtEventLoop::Leave() {
     --depth_;

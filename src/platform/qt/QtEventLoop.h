@@ -28,6 +28,7 @@ public:
     void Queue(std::function<void()> procedure) override;
     void QueueAfterWaits(std::function<void()> procedure) override;
     bool Waiting() const override { return depth_ > 0; }
+    bool EndAsked() const override;
 
 private:
     void Leave();

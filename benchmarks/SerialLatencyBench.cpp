@@ -142,6 +142,8 @@ private:
     void ViewChanged() override { changedAt_ = Clock::now(); }
     void checkMotor(std::int16_t) override {}
     void ControlONOFF(bool) override {}
+    void PortLost(Instrument) override {}
+    void LineDropped(Instrument) override {}
     void Pin(int number, const PseudoTerminal& wire) {
         QFile::link(wire.Device(), folder_.filePath(QStringLiteral("ports/com%1").arg(number)));
     }

@@ -11,6 +11,7 @@
 #include "controls/Pressable.h"
 #include "core/FormMainFirstPaint.h"
 #include "core/FormMainFrame.h"
+#include "devices/LineLimit.h"
 #include "platform/Display.h"
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
@@ -337,6 +338,17 @@ void FormMain::checkMotor(std::int16_t ONOFF) {
 }
 
 void FormMain::ControlONOFF(bool ONOFF) { panels_->CtlConnection1.ControlONOFF(ONOFF); }
+
+void FormMain::PortLost(Instrument instrument) { panels_->CtlConnection1.PortLost(instrument); }
+
+void FormMain::LineDropped(Instrument instrument) {
+    const QString link = instrument == Instrument::Mirror       ? QStringLiteral("Mirror")
+                         : instrument == Instrument::Magnescale ? QStringLiteral("Magnescale")
+                                                                : QStringLiteral("Motor");
+    objects_.Details.Note(QStringLiteral("%1 : more than %2 bytes without an end have been dropped")
+                              .arg(link)
+                              .arg(MostLineBytes));
+}
 
 void FormMain::Live_BirdViewSave() { loadStill_.Tell(); }
 

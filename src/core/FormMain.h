@@ -116,6 +116,8 @@ private:
     // clsCommunication::Listener
     void checkMotor(std::int16_t ONOFF) override;
     void ControlONOFF(bool ONOFF) override;
+    void PortLost(Instrument instrument) override;
+    void LineDropped(Instrument instrument) override;
     // LiveLink::Listener
     void Live_BirdViewSave() override;
     void Live_WindowHide() override;

@@ -5,6 +5,7 @@ namespace travo {
 FormMainObjects::FormMainObjects(const platform::Machine& machine, SharedState& state,
                                  clsCommunication::Listener& instruments, LiveLink::Listener& camera)
     : Failures(DebugLog.Place(), machine.boxes),
+      Details(machine.clock),
       machine_(machine),
       state_(state),
       instruments_(instruments),

@@ -1,6 +1,7 @@
 // The objects that the main window owns, in their order of creation and release.
 #pragma once
 
+#include "core/DetailsLog.h"
 #include "core/FailureHandler.h"
 #include "core/LiveLink.h"
 #include "core/SharedState.h"
@@ -44,6 +45,8 @@ public:
 
     // The handler of all objects; to be used while DebugLog lives.
     FailureHandler Failures;
+    // What no operator has to be told at once.
+    DetailsLog Details;
 
 private:
     const platform::Machine& machine_;

@@ -46,7 +46,9 @@ StartUp::Outcome StartUp::InitializeSteps() {
     }
     objects_.Create();
     state_.LiveOpen = false;
-    objects_.DebugLog->LogFilePath(MakeDataFolder() + QStringLiteral("debugTRAVO.txt"));
+    const QString folder = MakeDataFolder();
+    objects_.Details.Path(folder + QStringLiteral("travo-details.txt"));
+    objects_.DebugLog->LogFilePath(folder + QStringLiteral("debugTRAVO.txt"));
     objects_.DebugLog->WriteDate();
     window_.ConstructPanels();
     return Outcome::GoOn;

@@ -11,20 +11,11 @@ using platform::PointerShape;
 
 namespace {
 
-constexpr int WatchPeriod = 150;  // milliseconds
-// A tick that finds so many behind it is the last one.
-constexpr std::int16_t TicksBeforeVerdict = 6;
-constexpr std::int32_t NotConnected = -1;
+constexpr int WatchPeriod = 150;             // milliseconds
 constexpr std::int32_t TestDistance = 1000;  // counts of the focus motor
 constexpr std::int16_t HighestMagnification = 3;
 // Numbers that the arrow of the manipulators reaches stay below this.
 constexpr std::int32_t ManipulatorLimit = 5;
-
-const QString& Key(std::int16_t watch) {
-    static const std::array<QString, 3> keys{QStringLiteral("Mirror"), QStringLiteral("Magnescale"),
-                                             QStringLiteral("Motor")};
-    return keys[Bounded(watch, keys.size())];
-}
 
 // The value of a box's text, as far as its limits care: 0 for what is no number, and the largest value
 // for one that has no place in 32 bits.
@@ -56,14 +47,10 @@ CtlConnection::CtlConnection(const System& system, const QString& programFolder,
 }
 
 void CtlConnection::Shown() {
+    StopWatches();
     for (const Row row : {Mirror, Magnescale, Motor}) {
         ConnectTimer(row).Interval(WatchPeriod);
-        ConnectTimer(row).Enabled(false);
         ConnectRetryCount(row) = 0;
-        const RowState state = shownState_[static_cast<std::size_t>(row)];
-        if (state == RowState::Watching || (state == RowState::Connected && !PortIsOpen(row))) {
-            ShowState(row, RowState::AtRest);
-        }
     }
     StateChange();
     if (PortIsOpen(Mirror)) {
@@ -81,27 +68,15 @@ void CtlConnection::Shown() {
     } else {
         system_.state.bMotorONOFF = false;
     }
+    // A command whose answer never came would keep it locked for the whole run.
+    usrKVButton1_[Motor]->Enabled(true);
 }
 
-void CtlConnection::Hidden() {
-    for (const std::int16_t watch : {Mirror, Magnescale, Motor}) {
-        TimerONOFF(watch, false);
-    }
-}
+void CtlConnection::Hidden() { StopWatches(); }
 
 void CtlConnection::ControlONOFF(bool bONOFF) {
     usrKVButton1_[Motor]->Enabled(bONOFF);
     usrKVButton1_[TestMotor]->Enabled(bONOFF);
-}
-
-void CtlConnection::TimerONOFF(std::int16_t Index, bool bONOFF) {
-    const Row row = static_cast<Row>(Bounded(Index, WatchCount));
-    ConnectTimer(row).Enabled(bONOFF);
-    if (bONOFF) {
-        ShowState(row, RowState::Watching);
-    } else if (shownState_[static_cast<std::size_t>(row)] == RowState::Watching) {
-        ShowState(row, RowState::AtRest);
-    }
 }
 
 void CtlConnection::txtNoChange(std::int16_t Index, const QString& strNo) {
@@ -239,7 +214,7 @@ void CtlConnection::SetMotorPort() {
 
 void CtlConnection::TakeBack(Row row) {
     ConnectTimer(row).Enabled(false);
-    ShowState(row, RowState::Refused);
+    ShowState(row, RowState::NotOpened);
     switch (row) {
         case Mirror:
             system_.instruments.MirrorPortClose();
@@ -265,93 +240,6 @@ void CtlConnection::ForgetView(Row row) {
     } else {
         system_.state.CurrentXYZ(2, NoPositionValue);
     }
-}
-
-void CtlConnection::ConnectTimer_Timer(Row row) {
-    if (row == Mirror) {
-        WatchMirror();
-    } else if (row == Magnescale) {
-        WatchMagnescale();
-    } else {
-        WatchMotor();
-    }
-    ConnectRetryCount(row) = ToInteger16(Sum(ConnectRetryCount(row), 1));
-}
-
-void CtlConnection::WatchMirror() {
-    const bool isX = system_.state.CurrentXYZ(0) != NoPositionValue;
-    const bool isY = system_.state.CurrentXYZ(1) != NoPositionValue;
-    if ((isX && isY) || InTime(Mirror)) {
-        if (isX || isY) {
-            EndWatch(Mirror, RowState::Connected);
-            Store(Mirror, BoxValue(Mirror));
-            usrKVButton1_[TestMirror]->Enabled(true);
-            system_.owner.chkMirror(true);
-            system_.instruments.SendErgoZ(0);
-        }
-        return;
-    }
-    EndWatch(Mirror, RowState::Refused);
-    Store(Mirror, NotConnected);
-    system_.instruments.MirrorPortClose();
-    system_.failures.Show(QStringLiteral("Error : Mirror : Communication connection"));
-    usrKVButton1_[TestMirror]->Enabled(false);
-    system_.owner.chkMirror(false);
-}
-
-void CtlConnection::WatchMagnescale() {
-    const bool isZ = system_.state.CurrentXYZ(2) != NoPositionValue;
-    if (isZ) {
-        system_.instruments.MagnescaleKeyOFF();
-        EndWatch(Magnescale, RowState::Connected);
-        system_.pointer.Screen(PointerShape::Default);
-        Store(Magnescale, BoxValue(Magnescale));
-        usrKVButton1_[TestMagnescale]->Enabled(true);
-    } else if (!InTime(Magnescale)) {
-        EndWatch(Magnescale, RowState::Refused);
-        system_.instruments.MagnescalePortClose();
-        system_.pointer.Screen(PointerShape::Default);
-        Store(Magnescale, NotConnected);
-        system_.instruments.MagnescaleKeyON();
-        system_.failures.Show(QStringLiteral("Error : Magnescale : Communication connection"));
-        usrKVButton1_[TestMagnescale]->Enabled(false);
-    }
-    // The gauge speaks only when it is asked.
-    system_.instruments.RequestMagnescaleData();
-}
-
-void CtlConnection::WatchMotor() {
-    if (system_.state.bMotorONOFF) {
-        EndWatch(Motor, RowState::Connected);
-        Store(Motor, BoxValue(Motor));
-        usrKVButton1_[TestMotor]->Enabled(true);
-    } else if (!InTime(Motor)) {
-        EndWatch(Motor, RowState::Refused);
-        Store(Motor, NotConnected);
-        system_.instruments.MotorPortClose();
-        ControlONOFF(true);
-        system_.failures.Show(QStringLiteral("Error : Motor : Communication connection"));
-        usrKVButton1_[TestMotor]->Enabled(false);
-    }
-}
-
-bool CtlConnection::InTime(Row row) const {
-    return ConnectRetryCount_[static_cast<std::size_t>(row)] < TicksBeforeVerdict;
-}
-
-void CtlConnection::StartWatch(Row row) {
-    ConnectTimer(row).Enabled(true);
-    ShowState(row, RowState::Watching);
-}
-
-void CtlConnection::EndWatch(Row row, RowState verdict) {
-    ConnectTimer(row).Enabled(false);
-    ConnectRetryCount(row) = 0;
-    ShowState(row, verdict);
-}
-
-void CtlConnection::Store(Row row, std::int32_t port) {
-    system_.settings.WriteString(QStringLiteral("COMPort"), Key(row), QString::number(port));
 }
 
 void CtlConnection::ShowPortList() {

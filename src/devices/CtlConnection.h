@@ -54,13 +54,16 @@ public:
     CtlConnection(const System& system, const QString& programFolder, QWidget* parent);
 
     // Stops the watches without a verdict, their ports left open as they are, and unlocks the tests of
-    // the instruments whose ports are open.
+    // the instruments whose ports are open, and the motor's SET.
     void Shown() override;
     // Stops the watches without a verdict, their ports left open, and changes nothing else.
     void Hidden() override;
 
     // The motor's buttons SET and TEST: false locks them, true unlocks them.
     void ControlONOFF(bool bONOFF);
+    // The port has closed by itself: what its instrument told is forgotten, and its row says so and locks its
+    // test. The motor's SET is unlocked. A watch that runs goes on to its verdict.
+    void PortLost(Instrument instrument);
     // Starts or stops the watch of mirror (0), Magnescale (1) or motor (2). Starting a watch that runs
     // changes nothing. BoundsFailure for any other index.
     void TimerONOFF(std::int16_t Index, bool bONOFF);
@@ -85,8 +88,9 @@ private:
     static constexpr std::size_t ButtonCount = 9;
     // That the operator can type: enough for a number beyond 16 bits, which its row refuses.
     static constexpr int TypedFigures = 5;
-    // What a row says of itself.
-    enum class RowState { AtRest, Watching, Connected, Refused };
+    // What a row says of itself. Lost: a port that was open has closed by itself. NotOpened: it cannot be
+    // opened, or its number cannot be had.
+    enum class RowState { AtRest, Watching, Connected, Refused, Lost, NotOpened };
 
     // Building, placing and wiring, and what the rows say; in a file of their own.
     void Build(const QString& programFolder);
@@ -119,8 +123,12 @@ private:
     void WatchMotor();
     bool InTime(Row row) const;
     void StartWatch(Row row);
+    void StopWatches();
+    RowState Refusal(Row row) const;
     void EndWatch(Row row, RowState verdict);
     void Store(Row row, std::int32_t port);
+    // Of the settings file.
+    static const QString& Key(Row row);
 
     void ShowPortList();
     void StepMagnification();

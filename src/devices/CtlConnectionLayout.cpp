@@ -191,12 +191,15 @@ void CtlConnection::Wire() {
 }
 
 void CtlConnection::ShowState(Row row, RowState state) {
-    static const std::array<QString, 4> words{QStringLiteral("At rest"), QStringLiteral("Watching"),
-                                              QStringLiteral("Connected"), QStringLiteral("Refused")};
+    static const std::array<QString, 6> words{
+        QStringLiteral("Not connected"),   QStringLiteral("Waiting for an answer"),
+        QStringLiteral("Connected"),       QStringLiteral("No answer"),
+        QStringLiteral("Connection lost"), QStringLiteral("Port cannot be opened")};
+    const bool isBad = state == RowState::Refused || state == RowState::Lost || state == RowState::NotOpened;
     const auto index = static_cast<std::size_t>(row);
     shownState_[index] = state;
     lblState_[index]->setText(words[static_cast<std::size_t>(state)]);
-    lblState_[index]->Colour(state == RowState::Refused ? palette::CoralDeepText : palette::Ink2);
+    lblState_[index]->Colour(isBad ? palette::CoralDeepText : palette::Ink2);
 }
 
 }  // namespace travo

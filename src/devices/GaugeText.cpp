@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/Arithmetic.h"
+#include "devices/LineLimit.h"
 
 namespace travo {
 
@@ -28,15 +29,21 @@ bool IsDecimal(std::string_view number) {
 
 std::optional<std::string_view> GaugeText::Reading() {
     const std::size_t mark = text_.find(ReadingMark, search_);
-    if (mark == std::string::npos) {
-        search_ = text_.size();
+    search_ = std::min(mark, text_.size());
+    if (text_.size() - search_ < ReadingSize) {
+        DropNoise();
         return std::nullopt;
     }
-    search_ = mark;
-    if (text_.size() - mark < ReadingSize) {
-        return std::nullopt;
+    return std::string_view(text_).substr(search_, ReadingSize);
+}
+
+void GaugeText::DropNoise() {
+    if (search_ <= MostLineBytes) {
+        return;
     }
-    return std::string_view(text_).substr(mark, ReadingSize);
+    text_ = text_.substr(search_);
+    search_ = 0;
+    dropped_ = !std::exchange(hasDropped_, true);
 }
 
 std::optional<std::int32_t> GaugeCount(std::string_view reading) {

@@ -2,8 +2,8 @@
 
 namespace travo {
 
-LinkPort::LinkPort(platform::SerialPorts& ports, std::function<void()> OnComm)
-    : port_(ports.Create(std::move(OnComm))) {}
+LinkPort::LinkPort(platform::SerialPorts& ports, std::function<void()> OnComm, std::function<void()> OnLost)
+    : port_(ports.Create(std::move(OnComm), std::move(OnLost))) {}
 
 LinkPort::~LinkPort() { CloseInSilence(); }
 

@@ -14,8 +14,9 @@ namespace travo {
 
 class LinkPort {
 public:
-    // Creates the port, closed. OnComm is called for each event of the port.
-    LinkPort(platform::SerialPorts& ports, std::function<void()> OnComm);
+    // Creates the port, closed. OnComm is called for each event of the port, OnLost where it has closed by
+    // itself.
+    LinkPort(platform::SerialPorts& ports, std::function<void()> OnComm, std::function<void()> OnLost);
     // Closes the port if it is open and releases it.
     ~LinkPort();
     LinkPort(const LinkPort&) = delete;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "devices/LineLimit.h"
+
 namespace travo {
 
 namespace {
@@ -19,15 +21,28 @@ bool IsForMotor(std::string_view text) {
 }  // namespace
 
 std::optional<MirrorText::Line> MirrorText::NextLine() {
+    while (DropUpToEnd()) {
+        const auto line = AnyLine();
+        if (!line) {
+            StartDropping();
+            break;
+        }
+        if (line->text.size() <= MostLineBytes) {
+            return line;
+        }
+        ++dropped_;
+    }
+    DropRead();
+    return std::nullopt;
+}
+
+std::optional<MirrorText::Line> MirrorText::AnyLine() {
     if (const std::size_t end = text_.find(LineEnd, searchLineEnd_); end != std::string::npos) {
         const Line line{Behind(end), false};
-        place_ = end + LineEnd.size();
-        searchLineEnd_ = place_;
-        searchCarriageReturn_ = place_;
+        GoOnAt(end + LineEnd.size());
         return line;
     }
-    // The LF of a CR at the very end may still come.
-    searchLineEnd_ = std::max(place_, text_.size() - (text_.ends_with(CarriageReturn) ? 1 : 0));
+    searchLineEnd_ = std::max(place_, EndOfSearch());
     if (searchCarriageReturn_) {
         const std::size_t end = text_.find(CarriageReturn, *searchCarriageReturn_);
         if (end != std::string::npos && IsForMotor(Behind(end))) {
@@ -39,8 +54,45 @@ std::optional<MirrorText::Line> MirrorText::NextLine() {
         }
         searchCarriageReturn_ = end == std::string::npos ? std::optional(text_.size()) : std::nullopt;
     }
-    DropRead();
     return std::nullopt;
+}
+
+// False where the end of a dropped line has still not come.
+bool MirrorText::DropUpToEnd() {
+    if (dropUpTo_ == End::None) {
+        return true;
+    }
+    const bool isForMotor = dropUpTo_ == End::CarriageReturn;
+    const std::size_t end = isForMotor ? text_.find(CarriageReturn, place_) : text_.find(LineEnd, place_);
+    if (end == std::string::npos) {
+        GoOnAt(isForMotor ? text_.size() : EndOfSearch());
+        return false;
+    }
+    const bool isLineEnd = std::string_view(text_).substr(end).starts_with(LineEnd);
+    GoOnAt(end + (isLineEnd ? LineEnd.size() : 1));
+    dropUpTo_ = End::None;
+    return true;
+}
+
+// All that is left has no end. Too long, it goes, and what comes goes with it.
+void MirrorText::StartDropping() {
+    if (std::max(place_, EndOfSearch()) - place_ <= MostLineBytes) {
+        return;
+    }
+    ++dropped_;
+    dropUpTo_ = IsForMotor(Behind(text_.size())) ? End::CarriageReturn : End::LineEnd;
+    GoOnAt(EndOfSearch());
+}
+
+void MirrorText::GoOnAt(std::size_t place) {
+    place_ = place;
+    searchLineEnd_ = place;
+    searchCarriageReturn_ = place;
+}
+
+// The LF of a CR at the very end may still come.
+std::size_t MirrorText::EndOfSearch() const {
+    return text_.size() - (text_.ends_with(CarriageReturn) ? 1 : 0);
 }
 
 std::string_view MirrorText::Behind(std::size_t end) const {

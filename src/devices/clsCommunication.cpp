@@ -140,5 +140,7 @@ void clsCommunication::MotorErgoConnect(std::string_view strData) {
 }
 
 void clsCommunication::ControlONOFF(bool ONOFF) { listener_.ControlONOFF(ONOFF); }
+void clsCommunication::PortLost(Instrument instrument) { listener_.PortLost(instrument); }
+void clsCommunication::LineDropped(Instrument instrument) { listener_.LineDropped(instrument); }
 
 }  // namespace travo

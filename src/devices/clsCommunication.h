@@ -10,6 +10,7 @@
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "core/Slot.h"
+#include "devices/LinkListener.h"
 #include "devices/clsMagnescale.h"
 #include "devices/clsManipulator.h"
 #include "devices/clsMirror.h"
@@ -31,9 +32,8 @@ public:
     };
 
     // What the instruments have to tell besides the values that go into the shared state.
-    class Listener {
+    class Listener : public LinkListener {
     public:
-        virtual ~Listener() = default;
         // The mirror's own motors are on (not 0) or off, as the controller reports them. The shared
         // state knows already.
         virtual void checkMotor(std::int16_t ONOFF) = 0;
@@ -117,6 +117,8 @@ public:
 private:
     void ControlONOFF(bool ONOFF) override;
     bool MayMove() const { return !movesEnded_ && !eventLoop_.EndAsked(); }
+    void PortLost(Instrument instrument) override;
+    void LineDropped(Instrument instrument) override;
 
     const platform::EventLoop& eventLoop_;
     SharedState& state_;

@@ -6,7 +6,11 @@
 namespace travo {
 
 clsMagnescale::clsMagnescale(platform::SerialPorts& ports, FailureHandler& failures, Receiver& receiver)
-    : failures_(failures), receiver_(receiver), port_(ports, [this] { MagnescaleComm_OnComm(); }) {}
+    : failures_(failures),
+      receiver_(receiver),
+      port_(
+          ports, [this] { MagnescaleComm_OnComm(); },
+          [this] { receiver_.PortLost(Instrument::Magnescale); }) {}
 
 void clsMagnescale::PortOpen(std::int16_t PortNumber) {
     port_.Open([&](platform::SerialPort& port) {
@@ -54,7 +58,11 @@ void clsMagnescale::MagnescaleComm_OnComm() {
     text.Append(port_.Input());
     const auto reading = text.Reading();
     if (!reading) {
+        const bool dropped = text.TakeDropped();
         PendingText_ = std::move(text);
+        if (dropped) {
+            receiver_.LineDropped(Instrument::Magnescale);
+        }
         return;
     }
     // A reading that is no number is lost with all that came with it.

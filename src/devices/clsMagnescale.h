@@ -6,6 +6,7 @@
 
 #include "core/FailureHandler.h"
 #include "devices/GaugeText.h"
+#include "devices/LinkListener.h"
 #include "devices/LinkPort.h"
 #include "platform/SerialPort.h"
 
@@ -13,9 +14,8 @@ namespace travo {
 
 class clsMagnescale {
 public:
-    class Receiver {
+    class Receiver : public virtual LinkListener {
     public:
-        virtual ~Receiver() = default;
         // The gauge's reading times 1000.
         virtual void MagnescaleData(std::int32_t Data) = 0;
     };

@@ -8,7 +8,10 @@
 namespace travo {
 
 clsMirror::clsMirror(platform::SerialPorts& ports, FailureHandler& failures, Receiver& receiver)
-    : failures_(failures), receiver_(receiver), port_(ports, [this] { MirrorComm_OnComm(); }) {}
+    : failures_(failures),
+      receiver_(receiver),
+      port_(
+          ports, [this] { MirrorComm_OnComm(); }, [this] { receiver_.PortLost(Instrument::Mirror); }) {}
 
 void clsMirror::PortOpen(std::int16_t PortNumber) {
     port_.Open([&](platform::SerialPort& port) {
@@ -70,8 +73,12 @@ void clsMirror::DivideReceivedLines(std::string_view text) {
             ParseReceivedLine(line->text);
         }
     }
+    const std::size_t dropped = received.TakeDropped();
     if (!received.Empty()) {
         PendingText_ = std::move(received);
+    }
+    for (std::size_t line = 0; line < dropped; ++line) {
+        receiver_.LineDropped(Instrument::Mirror);
     }
 }
 
@@ -133,17 +140,20 @@ void clsMirror::TakeStatus(std::string_view value) {
     const std::int32_t y = ReadInteger32(fields[StatusY]);
     receiver_.ReceiveMirrorXYData(x, y);
     receiver_.ReceiveMotorData(ReadInteger16(fields[StatusMotor]));
-    ShowLimit(fields[StatusLimitY], LimitYShown_, QLatin1String("Movement limit Y"));
-    ShowLimit(fields[StatusLimitX], LimitXShown_, QLatin1String("Movement limit X"));
+    ShowLimit(fields[StatusLimitY], LimitY_, QLatin1String("Movement limit Y"));
+    ShowLimit(fields[StatusLimitX], LimitX_, QLatin1String("Movement limit X"));
 }
 
-// Once for each arrival at the limit. The latch closes when the box has been answered.
-void clsMirror::ShowLimit(std::string_view field, bool& shown, QLatin1String text) {
+// Once for each arrival at the limit. The latch closes when the box has been answered, and until then
+// further status lines find the box up.
+void clsMirror::ShowLimit(std::string_view field, Limit& limit, QLatin1String text) {
     if (ReadInteger32(field) == 0) {
-        shown = false;
-    } else if (!shown) {
+        limit.Shown = false;
+    } else if (!limit.Shown && !limit.IsUp) {
+        limit.IsUp = true;
         failures_.Show(text);
-        shown = true;
+        limit.IsUp = false;
+        limit.Shown = true;
     }
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "core/FailureHandler.h"
+#include "devices/LinkListener.h"
 #include "devices/LinkPort.h"
 #include "devices/MirrorLine.h"
 #include "devices/MirrorText.h"
@@ -18,9 +19,8 @@ namespace travo {
 class clsMirror {
 public:
     // Whoever takes what comes in. What a call raises drops the rest of its line.
-    class Receiver {
+    class Receiver : public virtual LinkListener {
     public:
-        virtual ~Receiver() = default;
         // Answers: one axis of the mirror's place, in the controller's counts.
         virtual void ReceiveMirrorXData(std::int32_t Data) = 0;
         virtual void ReceiveMirrorYData(std::int32_t Data) = 0;
@@ -63,6 +63,12 @@ public:
     void StatusONOFF(std::int16_t ONOFF);
 
 private:
+    // The box of one axis: it has been shown and the limit still holds; it is up now.
+    struct Limit {
+        bool Shown = false;
+        bool IsUp = false;
+    };
+
     void Send(std::string_view command);
     void Send(std::string_view command, std::int32_t number);
 
@@ -72,15 +78,15 @@ private:
     void ActOn(const MirrorLine& parts, std::string_view line);
     void TakeAnswer(const MirrorLine& answer);
     void TakeStatus(std::string_view value);
-    void ShowLimit(std::string_view field, bool& shown, QLatin1String text);
+    void ShowLimit(std::string_view field, Limit& limit, QLatin1String text);
     void ReportError(std::string_view line, std::string_view value);
 
     FailureHandler& failures_;
     Receiver& receiver_;
     std::string LastLine_ = "0";
     MirrorText PendingText_;
-    bool LimitYShown_ = false;
-    bool LimitXShown_ = false;
+    Limit LimitY_;
+    Limit LimitX_;
     LinkPort port_;
 };
 

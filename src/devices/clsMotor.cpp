@@ -9,9 +9,12 @@ namespace travo {
 
 clsMotor::clsMotor(platform::SerialPorts& ports, platform::EventLoop& eventLoop, SharedState& state,
                    Panel& panel, FailureHandler& failures)
-    : eventLoop_(eventLoop), state_(state), panel_(panel), failures_(failures), port_(ports, [this] {
-          MotorComm_OnComm();
-      }) {}
+    : eventLoop_(eventLoop),
+      state_(state),
+      panel_(panel),
+      failures_(failures),
+      port_(
+          ports, [this] { MotorComm_OnComm(); }, [this] { panel_.PortLost(Instrument::Motor); }) {}
 
 void clsMotor::PortOpen(std::int16_t PortNumber) {
     port_.Open([&](platform::SerialPort& port) {
@@ -64,8 +67,12 @@ void clsMotor::DivideReceivedLines(std::string_view text) {
         ParseReceivedLine(*line);
         eventLoop_.Serve();
     }
+    const std::size_t dropped = received.TakeDropped();
     if (!received.Empty()) {
         PendingText_ = std::move(received);
+    }
+    for (std::size_t line = 0; line < dropped; ++line) {
+        panel_.LineDropped(Instrument::Motor);
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/FailureHandler.h"
 #include "core/SharedState.h"
+#include "devices/LinkListener.h"
 #include "devices/LinkPort.h"
 #include "devices/MotorText.h"
 #include "platform/EventLoop.h"
@@ -15,10 +16,9 @@ namespace travo {
 
 class clsMotor {
 public:
-    // The motor's buttons on the connection panel.
-    class Panel {
+    // The motor's row of the connection panel.
+    class Panel : public virtual LinkListener {
     public:
-        virtual ~Panel() = default;
         // False locks the buttons at every command, true unlocks them at every answer.
         virtual void ControlONOFF(bool ONOFF) = 0;
     };

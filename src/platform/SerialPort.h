@@ -34,7 +34,7 @@ public:
 
     // True opens and raises std::runtime_error where the port is missing, forbidden, in use or open
     // already, or its settings cannot be had; false closes, also inside OnComm. A port whose device
-    // vanishes closes by itself, from the event loop and without an event.
+    // vanishes closes by itself, from the event loop; OnLost then, and no event, tells so.
     virtual void PortOpen(bool open) = 0;
     virtual bool PortOpen() const = 0;
 
@@ -52,8 +52,11 @@ class SerialPorts {
 public:
     virtual ~SerialPorts() = default;
     // A closed port. OnComm is called from the event loop for each event of the port, and from event
-    // loops that run inside such a call, up to a bound; it may end the port.
-    virtual std::unique_ptr<SerialPort> Create(std::function<void()> OnComm) = 0;
+    // loops that run inside such a call, up to a bound; it may end the port. OnLost is called from the
+    // event loop once for each opening that ends by itself, when the port is closed already; it may open
+    // or end the port.
+    virtual std::unique_ptr<SerialPort> Create(std::function<void()> OnComm,
+                                               std::function<void()> OnLost) = 0;
 };
 
 }  // namespace travo::platform

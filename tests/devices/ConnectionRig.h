@@ -32,6 +32,7 @@ class ConnectionRig : public ::testing::Test, private CtlConnection::Owner {
 protected:
     ConnectionRig() {
         rig.instruments.motorButtons = [this](bool on) { panel.ControlONOFF(on); };
+        rig.instruments.lostPorts = [this](Instrument instrument) { panel.PortLost(instrument); };
         rig.state.intTotalManipulatorNumber = 3;
         panel.resize(486, 520);
         panel.show();

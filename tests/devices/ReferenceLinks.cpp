@@ -9,6 +9,8 @@ namespace travo::test {
 
 namespace {
 
+constexpr std::size_t LongestLine = 65536;
+
 // An optional minus and digits whose value lies within the limits.
 std::optional<std::int64_t> Number(const std::string& text, std::int64_t lowest, std::int64_t highest) {
     const bool negative = !text.empty() && text[0] == '-';
@@ -69,31 +71,50 @@ void ReferenceMirror::Receive(const std::string& bytes, int) {
 }
 
 void ReferenceMirror::DivideReceivedLines(std::string text) {
-    if (!PendingText_.empty()) {
-        text = PendingText_ + text;
-        PendingText_.clear();
-    }
+    text = std::exchange(PendingText_, {}) + text;
+    std::string dropUpTo = std::exchange(dropUpTo_, {});
     std::size_t place = 0;
+    int dropped = 0;
     for (;;) {
+        if (!dropUpTo.empty()) {
+            const std::size_t end = text.find(dropUpTo, place);
+            if (end == std::string::npos) {
+                place = text.size() - (dropUpTo == "\r\n" && text.ends_with('\r') ? 1 : 0);
+                break;
+            }
+            place = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+            dropUpTo.clear();
+        }
         const std::size_t lineEnd = text.find("\r\n", place);
-        if (lineEnd != std::string::npos) {
-            ParseReceivedLine(text.substr(place, lineEnd - place));
-            place = lineEnd + 2;
-            continue;
-        }
         const std::size_t carriageReturn = text.find('\r', place);
-        if (carriageReturn == std::string::npos) {
+        const bool isForMotor = BeginsForMotor(text.substr(place, 2));
+        if (lineEnd != std::string::npos) {
+            if (lineEnd - place > LongestLine) {
+                ++dropped;
+            } else {
+                ParseReceivedLine(text.substr(place, lineEnd - place));
+            }
+            place = lineEnd + 2;
+        } else if (carriageReturn != std::string::npos && isForMotor) {
+            if (carriageReturn - place > LongestLine) {
+                ++dropped;
+            } else {
+                events_.Tell("ergo " + text.substr(place, carriageReturn - place));
+            }
+            place = carriageReturn + 1;
+        } else if (text.size() - place > LongestLine + (text.ends_with('\r') ? 1 : 0)) {
+            ++dropped;
+            dropUpTo = isForMotor ? "\r" : "\r\n";
+        } else {
             break;
         }
-        const std::string candidate = text.substr(place, carriageReturn - place);
-        if (!BeginsForMotor(candidate)) {
-            break;
-        }
-        events_.Tell("ergo " + candidate);
-        place = carriageReturn + 1;
     }
-    if (place < text.size()) {
+    if (place < text.size() || !dropUpTo.empty()) {
         PendingText_ = text.substr(place);
+        dropUpTo_ = dropUpTo;
+    }
+    for (; dropped > 0; --dropped) {
+        events_.Tell("dropped");
     }
 }
 
@@ -154,19 +175,21 @@ bool ReferenceMirror::Status(const std::string& value) {
         return false;
     }
     events_.Tell("motor " + std::to_string(*motor));
-    return Limit(field[5], LimitYShown_, "Movement limit Y") &&
-           Limit(field[6], LimitXShown_, "Movement limit X");
+    return Limit(field[5], LimitYShown_, LimitYUp_, "Movement limit Y") &&
+           Limit(field[6], LimitXShown_, LimitXUp_, "Movement limit X");
 }
 
-bool ReferenceMirror::Limit(const std::string& field, bool& shown, const std::string& text) {
+bool ReferenceMirror::Limit(const std::string& field, bool& shown, bool& isUp, const std::string& text) {
     const auto flag = Number32(field);
     if (!flag) {
         return false;
     }
     if (*flag == 0) {
         shown = false;
-    } else if (!shown) {
+    } else if (!shown && !isUp) {
+        isUp = true;
         events_.Tell("box " + text);
+        isUp = false;
         shown = true;
     }
     return true;
@@ -196,22 +219,36 @@ void ReferenceMotor::Receive(const std::string& bytes, int code) {
 }
 
 void ReferenceMotor::DivideReceivedLines(std::string text) {
-    if (!PendingText_.empty()) {
-        text = PendingText_ + text;
-        PendingText_.clear();
-    }
+    text = std::exchange(PendingText_, {}) + text;
+    bool dropping = std::exchange(dropping_, false);
     std::size_t place = 0;
-    for (;;) {
-        events_.Tell("serve");
-        const std::size_t end = text.find('\r', place);
-        if (end == std::string::npos) {
-            break;
+    int dropped = 0;
+    events_.Tell("serve");
+    for (std::size_t end = 0; (end = text.find('\r', place)) != std::string::npos; place = end + 1) {
+        const bool isTooLong = end - place > LongestLine;
+        if (std::exchange(dropping, false)) {
+            continue;
         }
-        ParseReceivedLine(text.substr(place, end - place));
-        place = end + 1;
+        if (isTooLong) {
+            ++dropped;
+        } else {
+            ParseReceivedLine(text.substr(place, end - place));
+            events_.Tell("serve");
+        }
     }
-    if (place < text.size()) {
+    if (!dropping && text.size() - place > LongestLine) {
+        dropping = true;
+        ++dropped;
+    }
+    if (dropping) {
+        dropping_ = true;
+        PendingText_.clear();
+    } else if (place < text.size()) {
+        dropping_ = false;
         PendingText_ = text.substr(place);
+    }
+    for (; dropped > 0; --dropped) {
+        events_.Tell("dropped");
     }
 }
 
@@ -234,9 +271,14 @@ void ReferenceGauge::Receive(const std::string& bytes, int code) {
     const std::string text = std::exchange(PendingText_, {}) + std::exchange(buffer_, {});
     const std::size_t mark = text.find('A');
     if (mark == std::string::npos || text.size() - mark < 8) {
-        PendingText_ = text;
+        const std::size_t noise = std::min(mark, text.size());
+        PendingText_ = noise > LongestLine ? text.substr(noise) : text;
+        if (noise > LongestLine && !std::exchange(hasDropped_, true)) {
+            events_.Tell("dropped");
+        }
         return;
     }
+    hasDropped_ = false;
     const std::string seven = text.substr(mark + 1, 7);
     if (!IsReading(seven)) {
         return;

@@ -32,14 +32,17 @@ private:
     void ParseReceivedLine(const std::string& line);
     bool Act(const std::string& line, const std::string& value);
     bool Status(const std::string& value);
-    bool Limit(const std::string& field, bool& shown, const std::string& text);
+    bool Limit(const std::string& field, bool& shown, bool& isUp, const std::string& text);
     void Error(const std::string& line, const std::string& value);
 
     LinkEvents& events_;
     std::string LastLine_ = "0";
     std::string PendingText_;
+    std::string dropUpTo_;  // the end of a line that is too long
     bool LimitYShown_ = false;
     bool LimitXShown_ = false;
+    bool LimitYUp_ = false;
+    bool LimitXUp_ = false;
 };
 
 class ReferenceMotor {
@@ -55,6 +58,7 @@ private:
     LinkEvents& events_;
     std::string buffer_;
     std::string PendingText_;
+    bool dropping_ = false;
     bool identified_ = false;
 };
 
@@ -67,6 +71,7 @@ private:
     LinkEvents& events_;
     std::string buffer_;
     std::string PendingText_;
+    bool hasDropped_ = false;
 };
 
 }  // namespace travo::test

@@ -216,14 +216,35 @@ TEST_F(MirrorAnswers, TheLimitIsShownAgainOnlyAfterTheAxisWasOffIt) {
     EXPECT_EQ(boxes.Texts(), (QStringList{y, x, y, x}));
 }
 
-TEST_F(MirrorAnswers, ALatchIsSetWhenTheBoxHasClosed) {
+TEST_F(MirrorAnswers, ALimitBoxIsNotShownAgainWhileItIsUp) {
     boxes.whileShown = Once([&] {
-        Line("sSAA2,2,0,1,2,1,0,0");  // the box of the first is still up
+        for (int x = 2; x < 32; ++x) {
+            Line("sSAA" + std::to_string(x) + ",2,0,1,2,1,0,0");
+        }
     });
     Line("sSAA1,2,0,1,2,1,0,0");
-    EXPECT_EQ(boxes.shown.size(), 2u);
-    Line("sSAA3,2,0,1,2,1,0,0");
-    EXPECT_EQ(boxes.shown.size(), 2u);
+    EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Movement limit Y")});
+    Line("sSAA40,2,0,1,2,1,0,0");
+    EXPECT_EQ(boxes.shown.size(), 1u);
+}
+
+TEST_F(MirrorAnswers, AnAxisThatComesBackToItsLimitWhileItsBoxIsUpIsNotShownAgain) {
+    boxes.whileShown = Once([&] {
+        Line("sSAA2,2,0,1,2,0,0,0");
+        Line("sSAA3,2,0,1,2,1,0,0");
+    });
+    Line("sSAA1,2,0,1,2,1,0,0");
+    EXPECT_EQ(boxes.shown.size(), 1u);
+}
+
+TEST_F(MirrorAnswers, TheLimitOfTheOtherAxisIsShownWhileOneBoxIsUp) {
+    boxes.whileShown = Once([&] {
+        Line("sSAA2,2,0,1,2,1,1,0");
+        Line("sSAA3,2,0,1,2,1,1,0");
+    });
+    Line("sSAA1,2,0,1,2,1,0,0");
+    EXPECT_EQ(boxes.Texts(),
+              (QStringList{QStringLiteral("Movement limit Y"), QStringLiteral("Movement limit X")}));
 }
 
 TEST_F(MirrorAnswers, AnAxisThatLeavesTheLimitDuringTheBoxIsLatchedAllTheSame) {

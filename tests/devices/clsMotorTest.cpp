@@ -305,11 +305,11 @@ TEST_F(Motor, BytesOfTheLineAreReportedInTheCodePage) {
     EXPECT_EQ(boxes.Texts(), QStringList{line + QStringLiteral(": Motor : Unknown Error")});
 }
 
-TEST_F(Motor, ALineOfAMegabyteIsOneLine) {
+TEST_F(Motor, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
     Open();
     Receive(std::string(1000000, 'x'));
-    Receive("A\r");
-    EXPECT_EQ(journal, Journal{"unlock"});
+    Receive("A\rA\r");
+    EXPECT_EQ(journal, (Journal{"dropped 2", "unlock"}));
 }
 
 TEST_F(Motor, TextOneByteAtATimeGivesTheSameLines) {
@@ -337,8 +337,8 @@ TEST_F(Motor, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
     for (int bytes = 0; bytes < 2000000; ++bytes) {
         Receive("x");
     }
-    Receive("A\r");
-    EXPECT_EQ(journal, Journal{"unlock"});
+    Receive("A\rA\r");
+    EXPECT_EQ(journal, (Journal{"dropped 2", "unlock"}));
 }
 
 TEST_F(Motor, TextWithoutALineEndSurvivesAReopening) {

@@ -55,7 +55,7 @@ protected:
 
     // A closed port of that number, with the settings that the mirror's link gives.
     std::unique_ptr<platform::SerialPort> Create(int number, std::function<void()> onComm) {
-        auto port = ports_.Create(std::move(onComm));
+        auto port = ports_.Create(std::move(onComm), [this, number] { lost_.push_back(number); });
         port->CommPort(static_cast<std::int16_t>(number));
         port->Settings("9600,N,8,1");
         port->Handshaking(platform::NoHandshaking);
@@ -132,6 +132,7 @@ protected:
     std::optional<platform::qt::ClearToSend> line_;
     platform::qt::QtSerialPorts ports_{folder_.path(), [this](int) { return line_; }};
     std::vector<int> events_;
+    std::vector<int> lost_;  // numbers of the ports that have closed by themselves
     std::string received_;
     std::unique_ptr<platform::SerialPort> port_;
 };

@@ -8,13 +8,14 @@ namespace {
 
 class SerialVanishing : public SerialRig {};
 
-TEST_F(SerialVanishing, ThePortClosesOnceAndWithoutAnEvent) {
+TEST_F(SerialVanishing, ThePortClosesOnceWithoutAnEventAndTellsThatItIsLost) {
     OpenAndKeep();
     wire_.Vanish();
     ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
     WakeUpsWhileServing(50);
     EXPECT_FALSE(port_->PortOpen());
     EXPECT_TRUE(events_.empty());
+    EXPECT_EQ(lost_, std::vector{1});
     EXPECT_EQ(application_.failures, 0);
 }
 
@@ -64,6 +65,7 @@ TEST_F(SerialVanishing, ALineWhoseModemSignalsAreGoneIsClosed) {
     ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
     EXPECT_LT(WakeUpsWhileServing(200), 50);
     EXPECT_TRUE(events_.empty());
+    EXPECT_EQ(lost_, std::vector{1});
 }
 
 TEST_F(SerialVanishing, ItDoesNotOpenWhileTheDeviceIsGoneAndOpensOnceItIsBack) {
@@ -92,6 +94,42 @@ TEST_F(SerialVanishing, ClosingBeforeItIsNoticedLeavesTheNextOpeningAlone) {
     port_->PortOpen(true);
     WakeUpsWhileServing(20);
     EXPECT_TRUE(port_->PortOpen());
+    EXPECT_TRUE(lost_.empty());
+}
+
+TEST_F(SerialVanishing, APortThatItsOwnerClosesIsNotLost) {
+    OpenAndKeep();
+    port_->PortOpen(false);
+    wire_.Vanish();
+    WakeUpsWhileServing(20);
+    EXPECT_TRUE(lost_.empty());
+}
+
+TEST_F(SerialVanishing, TheTellingMayOpenThePortAnew) {
+    const PseudoTerminal back;
+    bool wasOpen = true;
+    port_ = ports_.Create([] {},
+                          [&] {
+                              wasOpen = port_->PortOpen();
+                              Pin(1, back.Device());
+                              port_->PortOpen(true);
+                          });
+    port_->CommPort(1);
+    port_->PortOpen(true);
+    wire_.Vanish();
+    ASSERT_TRUE(ServeUntil([&] { return !wasOpen; }));
+    WakeUpsWhileServing(20);
+    EXPECT_TRUE(port_->PortOpen());
+}
+
+TEST_F(SerialVanishing, TheTellingMayEndThePort) {
+    port_ = ports_.Create([] {}, [this] { port_.reset(); });
+    port_->CommPort(1);
+    port_->PortOpen(true);
+    wire_.Vanish();
+    ASSERT_TRUE(ServeUntil([this] { return port_ == nullptr; }));
+    WakeUpsWhileServing(20);
+    EXPECT_EQ(application_.failures, 0);
 }
 
 TEST_F(SerialVanishing, DestroyingThePortBeforeItIsNoticedIsSafe) {
@@ -101,6 +139,7 @@ TEST_F(SerialVanishing, DestroyingThePortBeforeItIsNoticedIsSafe) {
     port_.reset();
     WakeUpsWhileServing(20);
     EXPECT_TRUE(events_.empty());
+    EXPECT_TRUE(lost_.empty());
 }
 
 }  // namespace

@@ -14,8 +14,9 @@ namespace travo::test {
 
 class FakeSerialPort : public platform::SerialPort {
 public:
-    FakeSerialPort(std::function<void()> onComm, const std::set<std::int16_t>& missing, Journal& journal)
-        : onComm_(std::move(onComm)), missing_(missing), journal_(journal) {}
+    FakeSerialPort(std::function<void()> onComm, std::function<void()> onLost,
+                   const std::set<std::int16_t>& missing, Journal& journal)
+        : onComm_(std::move(onComm)), onLost_(std::move(onLost)), missing_(missing), journal_(journal) {}
 
     void CommPort(std::int16_t number) override { commPort = number; }
     void Settings(std::string_view value) override { settings = value; }
@@ -54,6 +55,11 @@ public:
         event = code;
         onComm_();
     }
+    // The cable is pulled: the port closes by itself.
+    void Vanish() {
+        open = false;
+        onLost_();
+    }
     // What has been sent since the last call.
     std::string TakeOutput() { return std::exchange(output, {}); }
 
@@ -72,6 +78,7 @@ public:
 
 private:
     std::function<void()> onComm_;
+    std::function<void()> onLost_;
     const std::set<std::int16_t>& missing_;
     Journal& journal_;
 };
@@ -79,8 +86,9 @@ private:
 class FakeSerialPorts : public platform::SerialPorts {
 public:
     explicit FakeSerialPorts(Journal& journal) : journal_(journal) {}
-    std::unique_ptr<platform::SerialPort> Create(std::function<void()> OnComm) override {
-        auto port = std::make_unique<FakeSerialPort>(std::move(OnComm), missing, journal_);
+    std::unique_ptr<platform::SerialPort> Create(std::function<void()> OnComm,
+                                                 std::function<void()> OnLost) override {
+        auto port = std::make_unique<FakeSerialPort>(std::move(OnComm), std::move(OnLost), missing, journal_);
         created.push_back(port.get());
         return port;
     }

@@ -26,10 +26,20 @@ public:
             motorButtons(ONOFF);
         }
     }
+    void PortLost(Instrument instrument) override {
+        Tell("PortLost " + std::to_string(static_cast<int>(instrument)));
+        if (lostPorts) {
+            lostPorts(instrument);
+        }
+    }
+    void LineDropped(Instrument instrument) override {
+        Tell("LineDropped " + std::to_string(static_cast<int>(instrument)));
+    }
 
     bool fail = false;                               // each call raises, once it is in the journal
     std::function<void(bool)> motorButtons;          // the panel that is told, where a test has one
     std::function<void(std::int16_t)> mirrorMotors;  // likewise
+    std::function<void(Instrument)> lostPorts;       // likewise
 
 private:
     void Tell(const std::string& what) {

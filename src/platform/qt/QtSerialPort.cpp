@@ -67,8 +67,10 @@ bool IsHarmless(QSerialPort::SerialPortError error) {
 // The port while it is open, and the telling of its events.
 class QtSerialPort::Line : public std::enable_shared_from_this<Line> {
 public:
-    Line(std::function<void()> OnComm, ReadClearToSend readClearToSend)
-        : onComm_(std::move(OnComm)), readClearToSend_(std::move(readClearToSend)) {
+    Line(std::function<void()> OnComm, std::function<void()> OnLost, ReadClearToSend readClearToSend)
+        : onComm_(std::move(OnComm)),
+          onLost_(std::move(OnLost)),
+          readClearToSend_(std::move(readClearToSend)) {
         clock_.start();
         poll_.setInterval(ModemPollMilliseconds);
         poll_.setTimerType(Qt::PreciseTimer);
@@ -110,11 +112,13 @@ private:
     void OnError(QSerialPort::SerialPortError error);
     void AskClearToSend();
     void CloseSoon();
+    void Lose();
     void Schedule();
     void Deliver();
     void Tell(int event);
 
     std::function<void()> onComm_;
+    std::function<void()> onLost_;
     ReadClearToSend readClearToSend_;
     QObject context_;  // of the queued calls, which end with it
     QTimer poll_;
@@ -220,10 +224,16 @@ void QtSerialPort::Line::CloseSoon() {
         &context_,
         [this, opening = opening_] {
             if (opening == opening_) {
-                Close();
+                Lose();
             }
         },
         Qt::QueuedConnection);
+}
+
+void QtSerialPort::Line::Lose() {
+    const std::shared_ptr<Line> alive = shared_from_this();
+    Close();
+    onLost_();
 }
 
 void QtSerialPort::Line::Schedule() {
@@ -265,10 +275,10 @@ void QtSerialPort::Line::Tell(int event) {
     onComm_();
 }
 
-QtSerialPort::QtSerialPort(QString programFolder, std::function<void()> OnComm,
+QtSerialPort::QtSerialPort(QString programFolder, std::function<void()> OnComm, std::function<void()> OnLost,
                            ReadClearToSend readClearToSend)
     : programFolder_(std::move(programFolder)),
-      line_(std::make_shared<Line>(std::move(OnComm), std::move(readClearToSend))) {}
+      line_(std::make_shared<Line>(std::move(OnComm), std::move(OnLost), std::move(readClearToSend))) {}
 
 QtSerialPort::~QtSerialPort() { Close(); }
 
@@ -327,8 +337,10 @@ int QtSerialPort::CommEvent() const { return line_->CommEvent(); }
 QtSerialPorts::QtSerialPorts(QString programFolder, ReadClearToSend readClearToSend)
     : programFolder_(std::move(programFolder)), readClearToSend_(std::move(readClearToSend)) {}
 
-std::unique_ptr<SerialPort> QtSerialPorts::Create(std::function<void()> OnComm) {
-    return std::make_unique<QtSerialPort>(programFolder_, std::move(OnComm), readClearToSend_);
+std::unique_ptr<SerialPort> QtSerialPorts::Create(std::function<void()> OnComm,
+                                                  std::function<void()> OnLost) {
+    return std::make_unique<QtSerialPort>(programFolder_, std::move(OnComm), std::move(OnLost),
+                                          readClearToSend_);
 }
 
 }  // namespace travo::platform::qt

@@ -32,7 +32,8 @@ public:
     // An output that would take the unsent bytes beyond this is dropped, whole.
     static constexpr std::size_t MostUnsentBytes = 64 * 1024;
 
-    QtSerialPort(QString programFolder, std::function<void()> OnComm, ReadClearToSend readClearToSend);
+    QtSerialPort(QString programFolder, std::function<void()> OnComm, std::function<void()> OnLost,
+                 ReadClearToSend readClearToSend);
     // Closes the port; allowed inside OnComm.
     ~QtSerialPort() override;
     QtSerialPort(const QtSerialPort&) = delete;
@@ -73,7 +74,7 @@ class QtSerialPorts : public SerialPorts {
 public:
     // The program folder holds the folder ports. The last argument is for lines that a test makes up.
     explicit QtSerialPorts(QString programFolder, ReadClearToSend readClearToSend = ClearToSendOf);
-    std::unique_ptr<SerialPort> Create(std::function<void()> OnComm) override;
+    std::unique_ptr<SerialPort> Create(std::function<void()> OnComm, std::function<void()> OnLost) override;
 
 private:
     QString programFolder_;

@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QValidator>
+#include <algorithm>
 
 #include "controls/Palette.h"
 #include "controls/Type.h"
@@ -12,9 +14,42 @@ namespace {
 // In design pixels.
 constexpr double Radius = 3;
 constexpr double TextSides = 12;
+
+bool IsFigure(QChar character) { return character >= QLatin1Char('0') && character <= QLatin1Char('9'); }
 }  // namespace
 
+// Sees every text before anybody else does.
+class NumberBox::Filter : public QValidator {
+public:
+    explicit Filter(NumberBox& box) : QValidator(&box), box_(box) {}
+
+    State validate(QString& text, int& place) const override {
+        QString number = text.trimmed();
+        number.remove(0, number.startsWith(QLatin1Char('+')) ? 1 : 0);
+        if (number != text && IsWhole(number)) {
+            text = number;
+        }
+        if (text.size() > box_.mostCharacters_) {
+            // A figure more is no figure in place of another.
+            if (box_.typing_) {
+                return Invalid;
+            }
+            text.truncate(box_.mostCharacters_);
+        }
+        place = std::min(place, static_cast<int>(text.size()));
+        return Acceptable;
+    }
+
+private:
+    static bool IsWhole(const QString& text) {
+        return !text.isEmpty() && std::all_of(text.begin(), text.end(), IsFigure);
+    }
+
+    NumberBox& box_;
+};
+
 NumberBox::NumberBox(QWidget* parent) : QLineEdit(parent) {
+    setValidator(new Filter(*this));
     setFrame(false);
     setAlignment(Qt::AlignCenter);
     setDragEnabled(false);
@@ -35,12 +70,14 @@ bool NumberBox::PassesKey(const QKeyEvent& event) const {
     if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || entered.isEmpty()) {
         return true;
     }
-    return entered.size() == 1 && entered.front() >= QLatin1Char('0') && entered.front() <= QLatin1Char('9');
+    return entered.size() == 1 && IsFigure(entered.front());
 }
 
 void NumberBox::keyPressEvent(QKeyEvent* event) {
     if (PassesKey(*event)) {
+        typing_ = event->text().size() == 1 && IsFigure(event->text().front());
         QLineEdit::keyPressEvent(event);
+        typing_ = false;
     } else {
         event->accept();
     }

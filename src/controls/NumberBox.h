@@ -2,14 +2,16 @@
 #pragma once
 
 #include <QLineEdit>
+#include <climits>
 
 #include "controls/DesignSized.h"
 
 namespace travo {
 
 // Centred figures of 20 design pixels, shrunk where they would not fit. Only digits and Backspace pass the
-// keyboard; keys that enter no character (arrows, Delete, Tab) work as ever. What else a text may be is the
-// panel's to say, at `textChanged`.
+// keyboard; keys that enter no character (arrows, Delete, Tab) work as ever. A whole number that is put in
+// with blanks about it or a plus ahead of it is taken without them. What else a text may be is the panel's to
+// say, at `textChanged`.
 class NumberBox : public QLineEdit, public DesignSized {
     Q_OBJECT
 
@@ -17,6 +19,11 @@ public:
     explicit NumberBox(QWidget* parent = nullptr);
 
     QSize sizeHint() const override { return DesignSize().toSize(); }
+
+    // Hides QLineEdit's, which would cut what is pasted before its blanks are gone: so many characters can be
+    // typed, and what is pasted beyond them is cut.
+    void setMaxLength(int characters) { mostCharacters_ = characters; }
+    int maxLength() const { return mostCharacters_; }
 
 protected:
     // Whether a key press reaches the box; one that does not is dropped.
@@ -28,9 +35,13 @@ protected:
     void DesignSizeChanged() override { FitText(); }
 
 private:
+    class Filter;
+
     double Scale() const { return ScaleAt(QSizeF(size())); }
     void FitText();
 
+    int mostCharacters_ = INT_MAX;
+    bool typing_ = false;  // a key is entering a character
     bool fitting_ = false;
 };
 

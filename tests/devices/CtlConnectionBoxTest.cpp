@@ -1,4 +1,7 @@
 // The connection panel: its number boxes and their arrows.
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include "devices/ConnectionRig.h"
 
 namespace travo::test {
@@ -27,6 +30,41 @@ TEST_F(CtlConnectionBox, TypingALetterInAnyBoxDoesNothing) {
 
 TEST_F(CtlConnectionBox, ABoxTakesFiveFigures) {
     Type(1, QStringLiteral("987654"));
+    EXPECT_EQ(Box(1).text(), QStringLiteral("98765"));
+}
+
+TEST_F(CtlConnectionBox, AWholeNumberThatIsPastedWithAPlusOrBlanksIsMeant) {
+    const std::pair<const char*, const char*> texts[] = {
+        {"+5", "5"},         {" 5", "5"},         {"5 ", "5"},
+        {"\t5\n", "5"},      {"  +5", "5"},       {"      12345", "12345"},
+        {"+12345", "12345"}, {"123456", "12345"}, {"1.5", "1"},
+        {"++5", "1"},        {"+", "1"},          {"+ 5", "1"},
+        {" ", "1"},          {"-5", "1"},         {"5 6", "1"},
+        {"0x5", "1"},        {"+0", "1"}};
+    for (int row = 0; row < 3; ++row) {
+        for (const auto& [text, kept] : texts) {
+            Type(row, QStringLiteral("7"));
+            Box(row).selectAll();
+            QGuiApplication::clipboard()->setText(QString::fromLatin1(text));
+            Box(row).paste();
+            EXPECT_EQ(Box(row).text().toStdString(), kept) << text;
+        }
+    }
+}
+
+TEST_F(CtlConnectionBox, APastedNumberOpensItsPort) {
+    Box(0).selectAll();
+    QGuiApplication::clipboard()->setText(QStringLiteral("+5"));
+    Box(0).paste();
+    Press(0);
+    EXPECT_EQ(rig.MirrorPort().commPort, 5);
+    EXPECT_THAT(Shown(), IsEmpty());
+}
+
+TEST_F(CtlConnectionBox, AFigureTypedIntoAFullBoxChangesNothing) {
+    Type(1, QStringLiteral("98765"));
+    QTest::keyClick(&Box(1), Qt::Key_Home);
+    QTest::keyClick(&Box(1), Qt::Key_1);
     EXPECT_EQ(Box(1).text(), QStringLiteral("98765"));
 }
 

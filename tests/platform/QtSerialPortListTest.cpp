@@ -1,18 +1,27 @@
 #include "platform/qt/QtSerialPortList.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <limits>
 #include <stdexcept>
 
+#include "platform/OtherProcess.h"
+#include "platform/PseudoTerminal.h"
+
 namespace travo::platform::qt {
 namespace {
+
+using test::OtherProcess;
 
 using Entries = std::vector<SerialPortList::Entry>;
 
@@ -161,16 +170,65 @@ TEST_F(QtSerialPortListTest, ADeviceThatMayNotBeReadAndWrittenHasNoPermission) {
 }
 
 TEST_F(QtSerialPortListTest, ALockFileOfALivingProcessMeansInUse) {
+    const OtherProcess other;
     AddTerminal("ttyUSB0");
     EXPECT_EQ(WhyNot("ttyUSB0"), QString());
-    Lock("spool", "ttyUSB0", QByteArray::number(::getpid()).rightJustified(10) + '\n');
+    Lock("spool", "ttyUSB0", other.Number().rightJustified(10) + '\n');
     EXPECT_EQ(WhyNot("ttyUSB0"), QStringLiteral("in use"));
 }
 
-TEST_F(QtSerialPortListTest, ALockFileInTheFormOfQtMeansInUse) {
+TEST_F(QtSerialPortListTest, ALockFileThatNamesTheProgramAsWellMeansInUseWhileThatProgramLives) {
+    const OtherProcess other;
     AddTerminal("ttyUSB0");
-    Lock("lock", "ttyUSB0", QByteArray::number(::getpid()) + "\nprogram\nhost\n");
+    const QByteArray program =
+        QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).fileName().toUtf8();
+    Lock("lock", "ttyUSB0", other.Number() + '\n' + program + "\nhost\n");
     EXPECT_EQ(WhyNot("ttyUSB0"), QStringLiteral("in use"));
+    // The number has been given to another program since.
+    Lock("lock", "ttyUSB0", other.Number() + "\nanother program\nhost\n");
+    EXPECT_EQ(WhyNot("ttyUSB0"), QString());
+}
+
+TEST_F(QtSerialPortListTest, ALockFileThatNamesThisProcessDoesNotLockItOut) {
+    AddTerminal("ttyUSB0");
+    Lock("lock", "ttyUSB0", QByteArray::number(::getpid()).rightJustified(10) + '\n');
+    EXPECT_EQ(WhyNot("ttyUSB0"), QString());
+}
+
+TEST_F(QtSerialPortListTest, ATerminalThatAProcessHasClaimedIsInUse) {
+    const test::PseudoTerminal wire;
+    Pin(2, wire.Device());
+    EXPECT_EQ(List().front().whyNot, QString());
+    const OtherProcess other(OtherProcess::Holds::ClaimedTerminal, wire.Device());
+    EXPECT_EQ(List().front().whyNot, QStringLiteral("in use"));
+}
+
+TEST_F(QtSerialPortListTest, ATerminalThatThisProcessHasClaimedIsInUse) {
+    const test::PseudoTerminal wire;
+    Pin(2, wire.Device());
+    const int own = ::open(QFile::encodeName(wire.Device()).constData(), O_RDWR | O_NOCTTY);
+    ASSERT_EQ(::ioctl(own, TIOCEXCL), 0);
+    EXPECT_EQ(List().front().whyNot, QStringLiteral("in use"));
+    ::close(own);
+    EXPECT_EQ(List().front().whyNot, QString());
+}
+
+TEST_F(QtSerialPortListTest, ATerminalThatAProcessOnlyHoldsOpenCanBeOpened) {
+    const test::PseudoTerminal wire;
+    Pin(2, wire.Device());
+    const OtherProcess other(OtherProcess::Holds::OpenTerminal, wire.Device());
+    EXPECT_EQ(List().front().whyNot, QString());
+}
+
+TEST_F(QtSerialPortListTest, NoPortIsOpenedForTheList) {
+    const int far = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ASSERT_TRUE(far >= 0 && ::grantpt(far) == 0 && ::unlockpt(far) == 0);
+    Pin(2, QString::fromLocal8Bit(::ptsname(far)));
+    EXPECT_EQ(List().size(), 1U);
+    // A terminal that has been opened and closed says so to its far end.
+    pollfd wire{.fd = far, .events = POLLIN, .revents = 0};
+    EXPECT_EQ(::poll(&wire, 1, 0), 0);
+    ::close(far);
 }
 
 TEST_F(QtSerialPortListTest, ALockFileOfADeadProcessOrOfNobodyMeansNothing) {

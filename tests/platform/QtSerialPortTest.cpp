@@ -6,7 +6,9 @@
 #include <QFile>
 #include <stdexcept>
 
+#include "platform/OtherProcess.h"
 #include "platform/SerialRig.h"
+#include "platform/qt/PortClaims.h"
 
 namespace travo::test {
 namespace {
@@ -121,6 +123,22 @@ TEST_F(QtSerialPortTest, ADeviceThatAnotherProgramHasClaimedIsRefused) {
     port->PortOpen(true);
     EXPECT_TRUE(port->PortOpen());
     ::close(other);
+}
+
+TEST_F(QtSerialPortTest, ALockFileOfAnotherProgramIsHeededAndNotTakenAway) {
+    const OtherProcess other;
+    const QString name = QStringLiteral("LCK..") + wire_.Device().mid(5).replace(u'/', u'_');
+    QFile lock(QDir(QDir::tempPath()).filePath(name));
+    ASSERT_TRUE(platform::qt::UsualLockFolders().contains(QDir::tempPath()));
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.write(other.Number().rightJustified(10) + '\n');
+    lock.close();
+    const auto port = Create(1, [] {});
+    EXPECT_NE(Refusal(*port).find("another program has locked it"), std::string::npos);
+    EXPECT_FALSE(port->PortOpen());
+    EXPECT_TRUE(lock.remove());
+    port->PortOpen(true);
+    EXPECT_TRUE(port->PortOpen());
 }
 
 TEST_F(QtSerialPortTest, SpeedAndStopBitsReachTheLine) {

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/qt/PortClaims.h"
 #include "platform/qt/PortNames.h"
 #include "platform/qt/SerialSettings.h"
 
@@ -309,6 +310,10 @@ void QtSerialPort::Open() {
         throw Refusal(number_, device, QStringLiteral("this handshaking or input mode cannot be had"));
     }
     const SerialSettings settings = ReadSerialSettings(settings_);
+    // Qt heeds no lock file but those of its own kind.
+    if (IsLockedByAnother(device, UsualLockFolders())) {
+        throw Refusal(number_, device, QStringLiteral("another program has locked it"));
+    }
     const ExclusiveClaim claim(device);
     if (claim.Claimed()) {
         throw Refusal(number_, device, QStringLiteral("another program has it"));

@@ -1,19 +1,18 @@
 #include "platform/qt/QtSerialPortList.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <cerrno>
 #include <limits>
 #include <stdexcept>
 #include <tuple>
 #include <utility>
 
+#include "platform/qt/PortClaims.h"
 #include "platform/qt/PortNames.h"
 
 namespace travo::platform::qt {
@@ -54,13 +53,6 @@ bool MayOpen(const QString& device) {
     return ::faccessat(AT_FDCWD, QFile::encodeName(device).constData(), R_OK | W_OK, AT_EACCESS) == 0;
 }
 
-// A lock file begins with the number of the process that has made it; a killed one leaves it behind.
-bool IsLiving(const QString& lockFile) {
-    bool number = false;
-    const int process = FirstLine(lockFile).toInt(&number);
-    return number && process > 0 && (::kill(process, 0) == 0 || errno == EPERM);
-}
-
 // The number of a built-in terminal, ttyS0 being 1; else 0.
 std::int16_t BuiltInNumber(const QString& name) {
     if (!name.startsWith(BuiltIn)) {
@@ -76,14 +68,8 @@ std::int16_t BuiltInNumber(const QString& name) {
 
 QtSerialPortList::QtSerialPortList(Places places) : places_(std::move(places)) {}
 
-QStringList QtSerialPortList::UsualLockFolders() {
-    return {
-        QStringLiteral("/var/lock"),         QStringLiteral("/etc/locks"), QStringLiteral("/var/spool/locks"),
-        QStringLiteral("/var/spool/uucp"),   QStringLiteral("/tmp"),       QStringLiteral("/var/tmp"),
-        QStringLiteral("/var/lock/lockdev"), QStringLiteral("/run/lock")};
-}
-
 std::vector<SerialPortList::Entry> QtSerialPortList::List() {
+    claimed_ = ClaimedTerminals();
     const std::map<std::int16_t, QString> pinned = PinnedPorts(places_.programFolder);
     std::map<QString, QString> hardware = Hardware();
     const std::map<QString, QString> descriptions = hardware;
@@ -112,7 +98,7 @@ SerialPortList::Entry QtSerialPortList::EntryOf(std::int16_t number, const QStri
         whyNot = QStringLiteral("missing");
     } else if (!MayOpen(device)) {
         whyNot = QStringLiteral("no permission");
-    } else if (InUse(device)) {
+    } else if (claimed_.contains(device) || IsLockedByAnother(device, places_.lockFolders)) {
         whyNot = QStringLiteral("in use");
     }
     return {number, device, description, whyNot};
@@ -131,16 +117,6 @@ std::map<QString, QString> QtSerialPortList::Hardware() const {
         }
     }
     return hardware;
-}
-
-bool QtSerialPortList::InUse(const QString& device) const {
-    QString name = device;
-    name.remove(0, name.startsWith(QLatin1String("/dev/")) ? 5 : 0)
-        .replace(QLatin1Char('/'), QLatin1Char('_'));
-    return std::any_of(places_.lockFolders.begin(), places_.lockFolders.end(),
-                       [&name](const QString& folder) {
-                           return IsLiving(QDir(folder).filePath(QStringLiteral("LCK..") + name));
-                       });
 }
 
 }  // namespace travo::platform::qt

@@ -41,6 +41,7 @@ WorkbenchWindow::WorkbenchWindow(Ask ask) : ask_(std::move(ask)) {
         new QLabel(QStringLiteral("WORKBENCH: simulated instruments, nothing here is real"), this);
     heading->setStyleSheet(QStringLiteral("font-size: 22px; font-weight: bold; color: #b00000"));
     answer_ = new QLabel(this);
+    answer_->setTextFormat(Qt::PlainText);
     answer_->setObjectName(QStringLiteral("answer"));
     const auto press = [this](const std::string& line) { return Press(line); };
     faults_ = new FaultPanel(press);
@@ -79,6 +80,7 @@ QWidget* WorkbenchWindow::StatePanel() {
     panel->setLayout(layout);
     for (const Row& row : Rows) {
         auto* value = new QLabel(panel);
+        value->setTextFormat(Qt::PlainText);
         value->setObjectName(QString::fromLatin1(row.command));
         value->setWordWrap(true);
         value->setMinimumWidth(360);

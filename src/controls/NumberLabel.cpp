@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "controls/Palette.h"
+#include "platform/ShownText.h"
 
 namespace travo {
 
@@ -12,6 +13,8 @@ namespace {
 // In design pixels.
 constexpr double FromEdge = 5;
 constexpr double Radius = 3;
+
+constexpr qsizetype MostCharacters = 200;
 }  // namespace
 
 NumberLabel::NumberLabel(QWidget* parent, double pixels, QFont::Weight weight, Ground ground)
@@ -21,8 +24,9 @@ NumberLabel::NumberLabel(QWidget* parent, double pixels, QFont::Weight weight, G
 }
 
 void NumberLabel::setText(const QString& text) {
-    QLabel::setText(text);
-    setAccessibleName(text);
+    const QString shown = platform::ShownText(text, MostCharacters);
+    QLabel::setText(shown);
+    setAccessibleName(shown);
 }
 
 void NumberLabel::Colour(const QColor& colour) {

@@ -21,7 +21,8 @@ public:
     explicit NumberLabel(QWidget* parent = nullptr, double pixels = type::Number,
                          QFont::Weight weight = QFont::DemiBold, Ground ground = Ground::Framed);
 
-    // Hides QLabel's: the accessible name follows the text.
+    // Hides QLabel's: the accessible name follows the text. The text stays one line of plain text, whatever
+    // it holds; one that is longer than anybody could read is cut.
     void setText(const QString& text);
     // "Cell A X" and the like.
     void HumanName(const QString& name) { setAccessibleDescription(name); }

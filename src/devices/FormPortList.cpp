@@ -9,12 +9,15 @@
 #include "controls/Palette.h"
 #include "controls/Type.h"
 #include "controls/usrKVButton.h"
+#include "platform/ShownText.h"
 
 namespace travo {
 
 namespace {
 
 constexpr int RefreshPeriod = 1000;  // milliseconds
+// What a device calls itself may be of any length.
+constexpr qsizetype MostCharacters = 500;
 
 enum Column { NumberColumn, DeviceColumn, DescriptionColumn, StateColumn, ColumnCount };
 
@@ -152,8 +155,9 @@ void FormPortList::Fill() {
         const QString state = entry.whyNot.isEmpty() ? QStringLiteral("can be opened") : entry.whyNot;
         const QString texts[] = {NumberText(entry.number), entry.device, entry.description, state};
         for (int column = 0; column < ColumnCount; ++column) {
-            auto* const item = new QTableWidgetItem(texts[column]);
-            item->setToolTip(texts[column]);
+            const QString text = platform::ShownText(texts[column], MostCharacters);
+            auto* const item = new QTableWidgetItem(text);
+            item->setToolTip(platform::PlainToolTip(text));
             if (column == StateColumn && !entry.whyNot.isEmpty()) {
                 item->setForeground(palette::CoralDeepText);
             }

@@ -4,6 +4,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "platform/ShownText.h"
+
 namespace travo::platform::qt {
 
 namespace {
@@ -50,7 +52,7 @@ BoxAnswer AnswerOf(int button, BoxButtons buttons) {
 // A line from a wire can be a million characters long; no screen shows them and no layout survives them.
 QString ReadableText(const QString& text) {
     constexpr qsizetype MostCharacters = 2000;
-    return text.size() <= MostCharacters ? text : text.left(MostCharacters) + QChar(0x2026);
+    return ShownLines(text, MostCharacters);
 }
 
 }  // namespace

@@ -157,11 +157,19 @@ void PositionLoop::AskForReconnection() {
     state_.intManipulatorNumber = -1;
     intReloadFailCount_ = 0;
     if (answer == BoxAnswer::OK) {
-        objects_.cCommunication->ReConnectManipulator();
-        Connect();
+        Reconnect();
     }
     AllManipulatorReload();
     listener_.TotalManipulatorNumber(state_.intTotalManipulatorNumber);
+}
+
+void PositionLoop::Reconnect() {
+    try {
+        objects_.cCommunication->ReConnectManipulator();
+        Connect();
+    } catch (...) {
+        // None is connected then, and that is told on as where none is counted.
+    }
 }
 
 void PositionLoop::ZeroPointReset() {
@@ -184,7 +192,7 @@ bool PositionLoop::HeightHolds() const {
 }
 
 void PositionLoop::StoreZeros() {
-    for (std::int32_t needle = 0; needle <= state_.intTotalManipulatorNumber; ++needle) {
+    for (std::int32_t needle = 0; needle <= state_.HighestNeedle(); ++needle) {
         for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
             objects_.cIniEdit->WriteString(settings::CalibrationSection(needle), settings::ZeroKey(axis),
                                            QString::number(objects_.cNeedleMove->PosZero(needle, axis)));

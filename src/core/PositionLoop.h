@@ -85,6 +85,8 @@ private:
     bool HeightHolds() const;
     void StoreZeros();
     void AskForReconnection();
+    // A failure, which is not told, leaves no needle connected.
+    void Reconnect();
     // None when the link says that nothing could be read; raises NumberFailure for a record without one.
     std::optional<Record> Request();
     bool ReadAll();

@@ -1,5 +1,7 @@
 #include "core/SharedState.h"
 
+#include <algorithm>
+
 #include "core/Arithmetic.h"
 
 namespace travo {
@@ -12,6 +14,10 @@ auto& Row(Table& table, std::int32_t index) {
 }
 
 }  // namespace
+
+std::int16_t SharedState::HighestNeedle() const {
+    return std::min(intTotalManipulatorNumber, static_cast<std::int16_t>(NeedleCount - 1));
+}
 
 void SharedState::CurrentMagnification(std::int16_t magnification) {
     if (magnification < 0 || magnification > 3) {

@@ -26,6 +26,8 @@ public:
 
     // Highest connected needle index, 0 to 4, -1 for none. Written by start-up and position loop only.
     std::int16_t intTotalManipulatorNumber = -1;
+    // The highest of them that has a place in the tables, -1 for none: a fifth manipulator has none.
+    std::int16_t HighestNeedle() const;
     // Index of the needle selected at the hardware, -1 while none is known. Position loop only.
     std::int16_t intManipulatorNumber = -1;
     // The focus motor has identified itself and is in use.

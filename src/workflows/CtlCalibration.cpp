@@ -198,7 +198,7 @@ void CtlCalibration::ConfirmPressed(std::size_t Index) {
         if (Index == ResetButton) {
             Clear(needle);
         } else {
-            for (std::int16_t each = 0; each <= system_.state.intTotalManipulatorNumber; ++each) {
+            for (std::int16_t each = 0; each <= system_.state.HighestNeedle(); ++each) {
                 Clear(each);
             }
         }
@@ -334,8 +334,8 @@ void CtlCalibration::EnableNeedles(std::int16_t highest, bool enabled) {
     for (usrKVCheckButton& button : needleButton_) {
         button.Enabled(false);
     }
-    for (std::int32_t needle = 0; needle <= highest; ++needle) {
-        needleButton_[Bounded(needle, needleButton_.size())].Enabled(enabled);
+    for (std::int32_t needle = 0; needle <= highest && needle < NeedleCount; ++needle) {
+        needleButton_[static_cast<std::size_t>(needle)].Enabled(enabled);
     }
 }
 

@@ -70,7 +70,7 @@ public:
     // programFolder holds the folder skin. Full calibration is chosen.
     CtlCalibration(const System& system, const QString& programFolder, QWidget* parent = nullptr);
 
-    // The highest connected needle index, -1 for none. BoundsFailure above 3: there is no such button.
+    // The highest connected needle index, -1 for none. A fifth manipulator has no button.
     void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
     // Another needle, index 0 to 3, is selected at the hardware. BoundsFailure for any other.
     void ManipulatorChange(std::int16_t ManipulatorNumber);

@@ -37,7 +37,7 @@ CtlEscape::CtlEscape(const System& system, const QString& programFolder, QWidget
 }
 
 void CtlEscape::Shown() {
-    for (std::int32_t needle = 0; needle <= system_.state.intTotalManipulatorNumber; ++needle) {
+    for (std::int32_t needle = 0; needle <= system_.state.HighestNeedle(); ++needle) {
         const std::size_t index = Bounded(needle, needleMark_.size());
         button_.at(index).Enabled(true);
         needleMark_[index].setEnabled(true);
@@ -92,7 +92,7 @@ void CtlEscape::RecordObjective() {
 
 void CtlEscape::ChangeZeroPosition() {
     const std::int32_t zero = system_.state.ZeroXYZ(Z);
-    for (std::int32_t needle = 0; needle <= system_.state.intTotalManipulatorNumber; ++needle) {
+    for (std::int32_t needle = 0; needle <= system_.state.HighestNeedle(); ++needle) {
         const std::int32_t height = system_.escape.NeedleEscape(needle, Z);
         // The label's own flag counts: zeroing is done on another panel, while this one is not on show.
         if (height == NoPositionValue || NeedleLabel(needle, Z).isHidden()) {

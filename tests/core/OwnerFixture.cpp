@@ -1,6 +1,7 @@
 #include "core/OwnerFixture.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace travo::test {
 
@@ -95,7 +96,12 @@ void OwnerFixture::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) 
     journal_.push_back("needle " + std::to_string(index));
 }
 
-void OwnerFixture::ChangeCurrentXYZ(const PositionXYZ&) { journal_.push_back("view step"); }
+void OwnerFixture::ChangeCurrentXYZ(const PositionXYZ&) {
+    journal_.push_back("view step");
+    if (failViewStep_) {
+        throw std::runtime_error("the step fails");
+    }
+}
 
 void OwnerFixture::Place(const WindowPlace& place) {
     place_ = place;

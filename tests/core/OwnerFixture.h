@@ -207,6 +207,7 @@ protected:
     std::optional<WindowPlace> place_;
     MeasuredWindowPlace measured_{300.0F, 450.0F, 9360.0F, 7800.0F};
     PositionXYZ lastRoot_{};
+    bool failViewStep_ = false;
     std::int32_t offsetOFF_ = 0;
     std::int32_t contactOFF_ = 0;
     std::int32_t lineOFF_ = 0;

@@ -161,11 +161,9 @@ TEST_F(PositionLoopTest, ACountOutsideTheRangeAtReconnectionIsNone) {
 }
 
 TEST_F(PositionLoopTest, AFailureInATickIsSilentAndTheNextTickComesInTheOrdinaryWay) {
-    FailReadsSilently();
-    Tick(10);
-    driver_.failing = {"DriverReconnect"};
+    failViewStep_ = true;
     Tick();
-    EXPECT_EQ(boxes_.shown.size(), 1U) << "only the question";
+    EXPECT_TRUE(boxes_.shown.empty());
     EXPECT_TRUE(Timer1().Enabled());
     EXPECT_EQ(ReadLog(), "07-03-2008\r\n");
 }
@@ -180,6 +178,25 @@ TEST_F(PositionLoopTest, WhateverIsThrownInATickOrAReadIsAFailureOfThatTickOrRea
     driver_.failing = {"DriverReconnect"};
     EXPECT_NO_THROW(Tick());
     EXPECT_TRUE(Timer1().Enabled());
+}
+
+TEST_F(PositionLoopTest, AReconnectionThatFailsIsToldOnLikeACountOfNoneAndTheTickGoesOn) {
+    for (const char* const failing : {"DriverReconnect", "DriverGetCount"}) {
+        state_->intTotalManipulatorNumber = 3;
+        FailReadsSilently();
+        Tick(10);
+        driver_.failing = {failing};
+        journal_.clear();
+        Tick();
+        EXPECT_EQ(state_->intTotalManipulatorNumber, -1);
+        EXPECT_EQ(state_->intManipulatorNumber, -1);
+        EXPECT_EQ(CountOf("total -1"), 1) << failing;
+        EXPECT_EQ(Last(), "view step");
+        EXPECT_TRUE(Timer1().Enabled());
+        driver_.failing = {};
+    }
+    EXPECT_EQ(boxes_.shown.size(), 2U) << "only the questions";
+    EXPECT_EQ(ReadLog(), "07-03-2008\r\n");
 }
 
 TEST_F(PositionLoopTest, TheTimerIsOffDuringATickAndItsBoxes) {
@@ -252,12 +269,11 @@ TEST_F(PositionLoopTest, TheGaugeIsPolledOnEveryTickAlsoWithNoNeedle) {
 
 TEST_F(PositionLoopTest, AFailureInATickLosesTheRequestToTheGauge) {
     objects_->cCommunication->MagnescalePortOpen(2);
-    FailReadsSilently();
-    Tick(10);
-    driver_.failing = {"DriverReconnect"};
     GaugePort().TakeOutput();
+    failViewStep_ = true;
     Tick();
     EXPECT_EQ(GaugePort().TakeOutput(), "");
+    failViewStep_ = false;
     Tick();
     EXPECT_EQ(GaugePort().TakeOutput(), "Ar\r\n");
 }
@@ -293,6 +309,18 @@ TEST_F(PositionLoopTest, ZeroPointResetTakesThePresentZAndReachesAllInTheirOrder
     expected.insert(expected.end(), {"port 2 > ARES\r\n", "port 3 > ZERO\r", "ControlONOFF 0"});
     EXPECT_EQ(journal_, expected);
     EXPECT_TRUE(ReadSettings().contains("ZERO,XYZ:2=-500\r\n"));
+}
+
+TEST_F(PositionLoopTest, WithAFifthManipulatorZeroPointResetStoresTheFourZerosAndReachesAll) {
+    driver_.count = 5;
+    loop_->Connect();
+    objects_->cCommunication->MagnescalePortOpen(2);
+    state_->CurrentXYZ(2, 500);
+    journal_.clear();
+    loop_->ZeroPointReset();
+    EXPECT_EQ(objects_->cNeedleMove->PosZero(3, 2), -500);
+    EXPECT_EQ(CountOf("write Manipulator Calibration:3|ZERO,XYZ:2"), 1);
+    EXPECT_EQ(Last(), "port 2 > ARES\r\n");
 }
 
 TEST_F(PositionLoopTest, ZeroPointResetWithTheMotorPortClosedResetsTheGaugeAlone) {

@@ -348,10 +348,13 @@ TEST_F(CtlCalibrationKeep, AFailureInSetLeavesWhatWasAlreadySetAndStored) {
     EXPECT_FALSE(rig.state.CalibrationON(0));
 }
 
-TEST_F(CtlCalibrationKeep, AFifthNeedleFailsAllResetWithTheFourCleared) {
+TEST_F(CtlCalibrationKeep, WithAFifthManipulatorAllResetClearsTheFourNeedlesAndEntersTheStep) {
+    CaptureAt(A, Straight[0]);
+    TakeBoxes();
     rig.state.intTotalManipulatorNumber = 4;
     Click(Confirm(AllReset));
-    EXPECT_EQ(TakeBoxes(), QStringList{SettingFailed});
+    EXPECT_EQ(TakeBoxes(), QStringList());
+    EXPECT_EQ(OnShow(), "A B C picture 0");
     for (int needle = 0; needle < 4; ++needle) {
         EXPECT_EQ(Section(needle), Cleared());
     }

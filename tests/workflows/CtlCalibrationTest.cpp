@@ -134,11 +134,14 @@ TEST_F(CtlCalibrationPanel, TotalManipulatorNumberOutside0To4DisablesModesCaptur
     EXPECT_FALSE(Mode(Re).Enabled());
 }
 
-TEST_F(CtlCalibrationPanel, AFifthNeedleHasNoButtonAndIsABoundsFailure) {
-    EXPECT_THROW(panel.TotalManipulatorNumber(4), BoundsFailure);
+TEST_F(CtlCalibrationPanel, WithAFifthManipulatorTheFourButtonsThatThereAreAreEnabled) {
+    panel.TotalManipulatorNumber(4);
     EXPECT_EQ(EnabledNeedles(), "1234");
     EXPECT_TRUE(Usable());
-    EXPECT_THROW(panel.TotalManipulatorNumber(5), BoundsFailure);
+    rig.state.intTotalManipulatorNumber = 4;
+    panel.Shown();
+    EXPECT_EQ(EnabledNeedles(), "1234");
+    panel.TotalManipulatorNumber(5);
     EXPECT_FALSE(Usable());
 }
 

@@ -40,10 +40,19 @@ TEST_F(CtlEscapePanel, ANeedleThatIsLostKeepsItsRow) {
     EXPECT_EQ(Connected(), "12--");
 }
 
-TEST_F(CtlEscapePanel, AFifthNeedleHasNoRowAndIsABoundsFailure) {
-    rig.state.intTotalManipulatorNumber = 4;
-    EXPECT_THROW(panel.Shown(), BoundsFailure);
+TEST_F(CtlEscapePanel, WithAFifthManipulatorTheFourRowsThatThereAreOpen) {
+    Show(4);
     EXPECT_EQ(Connected(), "1234");
+}
+
+TEST_F(CtlEscapePanel, WithAFifthManipulatorAChangeOfZeroReachesFourNeedlesAndTheObjective) {
+    Show(4);
+    Needle(3, {1, 2, 700});
+    Click(3);
+    rig.escape.ZEscapePosition(1000);
+    Zero(300);
+    EXPECT_EQ(Home(3), (PositionXYZ{1, 2, 400}));
+    EXPECT_EQ(rig.escape.ZEscapePosition(), 700);
 }
 
 TEST_F(CtlEscapePanel, ADisabledButtonRecordsNothing) {

@@ -73,9 +73,10 @@ void clsCommunication::ReceiveMotorData(std::int16_t ONOFF) {
 void clsCommunication::MagnescaleData(std::int32_t Data) { state_.CurrentXYZ(2, Data); }
 
 std::int16_t clsCommunication::SendManipulatorData(std::int16_t ManipulatorNumber,
-                                                   const PositionXYZ& lngInXYZ,
-                                                   const PositionXYZ& lngNowXYZ) {
-    return MayMove() ? manipulator_->SendData(ManipulatorNumber, lngInXYZ, lngNowXYZ) : std::int16_t{0};
+                                                   const PositionXYZ& lngInXYZ, const PositionXYZ& lngNowXYZ,
+                                                   clsManipulator::Presses presses) {
+    return MayMove() ? manipulator_->SendData(ManipulatorNumber, lngInXYZ, lngNowXYZ, presses)
+                     : std::int16_t{0};
 }
 
 std::string clsCommunication::RequestManipulatorData() { return manipulator_->RequestData(); }

@@ -79,7 +79,8 @@ public:
 
     // The needle manipulators; see clsManipulator for units, ranges and failures.
     std::int16_t SendManipulatorData(std::int16_t ManipulatorNumber, const PositionXYZ& lngInXYZ,
-                                     const PositionXYZ& lngNowXYZ);
+                                     const PositionXYZ& lngNowXYZ,
+                                     clsManipulator::Presses presses = clsManipulator::Presses::Dropped);
     std::string RequestManipulatorData();
     // ManipulatorNumber is 1-based; on return it holds the 0-based number that the driver reports.
     void TestManipulator(std::int16_t& ManipulatorNumber);

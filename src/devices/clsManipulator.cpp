@@ -3,6 +3,7 @@
 #include <QLatin1String>
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -141,7 +142,7 @@ std::int32_t clsManipulator::ConnectChange(std::int16_t ManipulatorNumber) {
 }
 
 std::int16_t clsManipulator::SendData(std::int16_t /*ManipulatorNumber*/, const PositionXYZ& lngInXYZ,
-                                      const PositionXYZ& lngNowXYZ) {
+                                      const PositionXYZ& lngNowXYZ, Presses presses) {
     if (!ManipulatorDriver_) {
         return 0;
     }
@@ -156,16 +157,20 @@ std::int16_t clsManipulator::SendData(std::int16_t /*ManipulatorNumber*/, const 
             }
             distance = std::max(distance, AbsoluteValue(Difference(lngInXYZ[axis], lngNowXYZ[axis])));
         }
-        MoveAndWait(lngInXYZ, distance);
+        MoveAndWait(lngInXYZ, distance, presses);
         moved = 1;
     });
     return moved;
 }
 
 // The whole program stands still for the move, on purpose. The guard is taken without a look at it.
-void clsManipulator::MoveAndWait(const PositionXYZ& target, std::int32_t distance) {
+void clsManipulator::MoveAndWait(const PositionXYZ& target, std::int32_t distance, Presses presses) {
     ManipulatorFree_ = Taken;
     {
+        std::optional<platform::StandStill> still;
+        if (presses == Presses::Dropped) {
+            still.emplace(machine_.eventLoop);
+        }
         const Hourglass hourglass(machine_.pointer);
         ManipulatorDriver_->DriverMoveTo(target[0], target[1], target[2]);
         const double duration = MillisecondsPerCount * distance;

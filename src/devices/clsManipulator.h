@@ -27,6 +27,10 @@ public:
         platform::Pointer& pointer;
     };
 
+    // What becomes of what the operator presses while the program stands still for a move: dropped where a
+    // press began the move, kept where a tick did.
+    enum class Presses { Dropped, Kept };
+
     // Creates the driver object; without a library all operations behave as told below.
     clsManipulator(const Machine& machine, FailureHandler& failures);
 
@@ -43,7 +47,7 @@ public:
     // Blocks, serving no event, for 0.25 ms for each count of the longest distance between target and
     // present counts. 1 when the move was made, 0 when not; failures are reported.
     std::int16_t SendData(std::int16_t ManipulatorNumber, const PositionXYZ& lngInXYZ,
-                          const PositionXYZ& lngNowXYZ);
+                          const PositionXYZ& lngNowXYZ, Presses presses = Presses::Dropped);
 
     // "index,X,Y,Z" of the selected manipulator, index 0-based, counts in the manipulator frame. "-1"
     // without a driver object, at a position out of range, or after a failure, which is reported. The
@@ -74,7 +78,7 @@ private:
     void ReportFreed(const QString& text);
     void Jog(const PositionXYZ& position);
     void ServeEventsForTest();
-    void MoveAndWait(const PositionXYZ& target, std::int32_t distance);
+    void MoveAndWait(const PositionXYZ& target, std::int32_t distance, Presses presses);
 
     Machine machine_;
     FailureHandler& failures_;

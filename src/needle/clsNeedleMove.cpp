@@ -60,7 +60,7 @@ void clsNeedleMove::InverseCalculation(std::int32_t ManipulatorNumber) { Map(Man
 
 void clsNeedleMove::ChangeZeroPosition() {
     constexpr std::int32_t Z = 2;
-    for (std::int32_t needle = 0; needle <= state_.intTotalManipulatorNumber; ++needle) {
+    for (std::int32_t needle = 0; needle <= state_.HighestNeedle(); ++needle) {
         PosZero(needle, Z, Difference(PosZero(needle, Z), state_.ZeroXYZ(Z)));
     }
 }
@@ -94,7 +94,10 @@ bool clsNeedleMove::MoveWhenClear(std::int16_t ManipulatorNumber, const Position
     }
     // Last of all: the operator hears of a contact before hearing of a missing calibration.
     if (state_.CalibrationON(ManipulatorNumber)) {
-        communication_.SendManipulatorData(ManipulatorNumber, lngInXYZ, lngNowXYZ);
+        // In the synchronised mode the presses made meanwhile are the way out of it.
+        communication_.SendManipulatorData(
+            ManipulatorNumber, lngInXYZ, lngNowXYZ,
+            chkSynchro ? clsManipulator::Presses::Kept : clsManipulator::Presses::Dropped);
     } else {
         failures_.Show(QStringLiteral("Please do the calibration. "));
     }
@@ -131,7 +134,9 @@ bool clsNeedleMove::ContactEvasion(std::int16_t lngMoveNeedle, std::int16_t Tota
     // one would refuse the move.
     std::array<bool, NeedleCount> calibrated{};
     std::array<Shaft, NeedleCount> ShaftAll{};
-    for (std::int32_t needle = 0; needle <= TotalManipulatorNumber; ++needle) {
+    // A fifth manipulator has no place in the tables, and so no shaft.
+    const std::int32_t highest = std::min<std::int32_t>(TotalManipulatorNumber, NeedleCount - 1);
+    for (std::int32_t needle = 0; needle <= highest; ++needle) {
         if (!state_.CalibrationON(needle)) {
             continue;
         }

@@ -22,6 +22,24 @@ public:
     virtual bool Waiting() const = 0;
     // The system has asked the program to end; true as soon as it has, also where the loop has not run since.
     virtual bool EndAsked() const { return false; }
+    // The program stands still, serving no event, from the first call to the second. What the operator
+    // presses and types meanwhile is made at a picture that holds no more: it is dropped, presses and keys
+    // with the releases that belong to them. Not dropped: the release of what was pressed before, the word
+    // to close, and what assistive programs do. Neither raises; they do not nest.
+    virtual void BeginStandStill() = 0;
+    virtual void EndStandStill() = 0;
+};
+
+// A stand-still for as long as it lives.
+class StandStill {
+public:
+    explicit StandStill(EventLoop& loop) : loop_(loop) { loop_.BeginStandStill(); }
+    ~StandStill() { loop_.EndStandStill(); }
+    StandStill(const StandStill&) = delete;
+    StandStill& operator=(const StandStill&) = delete;
+
+private:
+    EventLoop& loop_;
 };
 
 }  // namespace travo::platform

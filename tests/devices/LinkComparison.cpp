@@ -88,6 +88,8 @@ public:
     void Queue(std::function<void()>) override {}
     void QueueAfterWaits(std::function<void()>) override {}
     bool Waiting() const override { return false; }
+    void BeginStandStill() override {}
+    void EndStandStill() override {}
     void MagnificationChanged(std::int16_t) override {}
     void ViewChanged() override {}
     void ReceiveMirrorXData(std::int32_t Data) override { events.Tell("X " + std::to_string(Data)); }

@@ -157,6 +157,33 @@ TEST_F(ManipulatorLink, SendDataSleepsInSlicesOfAMillisecondAndServesNoEvents) {
     EXPECT_EQ(eventLoop.served, 0);
 }
 
+TEST_F(ManipulatorLink, AMoveThatAPressBeganIsAStandStillFromTheDriversCallToTheEndOfTheWait) {
+    driver.whileCalled = [this](const std::string&) { EXPECT_TRUE(eventLoop.standsStill); };
+    link->SendData(0, {500, 200, 300}, {100, 200, 300});
+    EXPECT_FALSE(eventLoop.standsStill);
+    EXPECT_EQ(eventLoop.standStills, 1);
+}
+
+TEST_F(ManipulatorLink, AMoveThatATickBeganKeepsThePressesMadeMeanwhile) {
+    driver.whileCalled = [this](const std::string&) { EXPECT_FALSE(eventLoop.standsStill); };
+    link->SendData(0, {500, 200, 300}, {100, 200, 300}, clsManipulator::Presses::Kept);
+    EXPECT_EQ(driver.moves.size(), 1U);
+    EXPECT_EQ(eventLoop.standStills, 0);
+}
+
+TEST_F(ManipulatorLink, TheStandStillOfAMoveThatFailsIsOverBeforeItsBoxIsOnShow) {
+    driver.failing = {"DriverMoveTo"};
+    boxes.whileShown = [this] { EXPECT_FALSE(eventLoop.standsStill); };
+    link->SendData(0, {500, 200, 300}, {100, 200, 300});
+    EXPECT_EQ(boxes.Texts(), QStringList{CommunicationFailed});
+    EXPECT_EQ(eventLoop.standStills, 1);
+}
+
+TEST_F(ManipulatorLink, AMoveThatIsRefusedStandsNotStill) {
+    link->SendData(0, {25001, 200, 300}, {100, 200, 300});
+    EXPECT_EQ(eventLoop.standStills, 0);
+}
+
 TEST_F(ManipulatorLink, SendDataCountsADistanceBeyondTheRangeInFull) {
     EXPECT_EQ(link->SendData(0, {25000, 0, 0}, {-100000, 0, 0}), 1);
     EXPECT_EQ(clock.slept, 31251);

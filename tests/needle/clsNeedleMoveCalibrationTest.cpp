@@ -192,10 +192,14 @@ TEST_F(clsNeedleMoveChangeZeroPosition, AnOverflowGoesToTheCaller) {
     needles.PosZero(1, 2, Smallest);
     EXPECT_THROW(needles.ChangeZeroPosition(), OverflowFailure);
     EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 702}));
-    state.intTotalManipulatorNumber = 4;
-    needles.PosZero(1, 2, 0);
-    EXPECT_THROW(needles.ChangeZeroPosition(), BoundsFailure);
     EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(clsNeedleMoveChangeZeroPosition, WithAFifthManipulatorTheFourNeedlesChange) {
+    state.intTotalManipulatorNumber = 4;
+    needles.ChangeZeroPosition();
+    EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 702}));
+    EXPECT_EQ(Zero(3), (PositionXYZ{4000, 4001, 3702}));
 }
 
 }  // namespace

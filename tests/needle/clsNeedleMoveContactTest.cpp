@@ -147,7 +147,13 @@ TEST_F(clsNeedleMoveContact, AMovingNeedleWithoutCalibrationIsTestedWithAPresent
 TEST_F(clsNeedleMoveContact, IndicesOutsideTheTablesAreFailures) {
     EXPECT_THROW(needles.ContactEvasion(-1, 3, {0, 0, 0}), BoundsFailure);
     EXPECT_THROW(needles.ContactEvasion(4, 3, {0, 0, 0}), BoundsFailure);
-    EXPECT_THROW(needles.ContactEvasion(0, 4, {0, 0, 0}), BoundsFailure);
+}
+
+TEST_F(clsNeedleMoveContact, AFifthManipulatorIsNoObstacleAndKeepsNoneFromBeingOne) {
+    PlaceObstacle(1500, 100);
+    PlaceTip(0, {1000, 0, 0});
+    EXPECT_FALSE(needles.ContactEvasion(0, 4, {2000, 0, 0}));
+    EXPECT_TRUE(needles.ContactEvasion(0, 4, {1200, 0, 0}));
 }
 
 TEST_F(clsNeedleMoveContact, AShaftThatOverflowsIsAFailureAlsoBehindAContact) {

@@ -40,6 +40,14 @@ TEST_F(clsNeedleMoveGate, ThePresentPositionIsThatOfTheLastRead) {
     EXPECT_LE(clock.slept, 202);
 }
 
+TEST_F(clsNeedleMoveGate, PressesMadeDuringAMoveAreDroppedAndThoseOfASynchronisedMoveAreKept) {
+    EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, true));
+    EXPECT_EQ(eventLoop.standStills, 0);
+    EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
+    EXPECT_EQ(eventLoop.standStills, 1);
+    EXPECT_EQ(driver.moves.size(), 2U);
+}
+
 TEST_F(clsNeedleMoveGate, TheStandOffDoesNotTouchThePresentPosition) {
     needles.lngXYOffset = 400;
     PlaceTip(0, {100, -200, 0});
@@ -167,10 +175,15 @@ TEST_F(clsNeedleMoveGate, TheContactCheckRunsAndCanFailAlsoWithItsVetoOff) {
 TEST_F(clsNeedleMoveGate, AnIndexOutOfBoundsIsReportedAsNeedleMoveFailed) {
     EXPECT_FALSE(needles.NeedleMove(-1, {0, 0, 0}, 0, false, false));
     EXPECT_FALSE(needles.NeedleMove(4, {0, 0, 0}, 0, false, false));
-    EXPECT_FALSE(needles.NeedleMove(0, {0, 0, 0}, 4, false, false));
-    EXPECT_EQ(boxes.Texts(), (QStringList{Failed, Failed, Failed}));
-    EXPECT_EQ(LogTexts(), (QStringList{Failed, Failed, Failed}));
+    EXPECT_EQ(boxes.Texts(), (QStringList{Failed, Failed}));
+    EXPECT_EQ(LogTexts(), (QStringList{Failed, Failed}));
     EXPECT_TRUE(driver.moves.empty());
+}
+
+TEST_F(clsNeedleMoveGate, WithAFifthManipulatorANeedleMovesAsBefore) {
+    EXPECT_TRUE(needles.NeedleMove(0, {0, 0, 0}, 4, false, false));
+    EXPECT_EQ(driver.moves.size(), 1U);
+    EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(clsNeedleMoveGate, ATargetOutsideTheRangeIsToldByTheLinkAndTheResultIsTrue) {

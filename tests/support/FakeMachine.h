@@ -102,6 +102,11 @@ public:
     void QueueAfterWaits(std::function<void()> procedure) override { queued.push_back(std::move(procedure)); }
     bool Waiting() const override { return waiting; }
     bool EndAsked() const override { return endAsked; }
+    void BeginStandStill() override { standsStill = true; }
+    void EndStandStill() override {
+        standsStill = false;
+        ++standStills;
+    }
     void RunQueued() {
         while (!queued.empty()) {
             auto procedure = std::move(queued.front());
@@ -114,6 +119,8 @@ public:
     bool endAsked = false;
     std::int64_t eventAfter = INT64_MAX;  // milliseconds after which an event ends a wait
     int served = 0;
+    bool standsStill = false;
+    int standStills = 0;                // that are over
     std::function<void()> whileServed;  // runs inside each wait that serves events
     std::deque<std::function<void()>> queued;
 

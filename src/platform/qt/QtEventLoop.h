@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/EventLoop.h"
+#include "platform/qt/QtPresses.h"
 
 namespace travo::platform::qt {
 
@@ -29,11 +30,14 @@ public:
     void QueueAfterWaits(std::function<void()> procedure) override;
     bool Waiting() const override { return depth_ > 0; }
     bool EndAsked() const override;
+    void BeginStandStill() override { presses_.BeginStandStill(); }
+    void EndStandStill() override { presses_.EndStandStill(); }
 
 private:
     void Leave();
 
     QObject context_;
+    QtPresses presses_;
     int depth_ = 0;
     std::vector<std::function<void()>> afterWaits_;
 };

@@ -17,7 +17,8 @@ FormMainTabs::Panel ForTab(Panel& panel) {
 FormMainPanels::FormMainPanels(const platform::Machine& machine, SharedState& state, FormMainObjects& objects,
                                const Owner& owner, QWidget* window)
     : CtlExperiment1({state, *objects.cCommunication, *objects.cNeedleMove, *objects.cNeedleSynchro,
-                      *objects.cEscape, *objects.cMirrorMove, *objects.Live, machine.boxes, machine.timers},
+                      *objects.cEscape, *objects.cMirrorMove, *objects.Live, machine.boxes, machine.timers,
+                      objects.Failures, owner.needle},
                      machine.folders.Program(), window),
       CtlCalibration1({state, *objects.cCommunication, *objects.cNeedleMove, *objects.cIniEdit, *objects.Live,
                        objects.Failures, machine.clock, machine.timers, owner.calibration, owner.needle},

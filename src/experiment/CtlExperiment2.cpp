@@ -64,11 +64,11 @@ void CtlExperiment2::MovePressed() {
     }
     if (intMoveTarget_ == View) {
         MoveView(target);
-    } else {
-        MoveNeedle(target);
+        ViewPressed();
+    } else if (MoveNeedle(target)) {
+        // So that a needle never moves twice on repeated presses.
+        ViewPressed();
     }
-    // So that a needle never moves twice on repeated presses.
-    ViewPressed();
     system_.live.LiveActionEnd();
 }
 
@@ -93,7 +93,11 @@ bool CtlExperiment2::ReadTarget(PositionXYZ& target) {
     return true;
 }
 
-void CtlExperiment2::MoveNeedle(const PositionXYZ& target) {
+bool CtlExperiment2::MoveNeedle(const PositionXYZ& target) {
+    if (!LitNeedleIsSelected()) {
+        RefuseNeedle();
+        return false;
+    }
     constexpr std::size_t Z = 2;
     PositionXYZ common = MirrorToCommon(target);
     if (common[Z] == NoPositionValue) {
@@ -101,6 +105,7 @@ void CtlExperiment2::MoveNeedle(const PositionXYZ& target) {
     }
     system_.needleMove.NeedleMoveCellPosition(system_.state.intManipulatorNumber, common,
                                               system_.state.intTotalManipulatorNumber);
+    return true;
 }
 
 void CtlExperiment2::MoveView(const PositionXYZ& target) {
@@ -115,8 +120,9 @@ void CtlExperiment2::MoveView(const PositionXYZ& target) {
 // What moves.
 
 void CtlExperiment2::NeedlePressed(std::int16_t Index) {
-    ManipulatorChange(Index);
+    ShowNeedle(Index);
     if (system_.state.intManipulatorNumber != Index) {
+        selectUnread_ = true;
         system_.communication.ChangeManipulator(ToInteger16(Index + 1));
     }
     ShowPresentView(true);
@@ -132,6 +138,11 @@ void CtlExperiment2::NeedlePressed(std::int16_t Index) {
 }
 
 void CtlExperiment2::ManipulatorChange(std::int16_t ManipulatorNumber) {
+    selectUnread_ = false;
+    ShowNeedle(ManipulatorNumber);
+}
+
+void CtlExperiment2::ShowNeedle(std::int16_t ManipulatorNumber) {
     for (std::size_t needle = 0; needle < needleButton_.size(); ++needle) {
         needleButton_[needle].SetRaised(static_cast<std::int32_t>(needle) != ManipulatorNumber);
     }
@@ -165,12 +176,16 @@ void CtlExperiment2::TotalManipulatorNumber(std::int16_t ManipulatorNumber) {
     for (usrKVCheckButton& button : needleButton_) {
         button.Enabled(false);
     }
-    for (std::int32_t needle = 0; needle <= ManipulatorNumber; ++needle) {
-        needleButton_[Bounded(needle, needleButton_.size())].Enabled(true);
+    for (std::int32_t needle = 0; needle <= ManipulatorNumber && needle < NeedleCount; ++needle) {
+        needleButton_[static_cast<std::size_t>(needle)].Enabled(true);
     }
-    if (ManipulatorNumber >= 0) {
+    if (ManipulatorNumber >= 0 && ManipulatorNumber <= HighestManipulatorNumber) {
         NeedlePressed(0);
         return;
+    }
+    if (bSynchroONOFF_) {
+        // The mode is left in full first: the buttons that it locks are all that the operator has left.
+        SynchroFalse();
     }
     // ViewOnly: the needle buttons keep their looks, the lamp says what moves.
     synchroButton_.Enabled(false);
@@ -204,101 +219,6 @@ void CtlExperiment2::PresentViewPressed() {
     intCellNo_ = PresentView;
     ShowTargetLamp(intCellNo_);
     system_.live.LiveActionEnd();
-}
-
-// The modes.
-
-void CtlExperiment2::DirectPressed() { bDirectONOFF_ = directButton_.Value(); }
-
-void CtlExperiment2::SynchroPressed() {
-    bSynchroONOFF_ = synchroButton_.Value();
-    Image2_[DoubleArrow].setVisible(bSynchroONOFF_);
-    if (bSynchroONOFF_) {
-        EnterSynchro();
-    } else {
-        LeaveSynchro();
-    }
-}
-
-void CtlExperiment2::EnterSynchro() {
-    SwitchDirectOff();
-    if (intMoveTarget_ == View) {
-        const std::int16_t selected = system_.state.intManipulatorNumber;
-        viewButton_.SetRaised(true);
-        needleButton_[Bounded(selected, needleButton_.size())].SetRaised(false);
-        intMoveTarget_ = selected;
-        ShowMoveLamp();
-    }
-    objectiveEscapeButton_.Enabled(false);
-    needleEscapeButton_.Enabled(false);
-    directButton_.Enabled(false);
-    EnableViewButtons(false);
-    moveButton_.Enabled(false);
-    EnableCells(false);
-    Timer1_->Enabled(false);
-    ShowArrow(false);
-    // The needle goes with the view; `intCellNo` waits for the end of the mode.
-    ShowTargetLamp(PresentView);
-    lngSynchroXYZ_ = system_.state.CurrentXYZ();
-}
-
-void CtlExperiment2::LeaveSynchro() {
-    Unlock();
-    ShowTargetLamp(intCellNo_);
-    Timer1_->Enabled(true);
-}
-
-void CtlExperiment2::SynchroFalse() {
-    synchroButton_.SetRaised(true);
-    bSynchroONOFF_ = false;
-    Image2_[DoubleArrow].setVisible(false);
-    Unlock();
-    if (intCellNo_ == PresentView) {
-        intCellNo_ = 0;
-    }
-    ShowTargetLamp(intCellNo_);
-    usrKVCheckButton& chosen = cellButton_[Bounded(intCellNo_, cellButton_.size())];
-    if (chosen.Enabled()) {
-        chosen.SetRaised(false);
-        presentViewButton_.SetRaised(true);
-    }
-    Timer1_->Enabled(true);
-}
-
-void CtlExperiment2::Unlock() {
-    objectiveEscapeButton_.Enabled(system_.communication.MotorPortOpenCheck());
-    if (HasNeedles()) {
-        needleEscapeButton_.Enabled(true);
-    }
-    directButton_.Enabled(true);
-    EnableViewButtons(true);
-    moveButton_.Enabled(true);
-    EnableCells(true);
-}
-
-void CtlExperiment2::ChangeCurrentXYZ(const PositionXYZ& CurrentXYZ) {
-    if (!bSynchroONOFF_ || intMoveTarget_ == View) {
-        return;
-    }
-    // Magnification and mirror motors may have enabled them since the mode began.
-    EnableViewButtons(false);
-    directButton_.Enabled(false);
-    SwitchDirectOff();
-    objectiveEscapeButton_.Enabled(false);
-    needleEscapeButton_.Enabled(false);
-
-    const PositionXYZ needle = SelectedNeedle();
-    PositionXYZ change{};
-    for (std::size_t axis = 0; axis < change.size(); ++axis) {
-        change[axis] = Difference(CurrentXYZ[axis], lngSynchroXYZ_[axis]);
-    }
-    // Each change is rounded by itself and no remainder is carried.
-    const PositionXYZ displacement = MirrorToCommon(change);
-    lngSynchroXYZ_ = CurrentXYZ;
-    if (!system_.needleSynchro.NeedleSynchroMove(system_.state.intManipulatorNumber, needle, CurrentXYZ,
-                                                 displacement, system_.state.intTotalManipulatorNumber)) {
-        SynchroFalse();
-    }
 }
 
 // What the instruments allow.
@@ -360,10 +280,55 @@ void CtlExperiment2::ObjectiveEscapePressed() {
 }
 
 void CtlExperiment2::NeedleEscapePressed() {
+    if (!NeedleIsKnown()) {
+        system_.failures.Report(QStringLiteral("Escape : Communication failed"));
+        return;
+    }
     std::int32_t z = system_.state.CurrentXYZ(2);
     // A copy: the wait for the objective serves events, and the needle is read anew in them.
     const PositionXYZ needle = SelectedNeedle();
-    system_.escape.HomePositionEscape(needle, z, system_.state.intTotalManipulatorNumber);
+    system_.escape.HomePositionEscape(needle, z, system_.state.intTotalManipulatorNumber,
+                                      [this] { return NeedleMayGoHome(); });
+}
+
+// The needle that is lit is the needle that acts.
+
+bool CtlExperiment2::NeedleIsKnown() const {
+    const std::int16_t selected = system_.state.intManipulatorNumber;
+    return selected >= 0 && selected < NeedleCount;
+}
+
+bool CtlExperiment2::LitNeedleIsSelected() {
+    const std::int16_t lit = intMoveTarget_;
+    const std::int16_t& selected = system_.state.intManipulatorNumber;
+    if (lit == View || (selected == lit && !selectUnread_)) {
+        return true;
+    }
+    if (selected == -1 || !system_.needle.ManipulatorReload()) {
+        return false;
+    }
+    selectUnread_ = false;
+    return selected == lit;
+}
+
+void CtlExperiment2::LightSelectedNeedle() {
+    if (NeedleIsKnown()) {
+        ShowNeedle(system_.state.intManipulatorNumber);
+    }
+}
+
+void CtlExperiment2::RefuseNeedle() {
+    LightSelectedNeedle();
+    system_.failures.Report(QStringLiteral("Needle move failed"));
+}
+
+bool CtlExperiment2::NeedleMayGoHome() {
+    // A needle that is not known any more is the escape's own failure.
+    if (!NeedleIsKnown() || LitNeedleIsSelected()) {
+        return true;
+    }
+    RefuseNeedle();
+    return false;
 }
 
 // The words that the rules above are written in.
@@ -388,11 +353,6 @@ void CtlExperiment2::EnableCells(bool allowed) {
 void CtlExperiment2::EnableViewButtons(bool enabled) {
     viewButton_.Enabled(enabled);
     presentViewButton_.Enabled(enabled);
-}
-
-void CtlExperiment2::SwitchDirectOff() {
-    bDirectONOFF_ = false;
-    directButton_.SetRaised(true);
 }
 
 }  // namespace travo

@@ -10,7 +10,9 @@
 #include "controls/SkinImage.h"
 #include "controls/usrKVButton.h"
 #include "controls/usrKVCheckButton.h"
+#include "core/FailureHandler.h"
 #include "core/LiveLink.h"
+#include "core/NeedleReader.h"
 #include "core/Positions.h"
 #include "core/SharedState.h"
 #include "devices/clsCommunication.h"
@@ -25,7 +27,8 @@ namespace travo {
 
 // Nothing here handles failures: what the instruments, an index outside its table or a sum beyond 32 bits
 // raise goes to the caller, or to the event loop where the operator's press is the cause. Nothing is rolled
-// back.
+// back. A press that would act on a needle looks first where the lit one may not be the one that the hardware
+// has: the hardware moves the needle that it has, whatever is lit.
 class CtlExperiment2 : public PanelCanvas, public PanelSteps {
     Q_OBJECT
 
@@ -33,6 +36,8 @@ public:
     // `intCellNo` for the centre of the present view, and what moves for the view.
     static constexpr std::int16_t PresentView = CellCount;
     static constexpr std::int16_t View = NeedleCount;
+    // The highest index that a connection may report.
+    static constexpr std::int16_t HighestManipulatorNumber = 4;
     // From one frame of the arrow to the next, in milliseconds.
     static constexpr int ArrowPeriod = 500;
 
@@ -47,6 +52,8 @@ public:
         LiveLink& live;
         platform::MessageBoxes& boxes;
         platform::Timers& timers;
+        FailureHandler& failures;
+        NeedleReader& needle;
     };
 
     CtlExperiment2(const System& system, const QString& programFolder, QWidget* parent);
@@ -56,14 +63,16 @@ public:
     // What moves: needle 0 to 3, or View.
     std::int16_t intMoveTarget() const { return intMoveTarget_; }
 
-    // Shows the needle, index 0 to 3, as what moves. BoundsFailure for an index that has no lamp.
+    // The needle, index 0 to 3, has been read as the one that the hardware has: it is shown as what moves.
+    // BoundsFailure for an index that has no lamp.
     void ManipulatorChange(std::int16_t ManipulatorNumber);
     // The magnification has been written. Does nothing in the synchronised mode.
     void ChangeMagnification();
     // The synchronised step, to be called at every tick of the position loop with the view in the mirror
     // frame. Does nothing outside the synchronised mode.
     void ChangeCurrentXYZ(const PositionXYZ& CurrentXYZ);
-    // The highest connected needle index, -1 for none. BoundsFailure above 3: there is no such button.
+    // The highest connected needle index, 0 to 4; any other is none, and the view alone moves. A fifth
+    // manipulator has no button.
     void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
     // The mirror's motors are on; of a 16-bit report every value but 0 is.
     void checkMotor(bool ONOFF);
@@ -100,11 +109,23 @@ private:
     void StartAction();
     // The chosen place in the mirror frame. False, after the operator has been told, when it is not set.
     bool ReadTarget(PositionXYZ& target);
-    void MoveNeedle(const PositionXYZ& target);
+    // False, after the operator has been told, when the lit needle is not the one that the hardware has.
+    bool MoveNeedle(const PositionXYZ& target);
     void MoveView(const PositionXYZ& target);
     void EnterSynchro();
     void LeaveSynchro();
     void Unlock();
+
+    void ShowNeedle(std::int16_t ManipulatorNumber);
+    // A needle of the tables has been read as the one that the hardware has.
+    bool NeedleIsKnown() const;
+    // Reads once where the lit needle is not the one last read; true also where the view is lit.
+    bool LitNeedleIsSelected();
+    // The lamp goes from the lit needle to the one that the hardware has, as far as that is known.
+    void LightSelectedNeedle();
+    void RefuseNeedle();
+    bool NeedleMayGoHome();
+    bool NeedleCanFollow();
 
     bool MirrorCanMove() const;
     bool HasNeedles() const { return system_.state.intTotalManipulatorNumber != -1; }
@@ -128,6 +149,8 @@ private:
     std::int16_t intCellNo_ = 0;
     // What moves: needle 0 to 3, or View.
     std::int16_t intMoveTarget_ = 0;
+    // Another needle has been asked for than the one known, and none has been read since.
+    bool selectUnread_ = false;
     bool bSynchroONOFF_ = false;
     bool bDirectONOFF_ = false;
     std::int16_t intArrowFrame_ = FirstFrame;

@@ -27,10 +27,14 @@ void clsEscape::NeedleEscape(std::int32_t ManipulatorNumber, std::int32_t XYZ, s
 void clsEscape::ZEscape(std::int32_t& CurrentZ) { objective_.ObjectiveUpDown(CurrentZ, zEscapePosition_); }
 
 void clsEscape::HomePositionEscape(const PositionXYZ&, std::int32_t& CurrentZ,
-                                   std::int16_t TotalManipulatorNumber) {
+                                   std::int16_t TotalManipulatorNumber,
+                                   const std::function<bool()>& NeedleMayGo) {
     failures_.Handle(QStringLiteral("Escape : Communication failed"), [&] {
         ZEscape(CurrentZ);
         WaitForObjective();
+        if (NeedleMayGo && !NeedleMayGo()) {
+            return;
+        }
         PositionXYZ home{};
         if (ReadHome(home)) {
             needleMove_.NeedleMove(state_.intManipulatorNumber, home, TotalManipulatorNumber, false, false);

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 #include "core/FailureHandler.h"
 #include "core/Positions.h"
@@ -50,9 +51,11 @@ public:
 
     // Raises the objective, waits for it, serving events, and sends the needle that is selected at the
     // hardware home: also when the objective has not arrived after WaitLimit. Told to the operator:
-    // a needle without a home, which stays, and every failure.
+    // a needle without a home, which stays, and every failure. NeedleMayGo, where given, is asked after the
+    // wait: false, which it has told by then where there is something to tell, and the needle stays.
     void HomePositionEscape(const PositionXYZ& NeedleXYZ, std::int32_t& CurrentZ,
-                            std::int16_t TotalManipulatorNumber);
+                            std::int16_t TotalManipulatorNumber,
+                            const std::function<bool()>& NeedleMayGo = {});
 
 private:
     void WaitForObjective();

@@ -10,7 +10,7 @@ import warnings
 
 from stage import Stage
 
-MODULES = ("tree_test", "window_test", "panels_test", "work_test", "small_windows_test", "start_test",
+MODULES = ("tree_test", "window_test", "panels_test", "work_test", "presses_test", "small_windows_test", "start_test",
            "coverage_test")
 PATIENCE = 60  # seconds
 

@@ -11,12 +11,19 @@
 #include <vector>
 
 #include "controls/ControlNames.h"
+#include "core/NeedleReader.h"
 #include "experiment/CtlExperiment2.h"
 #include "support/PanelRig.h"
 
 namespace travo::test {
 
-class ExperimentBench {
+// Hardware of which nothing can be read.
+class NoNeedles : public NeedleReader {
+public:
+    bool ManipulatorReload() override { return false; }
+};
+
+class ExperimentBench : private NeedleReader {
 public:
     // Where the view stands, in the mirror frame.
     static constexpr PositionXYZ TheView{10, -5, 300};
@@ -82,6 +89,10 @@ public:
         panel.ChangeMagnification();
         rig.journal.clear();
     }
+    // A tick of the position loop reads the needle that the hardware has.
+    void Tick() { ManipulatorReload(); }
+    // The hardware has that needle, index 0 to 3, whoever selected it.
+    void HardwareHas(std::int32_t needle) { rig.driver.selected = needle + 1; }
     // A step of the position loop with the view at a new place.
     void Step(const PositionXYZ& view) {
         View(view);
@@ -169,8 +180,21 @@ public:
 
 private:
     CtlExperiment2::System System() {
-        return {rig.state,      rig.communication, rig.needleMove, rig.needleSynchro, rig.escape,
-                rig.mirrorMove, rig.live,          rig.boxes,      rig.timers};
+        return {rig.state, rig.communication, rig.needleMove, rig.needleSynchro, rig.escape, rig.mirrorMove,
+                rig.live,  rig.boxes,         rig.timers,     rig.failures,      *this};
+    }
+    // The owner's reading of the selected needle, without the place of its tip.
+    bool ManipulatorReload() override {
+        const std::string record = rig.communication.RequestManipulatorData();
+        if (record.empty() || record.starts_with("-1")) {
+            return false;
+        }
+        const auto index = static_cast<std::int16_t>(std::stoi(record));
+        if (index != rig.state.intManipulatorNumber) {
+            rig.state.intManipulatorNumber = index;
+            panel.ManipulatorChange(index);
+        }
+        return true;
     }
     // Maps that only shift: manipulator counts are common units plus Centre.
     void CalibrateStraight(std::int32_t needle) {

@@ -134,16 +134,17 @@ TEST(CtlExperiment2Choice, TotalManipulatorNumber3EnablesAllNeedleButtonsAndSele
     EXPECT_THAT(bench.Take(), ElementsAre("DriverSelect 1"));
 }
 
-TEST(CtlExperiment2Choice, TotalManipulatorNumber4AddressesAFifthButtonThatDoesNotExist) {
+TEST(CtlExperiment2Choice, TotalManipulatorNumber4EnablesTheFourButtonsThatThereAreAndSelectsNeedle1) {
     ExperimentBench bench;
+    bench.rig.driver.count = 5;
+    bench.rig.state.intManipulatorNumber = 4;
     bench.EnterView();
     bench.Connected(4);
     bench.Forget();
-    EXPECT_THROW(bench.panel.TotalManipulatorNumber(4), BoundsFailure);
-    // It comes as far as the fourth button; no needle is selected.
+    bench.panel.TotalManipulatorNumber(4);
     EXPECT_EQ(bench.EnabledNeedles(), "1234");
-    EXPECT_EQ(bench.State(), "View");
-    EXPECT_THAT(bench.Take(), IsEmpty());
+    EXPECT_EQ(bench.State(), "Needle 1");
+    EXPECT_THAT(bench.Take(), ElementsAre("DriverSelect 1"));
 }
 
 TEST(CtlExperiment2Choice, WithoutANeedleTheViewIsAllThatMoves) {

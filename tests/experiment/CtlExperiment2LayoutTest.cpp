@@ -125,8 +125,9 @@ TEST(CtlExperiment2Layout, EveryControlNamesAPictureOfTheSkin) {
 
 TEST(CtlExperiment2Layout, EveryControlLooksForItsPicturesInTheProgramsFolder) {
     PanelRig rig;
+    NoNeedles needles;
     const CtlExperiment2 panel({rig.state, rig.communication, rig.needleMove, rig.needleSynchro, rig.escape,
-                                rig.mirrorMove, rig.live, rig.boxes, rig.timers},
+                                rig.mirrorMove, rig.live, rig.boxes, rig.timers, rig.failures, needles},
                                rig.ProgramFolder(), nullptr);
     for (const SkinButton* const button : panel.findChildren<SkinButton*>()) {
         EXPECT_EQ(button->inipath(), rig.ProgramFolder()) << button->objectName().toStdString();
@@ -175,6 +176,7 @@ TEST(CtlExperiment2Layout, ADashedSlotStandsWhereThePresentViewIsHidden) {
 TEST(CtlExperiment2Layout, ButtonsWorkByTheKeyboardAsWell) {
     ExperimentBench bench;
     bench.Store(0);
+    bench.OnlyCalibrated(2);
     QTest::keyClick(&bench.Needle(2), Qt::Key_Space);
     EXPECT_EQ(bench.State(), "Needle 3");
     QTest::keyClick(&bench.Move(), Qt::Key_Space);

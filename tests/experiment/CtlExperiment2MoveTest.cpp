@@ -65,19 +65,6 @@ TEST(CtlExperiment2Move, AHundredQuickPressesMoveTheNeedleOnceAndThenTheView) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Move, TheNeedleSelectedAtTheHardwareIsTheOneThatMoves) {
-    ExperimentBench bench;
-    bench.Store(0);
-    bench.OnlyCalibrated(2);
-    bench.rig.state.intManipulatorNumber = 2;
-    // Chosen on the panel, but not read yet.
-    bench.Click(bench.Needle(1));
-    bench.Forget();
-    bench.Click(bench.Move());
-    EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
-    EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
-}
-
 TEST(CtlExperiment2Move, ASelectedCellThatIsNotSetKeepsTheNeedleAndLeavesTheActionOpen) {
     ExperimentBench bench;
     bench.Click(bench.Move());
@@ -358,13 +345,6 @@ TEST(CtlExperiment2Escape, DuringTheWaitForTheObjectiveFurtherButtonsCanBePresse
     EXPECT_TRUE(pressed);
     EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
     EXPECT_EQ(bench.State(), "View");
-}
-
-TEST(CtlExperiment2Escape, WithNoNeedleSelectedTheNeedleEscapeIsAFailure) {
-    ExperimentBench bench;
-    bench.rig.state.intManipulatorNumber = -1;
-    EXPECT_THROW(bench.Click(bench.Escape(1)), BoundsFailure);
-    EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
 }  // namespace

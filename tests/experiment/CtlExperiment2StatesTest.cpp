@@ -43,32 +43,89 @@ const std::vector<From>& States() {
 
 const std::array<std::string, 4> Unchanged{"Needle 1", "View", "ViewOnly", "Synchro 1"};
 
-const std::vector<Row>& Rows() {
+const std::array<std::string, 4> AllViewOnly{"ViewOnly", "ViewOnly", "ViewOnly", "ViewOnly"};
+const std::array<std::string, 4> AllNeedle1{"Needle 1", "Needle 1", "Needle 1", "Needle 1"};
+// Only the synchronised mode is left.
+const std::array<std::string, 4> ModeLeft{"Needle 1", "View", "ViewOnly", "Needle 1"};
+
+// Needles come and go: at the position loop.
+const std::vector<Row>& NeedleRows() {
     static const std::vector<Row> rows{
-        {"the last needle goes",
-         [](ExperimentBench& b) { Total(b, -1); },
-         {"ViewOnly", "ViewOnly", "ViewOnly", "ViewOnly"}},
-        {"a number of needles below none",
-         [](ExperimentBench& b) { Total(b, -2); },
-         {"ViewOnly", "ViewOnly", "ViewOnly", "ViewOnly"}},
-        {"one needle comes",
-         [](ExperimentBench& b) { Total(b, 0); },
-         {"Needle 1", "Needle 1", "Needle 1", "Needle 1"}},
-        {"four needles come",
-         [](ExperimentBench& b) { Total(b, 3); },
-         {"Needle 1", "Needle 1", "Needle 1", "Needle 1"}},
+        {"the last needle goes", [](ExperimentBench& b) { Total(b, -1); }, AllViewOnly},
+        {"a number of needles below none", [](ExperimentBench& b) { Total(b, -2); }, AllViewOnly},
+        {"more needles than there can be",
+         [](ExperimentBench& b) {
+             b.Connected(-1);
+             b.panel.TotalManipulatorNumber(5);
+         },
+         AllViewOnly},
+        {"one needle comes", [](ExperimentBench& b) { Total(b, 0); }, AllNeedle1},
+        {"two needles come", [](ExperimentBench& b) { Total(b, 1); }, AllNeedle1},
+        {"three needles come", [](ExperimentBench& b) { Total(b, 2); }, AllNeedle1},
+        {"four needles come", [](ExperimentBench& b) { Total(b, 3); }, AllNeedle1},
+        {"five needles come", [](ExperimentBench& b) { Total(b, 4); }, AllNeedle1},
+        {"the same needle at the hardware",
+         [](ExperimentBench& b) { b.panel.ManipulatorChange(0); },
+         {"Needle 1", "Needle 1", "Needle 1", "Synchro 1"}},
+        {"another needle at the hardware",
+         [](ExperimentBench& b) { b.panel.ManipulatorChange(1); },
+         {"Needle 2", "Needle 2", "Needle 2", "Synchro 2"}},
+        {"the last needle at the hardware",
+         [](ExperimentBench& b) { b.panel.ManipulatorChange(3); },
+         {"Needle 4", "Needle 4", "Needle 4", "Synchro 4"}},
+    };
+    return rows;
+}
+
+// What moves, and where to: the operator's buttons.
+const std::vector<Row>& ChoiceRows() {
+    static const std::vector<Row> rows{
         {"the same needle button",
          [](ExperimentBench& b) { b.Click(b.Needle(0)); },
          {"Needle 1", "Needle 1", "ViewOnly", "Needle 1"}},
         {"another needle button",
          [](ExperimentBench& b) { b.Click(b.Needle(2)); },
          {"Needle 3", "Needle 3", "ViewOnly", "Needle 3"}},
-        {"another needle at the hardware",
-         [](ExperimentBench& b) { b.panel.ManipulatorChange(1); },
-         {"Needle 2", "Needle 2", "Needle 2", "Synchro 2"}},
+        {"the button of a needle that the driver refuses",
+         [](ExperimentBench& b) {
+             b.rig.driver.failing = {"DriverSelect"};
+             b.Click(b.Needle(2));
+         },
+         {"Needle 3", "Needle 3", "ViewOnly", "Needle 3"}},
         {"the view button",
          [](ExperimentBench& b) { b.Click(b.ViewMoves()); },
          {"View", "View", "ViewOnly", "Synchro 1"}},
+        {"the present view, where it is on show",
+         [](ExperimentBench& b) {
+             if (!b.PresentView().isHidden()) {
+                 b.Click(b.PresentView());
+             }
+         },
+         Unchanged},
+        {"a cell",
+         [](ExperimentBench& b) {
+             b.SetCell(1);
+             b.Click(b.Cell(1));
+         },
+         Unchanged},
+        {"a cell in direct mode",
+         [](ExperimentBench& b) {
+             b.SetCell(1);
+             if (b.Move().Enabled()) {
+                 // Showing the panel in the mode would open it.
+                 b.panel.Shown();
+             }
+             b.Click(b.Direct());
+             b.Click(b.Cell(1));
+         },
+         Unchanged},
+        {"the direct button", [](ExperimentBench& b) { b.Click(b.Direct()); }, Unchanged},
+    };
+    return rows;
+}
+
+const std::vector<Row>& MoveRows() {
+    static const std::vector<Row> rows{
         {"move to a cell", WithACell, {"View", "View", "ViewOnly", "Synchro 1"}},
         {"move to a cell that is not set", [](ExperimentBench& b) { b.Click(b.Move()); }, Unchanged},
         {"move of a needle that is not calibrated",
@@ -77,6 +134,46 @@ const std::vector<Row>& Rows() {
              WithACell(b);
          },
          {"View", "View", "ViewOnly", "Synchro 1"}},
+        {"move that the driver fails",
+         [](ExperimentBench& b) {
+             b.rig.driver.failing = {"DriverMoveTo"};
+             WithACell(b);
+         },
+         {"View", "View", "ViewOnly", "Synchro 1"}},
+        {"move while the hardware has another needle than the one last read",
+         [](ExperimentBench& b) {
+             b.HardwareHas(1);
+             b.rig.state.intManipulatorNumber = 1;
+             WithACell(b);
+         },
+         // The lamp goes to the needle that the hardware has.
+         {"Needle 2", "View", "ViewOnly", "Synchro 1"}},
+        {"move with no needle known",
+         [](ExperimentBench& b) {
+             b.rig.state.intManipulatorNumber = -1;
+             WithACell(b);
+         },
+         {"Needle 1", "View", "ViewOnly", "Synchro 1"}},
+        {"move at 0.35x",
+         [](ExperimentBench& b) {
+             b.Magnification(1);
+             WithACell(b);
+         },
+         {"View", "View", "ViewOnly", "Synchro 1"}},
+        {"the objective escape", [](ExperimentBench& b) { b.Click(b.Escape(0)); }, Unchanged},
+        {"the needle escape", [](ExperimentBench& b) { b.Click(b.Escape(1)); }, Unchanged},
+        {"the needle escape with no needle known",
+         [](ExperimentBench& b) {
+             b.rig.state.intManipulatorNumber = -1;
+             b.Click(b.Escape(1));
+         },
+         Unchanged},
+    };
+    return rows;
+}
+
+const std::vector<Row>& SynchroRows() {
+    static const std::vector<Row> rows{
         {"the synchronised button",
          [](ExperimentBench& b) { b.Click(b.Synchro()); },
          {"Synchro 1", "View", "ViewOnly", "Needle 1"}},
@@ -86,58 +183,103 @@ const std::vector<Row>& Rows() {
              b.Click(b.Synchro());
          },
          {"Synchro 1", "Synchro 1", "Synchro 1", "Needle 1"}},
-        {"a refused step",
+        {"the synchronised button with no needle known",
          [](ExperimentBench& b) {
-             b.Step({10, -5, NoPositionValue});
+             b.Synchro().Enabled(true);
+             b.rig.state.intManipulatorNumber = -1;
+             b.Click(b.Synchro());
          },
-         {"Needle 1", "View", "ViewOnly", "Needle 1"}},
+         ModeLeft},
+        {"the synchronised button while the hardware has another needle than the one last read",
+         [](ExperimentBench& b) {
+             b.HardwareHas(1);
+             b.rig.state.intManipulatorNumber = 1;
+             b.Click(b.Synchro());
+         },
+         {"Needle 2", "View", "ViewOnly", "Needle 1"}},
         {"a step",
          [](ExperimentBench& b) {
              b.Step({11, -5, 300});
          },
          Unchanged},
-        {"the panel is hidden",
-         [](ExperimentBench& b) { b.panel.Hidden(); },
-         {"Needle 1", "View", "ViewOnly", "Needle 1"}},
+        {"a step along an axis that is not known",
+         [](ExperimentBench& b) {
+             b.Step({NoPositionValue, -5, 300});
+         },
+         Unchanged},
+        {"a step without the gauge",
+         [](ExperimentBench& b) {
+             b.Step({10, -5, NoPositionValue});
+         },
+         ModeLeft},
+        {"a step too far down",
+         [](ExperimentBench& b) {
+             b.Step({10, -5, -701});
+         },
+         ModeLeft},
+        {"the mode is left by code", [](ExperimentBench& b) { b.panel.SynchroFalse(); }, ModeLeft},
+        {"the panel is hidden", [](ExperimentBench& b) { b.panel.Hidden(); }, ModeLeft},
         {"another panel for a while",
          [](ExperimentBench& b) {
              b.panel.Hidden();
              b.panel.Shown();
          },
-         {"Needle 1", "View", "ViewOnly", "Needle 1"}},
-        {"0.35x", [](ExperimentBench& b) { b.Magnification(1); }, Unchanged},
-        {"4x", [](ExperimentBench& b) { b.Magnification(3); }, Unchanged},
-        {"the mirror motors go off", [](ExperimentBench& b) { b.panel.checkMotor(false); }, Unchanged},
-        {"the mirror motors go on", [](ExperimentBench& b) { b.panel.checkMotor(true); }, Unchanged},
-        {"a cell",
-         [](ExperimentBench& b) {
-             b.SetCell(1);
-             b.Click(b.Cell(1));
-         },
-         Unchanged},
-        {"the direct button", [](ExperimentBench& b) { b.Click(b.Direct()); }, Unchanged},
-        {"the objective escape", [](ExperimentBench& b) { b.Click(b.Escape(0)); }, Unchanged},
-        {"the needle escape", [](ExperimentBench& b) { b.Click(b.Escape(1)); }, Unchanged},
-        {"the arrow runs", [](ExperimentBench& b) { b.Timer1.Fire(); }, Unchanged},
-        {"the mode is left by code",
-         [](ExperimentBench& b) { b.panel.SynchroFalse(); },
-         {"Needle 1", "View", "ViewOnly", "Needle 1"}},
+         ModeLeft},
     };
     return rows;
 }
 
-// What holds in every state.
+// What the instruments tell.
+const std::vector<Row>& InstrumentRows() {
+    static const std::vector<Row> rows{
+        {"no magnification is known", [](ExperimentBench& b) { b.Magnification(0); }, Unchanged},
+        {"0.35x", [](ExperimentBench& b) { b.Magnification(1); }, Unchanged},
+        {"2x", [](ExperimentBench& b) { b.Magnification(2); }, Unchanged},
+        {"4x", [](ExperimentBench& b) { b.Magnification(3); }, Unchanged},
+        {"0.35x and back",
+         [](ExperimentBench& b) {
+             b.Magnification(1);
+             b.Magnification(2);
+         },
+         Unchanged},
+        {"the mirror motors go off", [](ExperimentBench& b) { b.panel.checkMotor(false); }, Unchanged},
+        {"the mirror motors go on", [](ExperimentBench& b) { b.panel.checkMotor(true); }, Unchanged},
+        {"the motor's port is closed",
+         [](ExperimentBench& b) {
+             b.rig.communication.MotorPortClose();
+             b.Magnification(2);
+         },
+         Unchanged},
+        {"the arrow runs", [](ExperimentBench& b) { b.Timer1.Fire(); }, Unchanged},
+    };
+    return rows;
+}
+
+std::vector<Row> Rows() {
+    std::vector<Row> all;
+    for (const auto* const part :
+         {&NeedleRows(), &ChoiceRows(), &MoveRows(), &SynchroRows(), &InstrumentRows()}) {
+        all.insert(all.end(), part->begin(), part->end());
+    }
+    return all;
+}
+
+// What holds in every state, however it was come to.
 void ExpectConsistent(const ExperimentBench& bench) {
     EXPECT_EQ(bench.MoveLamp().size(), 1U);
     EXPECT_EQ(bench.TargetLamp().size(), 1U);
     const bool synchro = bench.State().starts_with("Synchro");
-    EXPECT_EQ(bench.Timer1.enabled, !bench.Synchro().Value());
+    EXPECT_EQ(bench.Synchro().Value(), synchro);
+    EXPECT_EQ(bench.Timer1.enabled, !synchro);
+    EXPECT_EQ(bench.Move().Enabled(), !synchro);
     if (synchro) {
-        EXPECT_FALSE(bench.Move().Enabled());
         EXPECT_EQ(bench.TargetLamp(), "8");
-    } else if (bench.State().starts_with("Needle")) {
+        EXPECT_EQ(bench.EnabledCells(), "");
+        EXPECT_FALSE(bench.EnabledNeedles().empty() && bench.rig.state.intTotalManipulatorNumber >= 0);
+        EXPECT_EQ(bench.Arrow(), "4");
+    } else {
         EXPECT_EQ(bench.TargetLamp(), std::to_string(bench.panel.intCellNo()));
-        EXPECT_FALSE(bench.ViewMoves().Value());
+        EXPECT_EQ(bench.ViewMoves().Value(), !bench.State().starts_with("Needle"));
     }
 }
 
@@ -199,6 +341,47 @@ TEST(CtlExperiment2States, TheTargetIsKeptThroughTheStates) {
         state.enter(bench);
         EXPECT_EQ(bench.panel.intCellNo(), 6);
         EXPECT_EQ(bench.PressedTargets(), "G");
+    }
+}
+
+// Who is enabled in a state right after it was entered, and after it was entered from the synchronised mode.
+TEST(CtlExperiment2States, WhatIsEnabledInEachStateFromWhereverItIsEntered) {
+    struct Enabled {
+        std::string needles;
+        bool synchro;
+        bool needleEscape;
+        bool presentView;  // on show
+        bool view;         // the view's button, the direct mode, the objective's escape
+    };
+    const std::array<Enabled, 4> enabled{{{"1234", true, true, true, true},
+                                          {"1234", false, false, false, true},
+                                          {"", false, false, false, true},
+                                          {"1234", true, false, true, false}}};
+    for (std::size_t state = 0; state < States().size(); ++state) {
+        for (const bool fromSynchro : {false, true}) {
+            SCOPED_TRACE(States()[state].name + (fromSynchro ? " from the synchronised mode" : ""));
+            ExperimentBench bench;
+            if (fromSynchro) {
+                bench.EnterSynchro();
+                // All but the loss of the needles and the mode itself are behind one of its ways out.
+                if (state < 2) {
+                    bench.Click(bench.Needle(0));
+                } else if (state == 3) {
+                    bench.Click(bench.Synchro());
+                }
+            }
+            States()[state].enter(bench);
+            ASSERT_EQ(bench.State(), States()[state].name);
+            const Enabled& wanted = enabled[state];
+            EXPECT_EQ(bench.EnabledNeedles(), wanted.needles);
+            EXPECT_EQ(bench.Synchro().Enabled(), wanted.synchro);
+            EXPECT_EQ(bench.Escape(1).Enabled(), wanted.needleEscape);
+            EXPECT_EQ(!bench.PresentView().isHidden(), wanted.presentView);
+            EXPECT_EQ(bench.ViewMoves().Enabled(), wanted.view);
+            EXPECT_EQ(bench.Direct().Enabled(), wanted.view);
+            EXPECT_EQ(bench.Escape(0).Enabled(), wanted.view);
+            EXPECT_EQ(bench.Move().Enabled(), wanted.view);
+        }
     }
 }
 

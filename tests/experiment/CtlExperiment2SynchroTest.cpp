@@ -1,7 +1,6 @@
-// The synchronised mode: how it is entered and left, and its steps to the count.
+// The synchronised mode: how it is entered and left.
 #include <gmock/gmock.h>
 
-#include "core/Arithmetic.h"
 #include "experiment/CtlExperiment2Bench.h"
 
 namespace travo::test {
@@ -156,14 +155,6 @@ TEST(CtlExperiment2Synchro, EnteredInTheViewWhereTheButtonIsEnabledAllTheSameThe
     EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
 }
 
-TEST(CtlExperiment2Synchro, EnteredInTheViewWithNoNeedleSelectedIsAFailure) {
-    ExperimentBench bench;
-    bench.EnterView();
-    bench.rig.state.intManipulatorNumber = -1;
-    bench.Synchro().Enabled(true);
-    EXPECT_THROW(bench.EnterSynchro(), BoundsFailure);
-}
-
 TEST(CtlExperiment2Synchro, AnotherNeedleIsTheWayOut) {
     ExperimentBench bench;
     bench.Store(0);
@@ -223,12 +214,39 @@ TEST(CtlExperiment2Synchro, MirrorMotorsInTheModeTouchTheCellsAlone) {
     EXPECT_FALSE(bench.Direct().Enabled());
 }
 
-TEST(CtlExperiment2Synchro, ALostManipulatorIsLeftWithTheViewAndANewOneOpensThePanel) {
+TEST(CtlExperiment2Synchro, NeedlesThatAreLostInTheModeLeaveAPanelThatStillMovesTheView) {
     ExperimentBench bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.EnterViewOnly();
     EXPECT_EQ(bench.State(), "ViewOnly");
+    EXPECT_FALSE(bench.Synchro().Value());
+    EXPECT_TRUE(bench.Image("Image2", 4).isHidden());
+    EXPECT_TRUE(bench.Timer1.enabled);
+    EXPECT_TRUE(bench.Move().Enabled());
+    EXPECT_TRUE(bench.ViewMoves().Enabled());
+    EXPECT_TRUE(bench.ViewMoves().Value());
+    EXPECT_TRUE(bench.PresentView().isHidden());
+    EXPECT_TRUE(bench.Direct().Enabled());
+    EXPECT_TRUE(bench.Escape(0).Enabled());
+    EXPECT_EQ(bench.EnabledCells(), "A");
+    EXPECT_EQ(bench.TargetLamp(), "0");
+    // What would act on a needle is off.
+    EXPECT_EQ(bench.EnabledNeedles(), "");
+    EXPECT_FALSE(bench.Synchro().Enabled());
+    EXPECT_FALSE(bench.Escape(1).Enabled());
+    bench.Forget();
+    bench.Click(bench.Move());
+    const Journal journal = bench.Take();
+    EXPECT_EQ(std::count(journal.begin(), journal.end(), "port 1 > cD2A500\r"), 1);
+    EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
+}
+
+TEST(CtlExperiment2Synchro, AfterTheLossNoStepIsMadeAndANewNeedleOpensThePanel) {
+    ExperimentBench bench;
+    bench.Store(0);
+    bench.EnterSynchro();
+    bench.EnterViewOnly();
     bench.Forget();
     bench.Step({11, -5, 300});
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
@@ -236,126 +254,6 @@ TEST(CtlExperiment2Synchro, ALostManipulatorIsLeftWithTheViewAndANewOneOpensTheP
     bench.panel.TotalManipulatorNumber(1);
     EXPECT_EQ(bench.State(), "Needle 1");
     ExpectOpen(bench, "A");
-}
-
-// The steps.
-
-TEST(CtlExperiment2SynchroStep, OutsideTheModeNothingHappens) {
-    ExperimentBench bench;
-    bench.Step({60, 40, 350});
-    EXPECT_THAT(bench.Take(), IsEmpty());
-    EXPECT_TRUE(bench.ViewMoves().Enabled());
-    bench.EnterView();
-    bench.Forget();
-    bench.Step({70, 40, 350});
-    EXPECT_THAT(bench.Take(), IsEmpty());
-}
-
-TEST(CtlExperiment2SynchroStep, TheNeedleFollowsTheViewAndEachMovementIsPassedOnOnce) {
-    ExperimentBench bench;
-    bench.SetNeedle(0, {100, 200, 500});
-    bench.EnterSynchro();
-    // From (10, -5, 300): 50 in X, 45 in Y, 50 in Z.
-    bench.Step({60, 40, 350});
-    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{11850, 11975, 12550}));
-    bench.Step({60, 40, 350});
-    EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
-    EXPECT_EQ(bench.State(), "Synchro 1");
-}
-
-TEST(CtlExperiment2SynchroStep, EachTicksDifferenceIsRoundedByItselfAndNoRemainderIsCarried) {
-    // Raw differences of one tick and the displacement that they give.
-    struct Row {
-        std::int32_t x;
-        std::int32_t y;
-        std::int32_t z;
-        PositionXYZ displacement;
-    };
-    const std::vector<Row> rows{
-        {1, 0, 0, {-4, 0, 0}},      {1, 0, 0, {-4, 0, 0}},        {2, 0, 0, {-10, 0, 0}},
-        {-1, 0, 0, {6, 0, 0}},      {-2, 0, 0, {10, 0, 0}},       {0, 1, 0, {0, -5, 0}},
-        {0, -1, 0, {0, 6, 0}},      {0, 2, 0, {0, -10, 0}},       {0, 0, 7, {0, 0, 7}},
-        {3, 4, -7, {-14, -20, -7}}, {60, 40, 5, {-300, -200, 5}}, {0, 0, -1000, {0, 0, -1000}},
-    };
-    ExperimentBench bench;
-    PositionXYZ view{10, -5, 5000};
-    PositionXYZ needle{0, 0, 5000};
-    bench.View(view);
-    bench.EnterSynchro();
-    for (const Row& row : rows) {
-        bench.SetNeedle(0, needle);
-        view = {view[0] + row.x, view[1] + row.y, view[2] + row.z};
-        bench.rig.driver.moves.clear();
-        bench.Step(view);
-        for (std::size_t axis = 0; axis < needle.size(); ++axis) {
-            needle[axis] += row.displacement[axis];
-        }
-        EXPECT_THAT(bench.rig.driver.moves,
-                    ElementsAre(Target{needle[0] + 12000, needle[1] + 12000, needle[2] + 12000}))
-            << row.x << " " << row.y << " " << row.z;
-    }
-    EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
-}
-
-TEST(CtlExperiment2SynchroStep, WithNoChangeOfTheViewTheStepIsStillMadeOnEachTick) {
-    ExperimentBench bench;
-    bench.EnterSynchro();
-    bench.Step(ExperimentBench::TheView);
-    bench.Step(ExperimentBench::TheView);
-    EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
-    EXPECT_EQ(bench.State(), "Synchro 1");
-    // It is seen at what a step refuses: no gauge. The change of the view is (0, 0, 0) here as well.
-    ExperimentBench blind;
-    blind.View({10, -5, NoPositionValue});
-    blind.EnterSynchro();
-    blind.Step({10, -5, NoPositionValue});
-    EXPECT_EQ(blind.rig.boxes.Texts(), QStringList(QStringLiteral("Prease connect magnescale")));
-    EXPECT_EQ(blind.State(), "Needle 1");
-}
-
-TEST(CtlExperiment2SynchroStep, TheViewAtTheEntryIsWhereTheFirstStepCountsFrom) {
-    ExperimentBench bench;
-    bench.SetNeedle(0, {0, 0, 500});
-    bench.EnterSynchro();
-    bench.Step({60, -5, 300});
-    bench.Click(bench.Synchro());
-    bench.View({160, -5, 300});
-    bench.rig.driver.moves.clear();
-    bench.SetNeedle(0, {0, 0, 500});
-    bench.EnterSynchro();
-    bench.Step({162, -5, 300});
-    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{11990, 12000, 12500}));
-}
-
-TEST(CtlExperiment2SynchroStep, ARefusedStepLeavesTheMode) {
-    ExperimentBench bench;
-    bench.Store(0);
-    bench.EnterSynchro();
-    bench.Step({10, -5, -701});
-    EXPECT_EQ(bench.rig.boxes.Texts(),
-              QStringList(QStringLiteral("Amount of the movement once is too large")));
-    EXPECT_EQ(bench.State(), "Needle 1");
-    ExpectOpen(bench, "A");
-    EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
-}
-
-TEST(CtlExperiment2SynchroStep, ADifferenceBeyond32BitsReachesTheCallerAndTheModeStays) {
-    ExperimentBench bench;
-    bench.View({10, -5, std::numeric_limits<std::int32_t>::min()});
-    bench.EnterSynchro();
-    EXPECT_THROW(bench.Step({10, -5, 1}), OverflowFailure);
-    EXPECT_EQ(bench.State(), "Synchro 1");
-    EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
-}
-
-TEST(CtlExperiment2SynchroStep, TheNeedleSelectedAtTheHardwareFollows) {
-    ExperimentBench bench;
-    bench.SetNeedle(1, {40, 0, 500});
-    bench.OnlyCalibrated(1);
-    bench.rig.state.intManipulatorNumber = 1;
-    bench.EnterSynchro();
-    bench.Step({12, -5, 300});
-    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{12030, 12000, 12500}));
 }
 
 }  // namespace

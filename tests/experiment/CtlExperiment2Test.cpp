@@ -14,8 +14,9 @@ using testing::IsEmpty;
 class NewPanel {
 public:
     PanelRig rig;
+    NoNeedles needles;
     CtlExperiment2 panel{{rig.state, rig.communication, rig.needleMove, rig.needleSynchro, rig.escape,
-                          rig.mirrorMove, rig.live, rig.boxes, rig.timers},
+                          rig.mirrorMove, rig.live, rig.boxes, rig.timers, rig.failures, needles},
                          QString(),
                          nullptr};
     bool Seen(const char* name, int index) const {

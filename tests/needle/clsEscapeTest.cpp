@@ -142,6 +142,31 @@ TEST_F(clsEscapeTest, TheNeedleMovedIsTheOneSelectedWhenTheWaitIsOver) {
     EXPECT_EQ(driver.moves, (Moves{{700, 700, 700}}));
 }
 
+TEST_F(clsEscapeTest, TheNeedleThatMayNotGoStaysWhenTheWaitIsOverAndTheObjectiveHasMoved) {
+    SetHome();
+    escape.ZEscapePosition(500);
+    std::int32_t z = 0;
+    escape.HomePositionEscape({}, z, 0, [this] {
+        EXPECT_GE(eventLoop.served, 2) << "asked after the wait";
+        return false;
+    });
+    EXPECT_EQ(MotorPort().TakeOutput(), "RELMOVEZ50000\r");
+    EXPECT_TRUE(driver.moves.empty());
+    EXPECT_TRUE(boxes.shown.empty()) << "whoever says no has told why";
+    escape.HomePositionEscape({}, z, 0, [] { return true; });
+    EXPECT_EQ(driver.moves.size(), 1U);
+}
+
+TEST_F(clsEscapeTest, TheWayHomeOfTheNeedleIsAStandStillAndTheWaitForTheObjectiveIsNone) {
+    SetHome();
+    escape.ZEscapePosition(500);
+    eventLoop.whileServed = [this] { EXPECT_FALSE(eventLoop.standsStill); };
+    driver.whileCalled = [this](const std::string&) { EXPECT_TRUE(eventLoop.standsStill); };
+    EscapeHome();
+    EXPECT_EQ(driver.moves.size(), 1U);
+    EXPECT_EQ(eventLoop.standStills, 1);
+}
+
 TEST_F(clsEscapeTest, WithNoNeedleSelectedTheFailureIsReported) {
     state.intManipulatorNumber = -1;
     escape.ZEscapePosition(0);

@@ -10,7 +10,7 @@
 
 namespace travo {
 
-// Without a border, plain pixels. Names itself picBird.
+// Without a border. Names itself picBird.
 class FormBirdViewPicture : public QWidget {
 public:
     // A press of the left button, from the picture's top left corner in device-independent pixels.
@@ -18,8 +18,8 @@ public:
 
     FormBirdViewPicture(Pressed pressed, QWidget* parent);
 
-    // Takes that size, in device-independent pixels, and shows all of the canvas on it, the nearest pixel
-    // of the canvas for each of the screen's. The canvas need not outlive the call.
+    // Takes that size, in device-independent pixels, and shows all of the canvas on the pixels that the screen
+    // has there, as BirdScaler does. The canvas need not outlive the call.
     void Show(const QImage& canvas, const QSize& size);
 
 protected:

@@ -129,7 +129,7 @@ TEST_F(FormBirdViewSizeTest, EveryResizeComposesAnewWithTheSmallerOfBothZooms) {
     }
 }
 
-TEST_F(FormBirdViewSizeTest, ThePictureTakesTheNearestPixelOfTheCanvas) {
+TEST_F(FormBirdViewSizeTest, ThePictureTakesTheMeanOfTheCanvasWhereItHasFewerPixelsAndElseTheNearest) {
     QImage picture(756, 756, QImage::Format_RGB32);
     for (int y = 0; y < 756; ++y) {
         for (int x = 0; x < 756; ++x) {
@@ -138,7 +138,17 @@ TEST_F(FormBirdViewSizeTest, ThePictureTakesTheNearestPixelOfTheCanvas) {
     }
     folder.WriteStill(picture);
     window.NewPicLoad();
-    for (const int side : {378, 756, 1512}) {
+    window.resize(378 + 32, 378 + 105);
+    const QImage half = Picture();
+    for (int x = 2; x < 376; x += 3) {
+        const int y = 377 - x;
+        int red = 0;
+        for (const auto& [right, down] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
+            red += qRed(picture.pixel(2 * x + right, 2 * y + down));
+        }
+        EXPECT_NEAR(qRed(half.pixel(x, y)), red / 4.0, 0.5) << x;
+    }
+    for (const int side : {756, 1512}) {
         window.resize(side + 32, side + 105);
         const QImage shown = Picture();
         ASSERT_EQ(shown.size(), QSize(side, side));

@@ -1,6 +1,8 @@
 #include "experiment/BirdCanvas.h"
 
 #include <QSize>
+#include <algorithm>
+#include <cmath>
 
 #include "core/Arithmetic.h"
 
@@ -13,7 +15,26 @@ constexpr std::int16_t LastBlinkPhase = 2;
 constexpr int NeedleMarkersOfShape = 4;
 constexpr int CellMarkersOfVariant = 8;
 
-double StillCorner(int size, double shift) { return (CanvasSize - size) / 2.0 + size * shift; }
+// On a whole pixel, with ties to even.
+double StillCorner(int size, double shift) {
+    return std::nearbyint((CanvasSize - size) / 2.0 + size * shift);
+}
+
+// Along one axis: the first pixel of a still that the canvas shows, and how many.
+struct Seen {
+    int first = 0;
+    int count = 0;
+};
+
+Seen SeenAlong(int size, double shift) {
+    const double corner = StillCorner(size, shift);
+    if (!(corner > -size && corner < CanvasSize)) {
+        return {};
+    }
+    const int start = static_cast<int>(corner);
+    const int first = std::max(0, -start);
+    return {first, std::min(size, CanvasSize - start) - first};
+}
 
 // Of needles and cells.
 constexpr QSize MarkerSize(34, 27);
@@ -30,12 +51,21 @@ std::int16_t NextBlinkPhase(std::int16_t intBlinkPhase) {
     return intBlinkPhase >= LastBlinkPhase ? std::int16_t{0} : static_cast<std::int16_t>(intBlinkPhase + 1);
 }
 
+QRect SeenOnCanvas(const QSize& still, const BirdShift& shift) {
+    const Seen columns = SeenAlong(still.width(), shift.x);
+    const Seen rows = SeenAlong(still.height(), shift.y);
+    if (columns.count == 0 || rows.count == 0) {
+        return {};
+    }
+    return {columns.first, rows.first, columns.count, rows.count};
+}
+
 BirdCanvas::BirdCanvas(const QString& programFolder)
     : markers_(programFolder), canvas_(CanvasSize, CanvasSize, QImage::Format_RGB32) {
     canvas_.fill(BirdGround);
 }
 
-const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
+const QImage& BirdCanvas::Compose(const BirdStillPart& still, const BirdScene& scene) {
     ClearCanvas(still, scene);
     drawn_ = scene;
     if (scene.chkMirror) {
@@ -47,17 +77,19 @@ const QImage& BirdCanvas::Compose(const QImage& still, const BirdScene& scene) {
     return canvas_;
 }
 
-void BirdCanvas::ClearCanvas(const QImage& still, const BirdScene& scene) {
-    const QImage plain = still.depth() == 32 ? still : still.convertToFormat(QImage::Format_RGB32);
-    const BirdUnderlay underlay{BirdGround, plain, StillCorner(plain.width(), scene.ShiftX),
-                                StillCorner(plain.height(), scene.ShiftY)};
+void BirdCanvas::ClearCanvas(const BirdStillPart& still, const BirdScene& scene) {
+    const QImage& picture = still.picture;
+    const QImage plain = picture.depth() == 32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
+    const BirdUnderlay underlay{BirdGround, plain,
+                                StillCorner(still.whole.width(), scene.ShiftX) + still.corner.x(),
+                                StillCorner(still.whole.height(), scene.ShiftY) + still.corner.y()};
     // A still whose pixels are written to gets another key.
-    if (still.cacheKey() == stillKey_ && scene.ShiftX == drawn_.ShiftX && scene.ShiftY == drawn_.ShiftY) {
+    if (picture.cacheKey() == stillKey_ && scene.ShiftX == drawn_.ShiftX && scene.ShiftY == drawn_.ShiftY) {
         RestoreMarkers(underlay);
         return;
     }
     DrawGroundAndStill(canvas_, underlay);
-    stillKey_ = still.cacheKey();
+    stillKey_ = picture.cacheKey();
 }
 
 // Also where a marker was not drawn, or cannot be: what is restored once too often stays as it is.

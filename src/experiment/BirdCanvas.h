@@ -3,6 +3,9 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -38,6 +41,27 @@ struct BirdScene {
 // 0, 1, 2 and again 0: the phase of the next composition. What blinks is shown in one of three.
 std::int16_t NextBlinkPhase(std::int16_t intBlinkPhase);
 
+// Of a still: by how much of its own size it stands beside the canvas's middle.
+struct BirdShift {
+    double x;
+    double y;
+};
+
+// The pixels of a still of that size that lie on the canvas; empty where none does.
+QRect SeenOnCanvas(const QSize& still, const BirdShift& shift);
+
+// A picture of a part of a still: what is missing of it shows as ground.
+struct BirdStillPart {
+    const QImage& picture;
+    QSize whole;    // the still's
+    QPoint corner;  // of the part, in the still
+
+    BirdStillPart(const QImage& part, const QSize& still, const QPoint& place)
+        : picture(part), whole(still), corner(place) {}
+    // All of it.
+    BirdStillPart(const QImage& still) : picture(still), whole(still.size()) {}
+};
+
 class BirdCanvas {
 public:
     // The folder that holds the folder skin. The canvas is bare ground.
@@ -59,12 +83,12 @@ public:
     //
     // BoundsFailure for a total beyond the last needle or a shape beyond 2. Nothing is allocated, as long
     // as the still is RGB32 and nobody keeps a copy of the canvas.
-    const QImage& Compose(const QImage& still, const BirdScene& scene);
+    const QImage& Compose(const BirdStillPart& still, const BirdScene& scene);
 
 private:
     // The canvas without anything on it: as after the last composition, but for what that one drew, or
     // whole where the still or its place has changed.
-    void ClearCanvas(const QImage& still, const BirdScene& scene);
+    void ClearCanvas(const BirdStillPart& still, const BirdScene& scene);
     void RestoreMarkers(const BirdUnderlay& underlay);
     void DrawNeedles(const BirdScene& scene);
     void DrawCells(const BirdScene& scene);

@@ -31,7 +31,7 @@ void FormBirdView::BirdOPEN(bool isOpen) {
 }
 
 void FormBirdView::NewPicLoad() {
-    still_.Load(stillFile_);
+    still_.Load(stillFile_, {system_.state.ShiftX, system_.state.ShiftY});
     Redraw();
 }
 
@@ -138,7 +138,7 @@ void FormBirdView::Compose(std::int32_t z) {
     scene_.intCellNo = system_.owner.ExperimentCellNo();
     scene_.ShiftX = state.ShiftX;
     scene_.ShiftY = state.ShiftY;
-    const QImage& canvas = canvas_.Compose(still_.Picture(), scene_);
+    const QImage& canvas = canvas_.Compose(still_.Part({state.ShiftX, state.ShiftY}), scene_);
     scene_.intBlinkPhase = NextBlinkPhase(scene_.intBlinkPhase);
     const int side = std::max(convert(z / 100.0 * CanvasSize), 0);
     picBird_.Show(canvas, QSize(side, side));

@@ -30,6 +30,29 @@ QByteArray Bitmap(const QImage& picture) {
     return buffer.data();
 }
 
+// The same picture under the oldest header: 16 bits to a field, three bytes to a colour.
+QByteArray OldestBitmap(const QImage& picture) {
+    const QByteArray bytes = Bitmap(picture);
+    const auto pixels = qFromLittleEndian<std::uint32_t>(bytes.constData() + 10);
+    QByteArray old = bytes.first(14) + QByteArray(12, '\0');
+    for (qsizetype colour = 54; colour < static_cast<qsizetype>(pixels); colour += 4) {
+        old += bytes.sliced(colour, 3);
+    }
+    // A table of all colours that the depth allows.
+    const int depth = picture.depth() == 32 ? 24 : picture.depth();
+    old.resize(26 + (depth <= 8 ? 3 << depth : 0), '\0');
+    const auto put = [&](qsizetype place, auto value) { qToLittleEndian(value, old.data() + place); };
+    put(10, static_cast<std::uint32_t>(old.size()));
+    put(14, std::uint32_t{12});
+    put(18, static_cast<std::uint16_t>(picture.width()));
+    put(20, static_cast<std::uint16_t>(picture.height()));
+    put(22, std::uint16_t{1});
+    put(24, static_cast<std::uint16_t>(depth));
+    old += bytes.sliced(static_cast<qsizetype>(pixels));
+    put(2, static_cast<std::uint32_t>(old.size()));
+    return old;
+}
+
 template <typename Field>
 void Put(QByteArray& bytes, qsizetype place, Field value) {
     qToLittleEndian(value, bytes.data() + place);
@@ -61,6 +84,30 @@ TEST(BirdStillFile, RowsFromTheTopAndFromTheBottomAreOneAndTheSame) {
     QByteArray bytes = Bitmap(Sample(QImage::Format_RGB888, QSize(4, 3)));
     Put<std::int32_t>(bytes, 22, -3);
     EXPECT_EQ(DecodeBirdStill(bytes), Sample(QImage::Format_RGB32, QSize(4, 3)).mirrored(false, true));
+}
+
+TEST(BirdStillFile, APictureUnderTheOldestHeaderOf12BytesIsTheSamePicture) {
+    for (const QImage::Format format :
+         {QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_Mono}) {
+        const QImage picture = Sample(format);
+        const QByteArray old = OldestBitmap(picture);
+        EXPECT_EQ(DecodeBirdStill(old), picture.convertToFormat(QImage::Format_RGB32)) << format;
+        for (qsizetype length = 0; length < old.size(); ++length) {
+            EXPECT_THROW(DecodeBirdStill(old.first(length)), BirdStillFailure) << format << " " << length;
+        }
+    }
+    const auto changed = [](qsizetype place, std::uint16_t value) {
+        QByteArray bytes = OldestBitmap(Sample(QImage::Format_RGB888));
+        Put(bytes, place, value);
+        return WhyNot(bytes);
+    };
+    EXPECT_EQ(changed(18, 0), "the still has no pixels");
+    EXPECT_EQ(changed(20, 0), "the still has no pixels");
+    // 16 bits without a sign: no picture that begins with its top row.
+    EXPECT_EQ(changed(20, 0xFFFF), "the still is too large");
+    EXPECT_EQ(changed(18, 16385), "the still is too large");
+    EXPECT_EQ(changed(20, 6), "the still is cut off");
+    EXPECT_EQ(changed(24, 7), "the still cannot be decoded");
 }
 
 TEST(BirdStillFile, RunLengthsAreReadOnlyWhereAllTheirBytesAreThere) {
@@ -112,10 +159,11 @@ TEST(BirdStillFile, AHeaderThatPromisesMoreThanTheFileHoldsIsAFailure) {
     EXPECT_EQ(changed(22, 0), "the still has no pixels");
     EXPECT_EQ(changed(22, INT32_MIN), "the still is too large");
     EXPECT_EQ(changed(18, 16385), "the still is too large");
-    EXPECT_EQ(changed(14, 12), "the still's header is unknown");
+    EXPECT_EQ(changed(14, 16), "the still's header is unknown");
     // Bits to the pixel, in the upper half of the field.
     EXPECT_EQ(changed(26, 1), "the still has no pixels");
     EXPECT_EQ(changed(26, 1 + (7 << 16)), "the still cannot be decoded");
+    EXPECT_EQ(changed(26, 1 + (64 << 16)), "the still cannot be decoded");
     EXPECT_EQ(changed(30, 77), "the still cannot be decoded");
 }
 
@@ -144,6 +192,11 @@ TEST(BirdStillFile, ThePixelsMayBeMoreThanQtsOwnLimitWhichStaysAsItWas) {
     EXPECT_EQ(QImageReader::allocationLimit(), limit);
 }
 
+QImage ReadAll(std::unique_ptr<QFile> file) {
+    BirdStillFile still(std::move(file));
+    return still.Read(QRect(QPoint(0, 0), still.Size()));
+}
+
 class BirdStillOnDisk : public ::testing::Test {
 protected:
     void Write(const QByteArray& bytes) const {
@@ -153,7 +206,7 @@ protected:
     }
     std::string WhyNotRead() const {
         try {
-            ReadBirdStill(path);
+            ReadAll(std::make_unique<QFile>(path));
         } catch (const BirdStillFailure& failure) {
             return failure.what();
         }
@@ -166,7 +219,7 @@ protected:
 
 TEST_F(BirdStillOnDisk, AFileIsReadWhole) {
     Write(Bitmap(Sample(QImage::Format_RGB32)));
-    EXPECT_EQ(ReadBirdStill(path), Sample(QImage::Format_RGB32));
+    EXPECT_EQ(ReadAll(std::make_unique<QFile>(path)), Sample(QImage::Format_RGB32));
 }
 
 TEST_F(BirdStillOnDisk, AFileThatIsMissingOrEmptyOrAFolderIsAFailure) {
@@ -213,12 +266,10 @@ TEST_F(BirdStillOnDisk, AFileThatIsRewrittenWhileItIsReadIsAFailure) {
     const QByteArray longer = Bitmap(Sample(QImage::Format_RGB32, QSize(70, 50)));
     for (const QByteArray& next : {first, longer, first.first(30)}) {
         Write(first);
-        Rewritten file(path, next);
-        EXPECT_THROW(ReadBirdStill(file), BirdStillFailure);
+        EXPECT_THROW(ReadAll(std::make_unique<Rewritten>(path, next)), BirdStillFailure);
     }
     Write(first);
-    Rewritten quiet(path, {});
-    EXPECT_NO_THROW(ReadBirdStill(quiet));
+    EXPECT_NO_THROW(ReadAll(std::make_unique<Rewritten>(path, QByteArray())));
 }
 
 }  // namespace

@@ -11,7 +11,9 @@ using platform::BoxIcon;
 bool Closing::Ask() {
     const QString question =
         QStringLiteral("Do you want to end? This will clear all saved cell and escape positions.");
-    return boxes_.Show(question, BoxButtons::OKCancel, BoxIcon::None) == BoxAnswer::OK;
+    // A stray Enter or Space must not end the work.
+    const platform::BoxOpening opening{.beside = {}, .isFocusOnCancel = true};
+    return boxes_.ShowSo(question, BoxButtons::OKCancel, BoxIcon::None, opening) == BoxAnswer::OK;
 }
 
 void Closing::Close() {

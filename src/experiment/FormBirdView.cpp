@@ -89,9 +89,10 @@ void FormBirdView::PicturePressed(const QPointF& at) {
     const double height = picBird_.height();
     Shift((width / 2 - at.x()) / width, (height / 2 - at.y()) / height);
     // Positions that come while the box is open are composed behind it.
+    const platform::BoxOpening opening{.beside = {picBird_.mapToGlobal(QPoint(0, 0)), picBird_.size()}};
     const platform::BoxAnswer answer =
-        system_.boxes.Show(QStringLiteral("Did you set it at this position?"), platform::BoxButtons::YesNo,
-                           platform::BoxIcon::None);
+        system_.boxes.ShowSo(QStringLiteral("Did you set it at this position?"), platform::BoxButtons::YesNo,
+                             platform::BoxIcon::None, opening);
     if (answer == platform::BoxAnswer::No) {
         Shift(0, 0);
     } else {

@@ -1,6 +1,7 @@
 // Message boxes of the windowing layer.
 #pragma once
 
+#include <QRect>
 #include <QString>
 
 namespace travo::platform {
@@ -8,6 +9,15 @@ namespace travo::platform {
 enum class BoxButtons { OK, OKCancel, YesNo };
 enum class BoxAnswer { OK, Cancel, Yes, No };
 enum class BoxIcon { None, Stop };
+
+// How a box opens, where it matters.
+struct BoxOpening {
+    // What the box asks about, in device-independent pixels of the desktop: it opens beside that, as far as
+    // the screen has room. Empty: in the middle of the window that asks.
+    QRect beside;
+    // Cancel has the focus, not OK: Enter and Space change nothing.
+    bool isFocusOnCancel = false;
+};
 
 class MessageBoxes {
 public:
@@ -17,6 +27,10 @@ public:
     // where it has only that, else Cancel or No. A text of more characters than a screen can show is cut.
     // Raises nothing.
     virtual BoxAnswer Show(const QString& text, BoxButtons buttons, BoxIcon icon) = 0;
+    // The same, opened in that way where there is a screen to see it on.
+    virtual BoxAnswer ShowSo(const QString& text, BoxButtons buttons, BoxIcon icon, const BoxOpening&) {
+        return Show(text, buttons, icon);
+    }
 };
 
 }  // namespace travo::platform

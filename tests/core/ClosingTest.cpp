@@ -22,6 +22,11 @@ TEST_F(ClosingTest, TheQuestionStandsToTheLetterWithOkAndCancel) {
     EXPECT_EQ(boxes_.shown.at(0).buttons, platform::BoxButtons::OKCancel);
 }
 
+TEST_F(ClosingTest, CancelHasTheFocusInTheQuestion) {
+    closing_->Ask();
+    EXPECT_TRUE(boxes_.shown.at(0).opening.isFocusOnCancel);
+}
+
 TEST_F(ClosingTest, CancelRefusesTheCloseAndDoesNothingElse) {
     boxes_.answers = {platform::BoxAnswer::Cancel};
     EXPECT_FALSE(closing_->Ask());

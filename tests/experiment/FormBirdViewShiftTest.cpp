@@ -76,6 +76,16 @@ TEST_F(FormBirdViewShiftTest, TheQuestionIsAskedWithYesAndNoWhenTheStillHasMoved
     EXPECT_EQ(Picture(), behind);
 }
 
+TEST_F(FormBirdViewShiftTest, TheQuestionOpensBesideThePictureThatItAsksAbout) {
+    window.move(30, 20);
+    Click(ShiftButton());
+    Press({100, 100});
+    ASSERT_EQ(rig.boxes.shown.size(), 1U);
+    const QPoint corner = window.pos() + picBird().mapTo(&window, QPoint(0, 0));
+    EXPECT_EQ(rig.boxes.shown[0].opening.beside, QRect(corner, picBird().size()));
+    EXPECT_FALSE(rig.boxes.shown[0].opening.isFocusOnCancel);
+}
+
 TEST_F(FormBirdViewShiftTest, PositionsGoOnBeingComposedBehindTheQuestion) {
     Connected(0);
     window.ChangeVNeedleONOFF(true);

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -99,6 +100,101 @@ TEST_F(QtMessageBoxesTest, ButtonsAreAsLargeAsAGlovedFinger) {
         Click(box, QMessageBox::Ok);
     });
     boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None);
+}
+
+TEST_F(QtMessageBoxesTest, NoButtonBearsAPictureOfTheToolkits) {
+    for (const BoxButtons buttons : {BoxButtons::OK, BoxButtons::OKCancel, BoxButtons::YesNo}) {
+        WhenShown([](QMessageBox& box) {
+            for (const QAbstractButton* const button : box.buttons()) {
+                EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+            }
+            box.reject();
+        });
+        boxes_.Show(QStringLiteral("?"), buttons, BoxIcon::None);
+    }
+}
+
+// Places within a box.
+QRect In(const QMessageBox& box, const QWidget& widget) {
+    return {widget.mapTo(&box, QPoint(0, 0)), widget.size()};
+}
+QLabel& TextOf(const QMessageBox& box) { return *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")); }
+
+TEST_F(QtMessageBoxesTest, TextAndButtonsKeepTheSameDistanceToAllFourSides) {
+    for (const char* const text :
+         {"Z", "Did you set it at this position?",
+          "Do you want to end? This will clear all saved cell and escape positions."}) {
+        for (const BoxButtons buttons : {BoxButtons::OK, BoxButtons::OKCancel, BoxButtons::YesNo}) {
+            WhenShown([](QMessageBox& box) {
+                QRect all = In(box, TextOf(box));
+                EXPECT_EQ(all.left(), 20);
+                EXPECT_EQ(all.top(), 20);
+                for (const QAbstractButton* const button : box.buttons()) {
+                    all |= In(box, *button);
+                }
+                EXPECT_EQ(all, box.rect().adjusted(20, 20, -20, -20)) << box.text().toStdString();
+                box.reject();
+            });
+            boxes_.Show(QString::fromLatin1(text), buttons, BoxIcon::None);
+        }
+    }
+}
+
+TEST_F(QtMessageBoxesTest, TheWarningHasItsThreeLinesAndNoFourth) {
+    WhenShown([](QMessageBox& box) {
+        const QLabel& text = TextOf(box);
+        const int line = text.fontMetrics().lineSpacing();
+        EXPECT_LT(text.height(), 4 * line);
+        EXPECT_EQ(text.heightForWidth(text.width()), text.heightForWidth(10000));
+        const auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+        EXPECT_EQ(In(box, *icon).topLeft(), QPoint(20, 20));
+        EXPECT_EQ(In(box, text).top(), 20);
+        EXPECT_EQ(box.width() - 20, In(box, text).right() + 1);
+        box.reject();
+    });
+    boxes_.Show(QStringLiteral("WARNING!\r\n"
+                               "There is a possibility  the needles will come in contact.\r\n"
+                               "Movement is discontinued.  Please move the needles manually."),
+                BoxButtons::OK, BoxIcon::Stop);
+}
+
+TEST_F(QtMessageBoxesTest, InAnOrdinaryQuestionEnterIsOk) {
+    WhenShown([](QMessageBox& box) {
+        EXPECT_NE(box.focusWidget(), box.button(QMessageBox::Cancel));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(boxes_.Show(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None), BoxAnswer::OK);
+}
+
+TEST_F(QtMessageBoxesTest, WhereCancelHasTheFocusEnterAndSpaceAreCancel) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        WhenShown([key](QMessageBox& box) {
+            EXPECT_EQ(box.focusWidget(), box.button(QMessageBox::Cancel));
+            QTest::keyClick(box.focusWidget(), key);
+        });
+        EXPECT_EQ(boxes_.ShowSo(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None,
+                                {.beside = {}, .isFocusOnCancel = true}),
+                  BoxAnswer::Cancel);
+    }
+    WhenShown([](QMessageBox& box) { Click(box, QMessageBox::Ok); });
+    EXPECT_EQ(boxes_.ShowSo(QStringLiteral("?"), BoxButtons::OKCancel, BoxIcon::None,
+                            {.beside = {}, .isFocusOnCancel = true}),
+              BoxAnswer::OK);
+}
+
+TEST_F(QtMessageBoxesTest, ABoxOpensBesideWhatItAsksAbout) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize picture(378, 378);
+    for (const QPoint& corner : {screen.topLeft(), screen.bottomRight() - QPoint(377, 377), QPoint(16, 44)}) {
+        const QRect asked(corner, picture);
+        WhenShown([&](QMessageBox& box) {
+            EXPECT_TRUE(box.frameGeometry().intersected(asked).isEmpty()) << corner.x();
+            EXPECT_TRUE(screen.contains(box.frameGeometry()));
+            box.reject();
+        });
+        boxes_.ShowSo(QStringLiteral("Did you set it at this position?"), BoxButtons::YesNo, BoxIcon::None,
+                      {.beside = asked});
+    }
 }
 
 TEST_F(QtMessageBoxesTest, AnOperationThatShowsABoxWaits) {

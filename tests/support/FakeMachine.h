@@ -31,13 +31,18 @@ public:
         QString text;
         platform::BoxButtons buttons;
         platform::BoxIcon icon;
+        platform::BoxOpening opening{};
     };
 
     explicit FakeBoxes(Journal& journal) : journal_(journal) {}
 
     platform::BoxAnswer Show(const QString& text, platform::BoxButtons buttons,
                              platform::BoxIcon icon) override {
-        shown.push_back({text, buttons, icon});
+        return ShowSo(text, buttons, icon, {});
+    }
+    platform::BoxAnswer ShowSo(const QString& text, platform::BoxButtons buttons, platform::BoxIcon icon,
+                               const platform::BoxOpening& opening) override {
+        shown.push_back({text, buttons, icon, opening});
         journal_.push_back("box " + text.toStdString());
         if (whileShown) {
             whileShown();

@@ -15,6 +15,8 @@ public:
     explicit QtMessageBoxes(QtEventLoop& loop) : loop_(loop) {}
 
     BoxAnswer Show(const QString& text, BoxButtons buttons, BoxIcon icon) override;
+    BoxAnswer ShowSo(const QString& text, BoxButtons buttons, BoxIcon icon,
+                     const BoxOpening& opening) override;
 
     // From now on every box, the present ones included, is answered as if closed without a button:
     // the session ends and nobody is there to answer.

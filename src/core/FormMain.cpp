@@ -37,6 +37,7 @@ FormMain::FormMain(const platform::Machine& machine)
       closing_(state_, objects_, loop_, machine_.boxes, *this),
       layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
               machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
+      place_(*this),
       controls_(machine_.folders.Program(), this),
       loadStill_(machine_.timers, StillPeriod, [this] { windows_->BirdView.NewPicLoad(); }) {
     setObjectName(QStringLiteral("FormMain"));
@@ -268,15 +269,7 @@ void FormMain::ConstructPanels() {
         std::make_unique<FormMainWindows>(machine_, state_, objects_, FormMainWindows::Owner{*this, *this});
 }
 
-void FormMain::Place(const WindowPlace& place) {
-    resize(place.Width / UnitsPerPixel, place.Height / UnitsPerPixel);
-    QList<QRect> screens;
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        screens << screen->availableGeometry();
-    }
-    const QPoint stored(place.Left / UnitsPerPixel, place.Top / UnitsPerPixel);
-    move(OntoScreen(QRect(stored, size()), screens));
-}
+void FormMain::Place(const WindowPlace& place) { place_.Place(place); }
 
 std::vector<StartUp::SmallWindow> FormMain::SmallWindows() { return windows_->All(); }
 
@@ -308,12 +301,7 @@ void FormMain::SelectFirstTab() {
 
 void FormMain::RaiseCameraButton() { panels_->CtlUser1.LiveButtonChange(true); }
 
-MeasuredWindowPlace FormMain::Measured() const {
-    const auto units = [](int pixels) { return static_cast<float>(pixels * UnitsPerPixel); };
-    const QRect inner = isMaximized() || isMinimized() ? normalGeometry() : geometry();
-    const QPoint frame = pos();
-    return {units(frame.y()), units(frame.x()), units(inner.height()), units(inner.width())};
-}
+MeasuredWindowPlace FormMain::Measured() const { return place_.Measured(); }
 
 std::vector<std::pair<QString, MeasuredWindowPlace>> FormMain::SmallPlaces() const {
     return windows_->Places();

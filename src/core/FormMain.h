@@ -11,6 +11,7 @@
 #include "core/FormMainLayout.h"
 #include "core/FormMainObjects.h"
 #include "core/FormMainPanels.h"
+#include "core/FormMainPlace.h"
 #include "core/FormMainTabs.h"
 #include "core/FormMainTitle.h"
 #include "core/FormMainWindows.h"
@@ -149,6 +150,7 @@ private:
     PositionLoop loop_;
     Closing closing_;
     FormMainLayout layout_;
+    FormMainPlace place_;
     FormMainControls controls_;
     std::unique_ptr<FormMainPanels> panels_;
     std::unique_ptr<FormMainWindows> windows_;

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <cmath>
 
 #include "controls/ControlNames.h"
@@ -135,6 +136,11 @@ WindowSize FormSkinned::DesignSize() const {
 
 void FormSkinned::ShowWindow() {
     move(OntoScreen(geometry(), Screens()));
+    if (windowHandle() == nullptr) {
+        create();
+    }
+    // The widget's own base size does not reach the window system.
+    windowHandle()->setBaseSize(StepBase(design_, devicePixelRatioF()));
     show();
     // Else the first of its buttons would have the focus, which is CLOSE, and a stray Space would press it.
     if (focusWidget() == nullptr) {

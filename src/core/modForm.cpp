@@ -45,6 +45,16 @@ QRegion RoundedRectangle(const QSize& size) {
     return region;
 }
 
+int StepBase(int design, double ratio) {
+    const auto native = [ratio](int length) { return static_cast<int>(std::lround(length * ratio)); };
+    const int step = std::max(native(1), 1);
+    int base = 0;
+    while (base < design && (native(design) - native(base)) % step != 0) {
+        ++base;
+    }
+    return base;
+}
+
 QSizeF InUnits(const QSize& pixels) { return QSizeF(pixels) * LogicalUnitsPerPixel; }
 
 ResizeMode ModeOn(const QWidget& window, double X, double Y) {
@@ -108,6 +118,10 @@ QSize PartOf(const QSize& design, double partOfWidth, double partOfHeight) {
     constexpr double Noise = 1e-9;
     return {static_cast<int>(std::ceil(design.width() * partOfWidth - Noise)),
             static_cast<int>(std::ceil(design.height() * partOfHeight - Noise))};
+}
+
+QSize StepBase(const QSize& design, double ratio) {
+    return {StepBase(design.width(), ratio), StepBase(design.height(), ratio)};
 }
 
 QRect Resized(ResizeMode mode, const QRect& window, const QPoint& mouse, const QSize& least) {

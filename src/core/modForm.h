@@ -47,6 +47,11 @@ Qt::CursorShape PointerOf(ResizeMode mode);
 // `part` of a design size in whole pixels, never below it.
 QSize PartOf(const QSize& design, double partOfWidth, double partOfHeight);
 
+// A base size, in device-independent pixels, from which the design size is a whole number of steps. On a
+// screen whose pixels are finer by `ratio` Qt tells the window system a step of one device-independent pixel,
+// rounded, and a window manager takes off what is more than whole steps: at 1.5 a pixel of most windows.
+QSize StepBase(const QSize& design, double ratio);
+
 // The window's new place for a mouse at `mouse`, counted from the top left corner of `window`. No smaller
 // than `least`; the edges that do not follow the mouse stay where they are, at the limit too. Pixels.
 QRect Resized(ResizeMode mode, const QRect& window, const QPoint& mouse, const QSize& least);

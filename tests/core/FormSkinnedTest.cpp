@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTest>
+#include <QWindow>
 #include <ostream>
 
 #include "controls/NumberLabel.h"
@@ -322,6 +323,10 @@ TEST_F(FormSkinnedTest, APlaceOnAScreenThatIsNoLongerThereIsShiftedOntoOneWhenSh
 TEST_F(FormSkinnedTest, AStoredSizeBelowTheLeastIsLiftedToIt) {
     window.Place({0, 0, 0, 15});
     EXPECT_EQ(window.size(), QSize(221, 195));
+}
+
+TEST_F(FormSkinnedTest, TheWindowSystemIsToldFromWhereItsStepsCount) {
+    EXPECT_EQ(window.windowHandle()->baseSize(), StepBase(QSize(340, 300), window.devicePixelRatioF()));
 }
 
 TEST_F(FormSkinnedTest, TheDefaultOfTheSettingsIsTheDesignSizeInLogicalUnits) {

@@ -153,6 +153,24 @@ TEST(modForm, TheLeastSizeIsWholePixelsAndNotBelowItsPart) {
     EXPECT_EQ(PartOf({410, 483}, 0.9, 0.65), QSize(369, 314));   // 313.95
 }
 
+TEST(modForm, FromItsBaseEveryDesignSizeIsWholeStepsOnEveryScreen) {
+    for (const QSize& design : {QSize(410, 483), QSize(276, 222), QSize(276, 192), QSize(340, 300)}) {
+        for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 2.5, 3.0, 3.5}) {
+            const QSize base = StepBase(design, ratio);
+            const int step = qRound(ratio);
+            const auto steps = [&](int whole, int part) {
+                return qRound(whole * ratio) - qRound(part * ratio);
+            };
+            EXPECT_EQ(steps(design.width(), base.width()) % step, 0) << ratio;
+            EXPECT_EQ(steps(design.height(), base.height()) % step, 0) << ratio;
+            // Small enough to be below any size that the window takes.
+            EXPECT_LT(base.width(), 20) << ratio;
+            EXPECT_LT(base.height(), 20) << ratio;
+        }
+        EXPECT_EQ(StepBase(design, 1.0), QSize(0, 0));
+    }
+}
+
 TEST(modForm, TheShapeIsRoundAtTheTopAndSquareAtTheBottom) {
     const QRegion shape = WindowShape({340, 300});
     EXPECT_FALSE(shape.contains(QPoint(0, 0)));

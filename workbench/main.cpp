@@ -22,6 +22,7 @@
 #include "platform/qt/BrokenPipe.h"
 #include "workbench/Bench.h"
 #include "workbench/ControlServer.h"
+#include "workbench/HelpWish.h"
 #include "workbench/SocketPath.h"
 #include "workbench/WirePorts.h"
 #include "workbench/WorkbenchWindow.h"
@@ -56,6 +57,7 @@ Options ReadOptions(const QCoreApplication& application) {
                                    QStringLiteral("End when the standard input is closed."));
     parser.addOptions({headless, folder, input});
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.process(application);
     Options options;
     options.headless = parser.isSet(headless);
@@ -118,6 +120,9 @@ int Run(QCoreApplication& application, int endSignals) {
 
 // Without a window no display is needed.
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
+    if (workbench::IsAskedAboutItself(argc, argv)) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
     for (int place = 1; place < argc; ++place) {
         if (std::strcmp(argv[place], "--headless") == 0) {
             return std::make_unique<QCoreApplication>(argc, argv);
@@ -133,6 +138,7 @@ int main(int argc, char** argv) {
     const int endSignals = EndSignals();
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("travo-workbench"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TRAVO_VERSION));
     try {
         return Run(*application, endSignals);
     } catch (const std::exception& failure) {

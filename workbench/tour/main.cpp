@@ -9,6 +9,7 @@
 #include <exception>
 
 #include "platform/qt/QtApplicationLoop.h"
+#include "workbench/HelpWish.h"
 #include "workbench/tour/CalibrationAct.h"
 #include "workbench/tour/NeedleAct.h"
 #include "workbench/tour/PanelAct.h"
@@ -87,6 +88,11 @@ void Play(const Wish& wish) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    if (workbench::IsAskedAboutItself(argumentCount, arguments)) {
+        const QCoreApplication application(argumentCount, arguments);
+        ReadWish(application);
+        return 1;
+    }
     travo::platform::qt::QtApplicationLoop::PreferX11();
     travo::platform::qt::QtApplicationLoop application(argumentCount, arguments);
     try {

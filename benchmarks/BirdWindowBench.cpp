@@ -130,6 +130,7 @@ void RefreshHidden(benchmark::State& run) {
 BENCHMARK(RefreshAgainstPlainRepaint)
     ->Name("One refresh, picture of so many pixels a side")
     ->Arg(378)
+    ->Arg(567)
     ->Arg(756)
     ->Arg(1512)
     ->Unit(benchmark::kMicrosecond);

@@ -18,8 +18,8 @@ public:
 
     FormBirdViewPicture(Pressed pressed, QWidget* parent);
 
-    // Takes that size, in device-independent pixels, and shows all of the canvas on the pixels that the screen
-    // has there, as BirdScaler does. The canvas need not outlive the call.
+    // Takes that size, in device-independent pixels, and shows all of the canvas on the pixels that the
+    // screen has there, as BirdScaler does. The canvas need not outlive the call.
     void Show(const QImage& canvas, const QSize& size);
 
 protected:

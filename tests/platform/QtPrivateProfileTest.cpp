@@ -88,7 +88,11 @@ TEST_F(QtPrivateProfileTest, AnEditFromOutsideIsSeenAtOnceAlsoOneOfTheSameSize) 
     Put("[S]\r\nk=2\r\n");
     EXPECT_EQ(Get(key), QStringLiteral("2"));
     Put("[S]\r\nk=3\r\n");
+    WaitUntilSettled();
     EXPECT_EQ(Get(key), QStringLiteral("3"));
+    Put("[S]\r\nk=4\r\n");
+    WaitUntilSettled();
+    EXPECT_EQ(Get(key), QStringLiteral("4"));
     ASSERT_TRUE(QFile::remove(file));
     EXPECT_EQ(Get(key), QStringLiteral("default"));
 }

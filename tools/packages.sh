@@ -1,6 +1,6 @@
 # Sourced by the scripts: installs the Debian packages that are missing.
 
-packages_to_run="g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6serialport6-dev libqt6svg6-dev
+packages_to_run="g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-svg-dev
   fonts-open-sans dbus xvfb xauth openbox libxtst-dev libx11-dev libxcb1-dev python3"
 packages_to_test="$packages_to_run libgtest-dev libgmock-dev clang-format at-spi2-core gir1.2-atspi-2.0 python3-gi"
 packages_to_check="$packages_to_test clang libclang-rt-14-dev"

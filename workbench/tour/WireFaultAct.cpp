@@ -15,6 +15,7 @@ struct Link {
     std::function<void()> open;
     std::function<bool()> isOpen;
     std::function<void()> prove;  // the link works: ActFailure if it does not
+    std::function<bool()> knows;  // what its instrument tells is known
 };
 
 // Each proof asks for something new, so that no value of before can be taken for the answer.
@@ -26,6 +27,10 @@ std::array<Link, 3> LinksOf(Stage& stage) {
               const std::int32_t x = stage.State().CurrentXYZ(0) == 20 ? -20 : 20;
               stage.Objects().cMirrorMove->MirrorMoveToCell({x, 5, stage.State().CurrentXYZ(2)});
               WaitForView(stage, x, 5);
+          },
+          [&stage] {
+              return stage.State().CurrentXYZ(0) != travo::NoPositionValue ||
+                     stage.State().CurrentXYZ(1) != travo::NoPositionValue;
           }},
          {"gauge", [&] { instruments.MagnescalePortOpen(2); },
           [&] { return instruments.MagnescalePortOpenCheck(); },
@@ -33,7 +38,8 @@ std::array<Link, 3> LinksOf(Stage& stage) {
               const std::int32_t z = stage.State().CurrentXYZ(2) > 10 ? 0 : 30;
               stage.Workbench().MoveFocus((z + 40) * 100);
               WaitForZ(stage, z);
-          }},
+          },
+          [&stage] { return stage.State().CurrentXYZ(2) != travo::NoPositionValue; }},
          {"motor", [&] { instruments.MotorPortOpen(3); }, [&] { return instruments.MotorPortOpenCheck(); },
           [&stage, &instruments] {
               const std::int32_t before = stage.Workbench().Focus().countsAtRest;
@@ -44,7 +50,8 @@ std::array<Link, 3> LinksOf(Stage& stage) {
               instruments.MotorMoveRZ(-500);
               stage.WaitUntil([&] { return stage.Workbench().Focus().counts == before; },
                               "the focus motor does not come back");
-          }}}};
+          },
+          [&stage] { return stage.State().bMotorONOFF; }}}};
 }
 
 void CutLines(Stage& stage, const Link& link) {
@@ -57,15 +64,18 @@ void CutLines(Stage& stage, const Link& link) {
 }
 
 void PullAndRestore(Stage& stage, const Link& link) {
+    Require(link.knows(), std::string(link.wire) + ": nothing is known of it");
     stage.Workbench().PullCable(link.wire);
     stage.WaitUntil([&] { return !link.isOpen(); }, "a port whose cable is pulled does not close");
     stage.WaitOneTick();
+    Require(!link.knows(), std::string(link.wire) + ": what it told is not forgotten with its port");
     stage.RequireBoxesAsExpected();
     stage.Workbench().PlugCable(link.wire);
     link.open();
     Require(link.isOpen(), std::string(link.wire) + ": the port does not open again");
     link.prove();
-    PrintLine(std::string(link.wire) + ": cable pulled, port closed without a box; restored, works again");
+    PrintLine(std::string(link.wire) +
+              ": cable pulled, port closed without a box, what it told forgotten; restored, works again");
 }
 
 void FloodWithNoise(Stage& stage, const Link& link) {

@@ -93,6 +93,7 @@ TEST(SilentBusGuard, ASilentBusIsOutOfReachUntilItIsLetGo) {
     EXPECT_EQ(Environment(), silent.Address().toLocal8Bit());
     EXPECT_FALSE(QDBusConnection::sessionBus().isConnected())
         << "asked a second time it is not joined either";
+    EXPECT_EQ(silent.Newcomers(), 1) << "the guard alone has tried it";
 }
 
 TEST(SilentBusGuard, ASilentBusInTheRuntimeFolderIsOutOfReachAsWell) {

@@ -169,6 +169,7 @@ TEST(CtlExperiment2SynchroStep, TheFirstLineOfAMirrorThatHadNotSpokenMovesNothin
     bench.EnterSynchro();
     bench.Step({2000, -150, 300});
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
+    EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
     bench.Step({2002, -150, 300});
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{11990, 12000, 12500}));
 }

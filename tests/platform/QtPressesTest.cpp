@@ -26,7 +26,11 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent*) override { came.emplace_back("press"); }
-    void mouseMoveEvent(QMouseEvent*) override { came.emplace_back("move"); }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if (event->buttons() != Qt::NoButton) {
+            came.emplace_back("drag");
+        }
+    }
     void mouseReleaseEvent(QMouseEvent*) override { came.emplace_back("release"); }
     void mouseDoubleClickEvent(QMouseEvent*) override { came.emplace_back("double click"); }
     void keyPressEvent(QKeyEvent* event) override {
@@ -42,6 +46,7 @@ class QtPressesTest : public testing::Test {
 protected:
     QtPressesTest() {
         listener_.resize(100, 100);
+        listener_.setMouseTracking(true);
         listener_.setFocusPolicy(Qt::StrongFocus);
         listener_.show();
         listener_.activateWindow();
@@ -106,8 +111,9 @@ TEST_F(QtPressesTest, APressMadeInAStandStillIsDroppedWithItsDragAndItsRelease) 
     EXPECT_EQ(Take(), Came());
     Mouse(QEvent::MouseMove, 22001);
     Press(23000);
+    Mouse(QEvent::MouseMove, 23010);
     Release(23050);
-    EXPECT_EQ(Take(), (Came{"press", "release"})) << "the next one acts";
+    EXPECT_EQ(Take(), (Came{"press", "drag", "release"})) << "the next one acts";
 }
 
 TEST_F(QtPressesTest, WhatWasDoneShortlyBeforeAStandStillAndNotServedYetIsDroppedToo) {
@@ -174,7 +180,8 @@ TEST_F(QtPressesTest, AKeyMadeInAStandStillIsDroppedWithWhatItRepeatsAndItsRelea
     Key(QEvent::KeyRelease);
     EXPECT_EQ(Take(), Came());
     Key(QEvent::KeyPress);
-    EXPECT_EQ(Take(), Came{"key"}) << "the next one acts";
+    Key(QEvent::KeyRelease);
+    EXPECT_EQ(Take(), (Came{"key", "key up"})) << "the next one acts";
 }
 
 TEST_F(QtPressesTest, AKeyMadeAfterTheStandStillActs) {
@@ -208,6 +215,14 @@ TEST_F(QtPressesTest, WhereTheWindowSystemTellsNoTimeNothingIsDropped) {
     presses_.EndStandStill();
     Press(20500);
     Release(20600);
+    EXPECT_EQ(Take(), (Came{"press", "release"}));
+    // And where it tells none any more when the stand-still ends.
+    now_ = 0x100;
+    presses_.BeginStandStill();
+    now_ = std::nullopt;
+    presses_.EndStandStill();
+    Press(-16);
+    Release(-15);
     EXPECT_EQ(Take(), (Came{"press", "release"}));
 }
 

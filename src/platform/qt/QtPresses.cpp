@@ -69,7 +69,6 @@ bool QtPresses::eventFilter(QObject* receiver, QEvent* event) {
             return DropsKey(*static_cast<QKeyEvent*>(event));
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
         case QEvent::MouseButtonRelease:
             return DropsMouse(*receiver, *static_cast<QMouseEvent*>(event));
         case QEvent::Wheel:
@@ -84,7 +83,7 @@ bool QtPresses::eventFilter(QObject* receiver, QEvent* event) {
 bool QtPresses::DropsKey(const QKeyEvent& event) {
     const int key = event.key();
     if (event.type() == QEvent::KeyRelease) {
-        return event.isAutoRepeat() ? keys_.contains(key) : keys_.remove(key);
+        return keys_.contains(key);
     }
     // What a held key repeats belongs to its press.
     if (event.isAutoRepeat() && keys_.contains(key)) {
@@ -112,21 +111,19 @@ bool QtPresses::DropsMouse(QObject& window, const QMouseEvent& event) {
             // It comes behind its own press.
             if (!droppedPress_ && droppedPressBefore_) {
                 // The first of the two was dropped: what is left of them is one press.
-                const QScopedPointer<QEvent> press(new QMouseEvent(
-                    QEvent::MouseButtonPress, event.position(), event.scenePosition(), event.globalPosition(),
-                    event.button(), event.buttons(), event.modifiers(), event.pointingDevice()));
-                QCoreApplication::sendEvent(&window, press.data());
+                QMouseEvent press(QEvent::MouseButtonPress, event.position(), event.scenePosition(),
+                                  event.globalPosition(), event.button(), event.buttons(), event.modifiers(),
+                                  event.pointingDevice());
+                QCoreApplication::sendEvent(&window, &press);
                 return true;
             }
             return droppedPress_;
         }
-        case QEvent::MouseButtonRelease: {
+        default: {
             const bool dropped = buttons_.testFlag(event.button());
             buttons_.setFlag(event.button(), false);
             return dropped;
         }
-        default:
-            return (event.buttons() & buttons_) != 0;
     }
 }
 

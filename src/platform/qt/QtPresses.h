@@ -52,7 +52,8 @@ private:
     bool awaited_ = false;
     std::optional<std::uint32_t> from_;
     std::uint32_t to_ = 0;
-    // Held down since the stand-still: their releases belong to what was dropped.
+    // Pressed last in a stand-still: repetitions and releases belong to what was dropped. What is dragged
+    // without its press the toolkit gives to nobody.
     QSet<int> keys_;
     Qt::MouseButtons buttons_;
     // The present press and the one before it were dropped.

@@ -2,6 +2,7 @@
 import configparser
 
 from case import NEEDLES, VIEW, Case
+from titles import window_titles
 
 CELLS = "ABCDEFGH"
 # Of the marks, from the centre of the view, and the raised objective's height.
@@ -140,15 +141,21 @@ class Calibration(Work):
         self.press("Calibration", "Reset")
         self.assertEqual(self.stored_time(1), NOT_CALIBRATED)
         self.assertNotEqual(self.stored_time(2), NOT_CALIBRATED)
+        self.see_title("TRAVO")
         self.record_marks()
+        self.see_title("TRAVO - objective raised for the Z point")
         self.assertTrue(self.get("Calibration", "Set").has("disabled"))
         self.become("Calibration", "Focus picture", "shown")
         self.put_tip(1, RAISED)
         self.press("Calibration", "Position Z")
         self.press("Calibration", "Set")
+        self.see_title("TRAVO")
         self.assertNotEqual(self.stored_time(1), NOT_CALIBRATED)
         self.become("Calibration", "Marks picture", "shown")
         self.calibrate_anew()
+
+    def see_title(self, title):
+        self.wait(lambda: title in window_titles(), f"a window titled '{title}'")
 
     def record_marks(self):
         for name, place in MARKS.items():

@@ -11,8 +11,8 @@ void QtApplicationLoop::PreferX11() {
 QtApplicationLoop::QtApplicationLoop(int& argumentCount, char** arguments)
     : QApplication(argumentCount, arguments) {
     EndDisplayWatch();
+    // No display name: Qt would put it behind every title.
     setApplicationName(QStringLiteral("TRAVO"));
-    setApplicationDisplayName(QStringLiteral("TRAVO"));
     // The main window says when the program ends; a box that closes before it is on show must not.
     setQuitOnLastWindowClosed(false);
 }

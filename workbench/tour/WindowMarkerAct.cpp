@@ -174,7 +174,7 @@ void HideLines(Stage& stage) {
         stage, [&](const QImage&) { return ShaftsSeen(stage) == 0.0; },
         "the lines stay although they are hidden");
     PrintLine("lines: " + NumberText(shown * 100.0) +
-              " % of the true shafts are black; hidden by their button: 0 %");
+              " % of the true shafts are drawn; hidden by their button: 0 %");
     Require(shown > 0.95, "a needle's line is not drawn along its true shaft");
 }
 
@@ -188,8 +188,8 @@ double ShaftsSeen(Stage& stage) {
     const QImage picture = BirdPicture(stage);
     double least = 1.0;
     for (const auto& needle : stage.Workbench().Camera().needles) {
-        least = std::min(least, BlackAlong(picture, CanvasPlace(needle.tip[0], needle.tip[1]),
-                                           CanvasPlace(needle.rear[0], needle.rear[1])));
+        least = std::min(least, DarkAlong(picture, CanvasPlace(needle.tip[0], needle.tip[1]),
+                                          CanvasPlace(needle.rear[0], needle.rear[1])));
     }
     return least;
 }

@@ -115,10 +115,17 @@ bool StandsAt(const QImage& picture, const QImage& patch, const QPoint& corner) 
     return true;
 }
 
-bool IsBlackNear(const QImage& picture, const QPoint& at) {
+// At design size a pixel holds four of the canvas, of which a shaft covers more than half somewhere across
+// it.
+bool IsDark(QRgb pixel) {
+    constexpr int HalfOfStillAndGround = 100;
+    return qGreen(pixel) <= HalfOfStillAndGround;
+}
+
+bool IsDarkNear(const QImage& picture, const QPoint& at) {
     for (int y = at.y() - 1; y <= at.y() + 1; ++y) {
         for (int x = at.x() - 1; x <= at.x() + 1; ++x) {
-            if (picture.valid(x, y) && picture.pixel(x, y) == qRgb(0, 0, 0)) {
+            if (picture.valid(x, y) && IsDark(picture.pixel(x, y))) {
                 return true;
             }
         }
@@ -174,18 +181,18 @@ std::optional<ViewMark> FindView(const QImage& picture) {
     return ViewMark{CanvasMiddle(extent, picture.width()), extent.size() * CanvasPixels / picture.width()};
 }
 
-double BlackAlong(const QImage& picture, const QPointF& from, const QPointF& to) {
+double DarkAlong(const QImage& picture, const QPointF& from, const QPointF& to) {
     const QLineF line(from, to);
     int looked = 0;
-    int black = 0;
+    int dark = 0;
     for (int distance = ShaftFrom; distance <= ShaftTo; ++distance) {
         const QPointF canvas = line.pointAt(distance / line.length());
         if (QRectF(0.0, 0.0, CanvasPixels, CanvasPixels).contains(canvas)) {
             ++looked;
-            black += IsBlackNear(picture, PicturePixel(canvas, picture.width())) ? 1 : 0;
+            dark += IsDarkNear(picture, PicturePixel(canvas, picture.width())) ? 1 : 0;
         }
     }
-    return looked > 0 ? static_cast<double>(black) / looked : 0.0;
+    return looked > 0 ? static_cast<double>(dark) / looked : 0.0;
 }
 
 std::optional<QPoint> FindPatch(const QImage& picture, const QImage& patch) {

@@ -23,7 +23,7 @@ constexpr int CanvasPixels = 756;
 constexpr double CanvasOrigin = 378.0;
 constexpr double CanvasPixelsPerUnit = 0.42;
 QPointF CanvasPlace(double x, double y);
-// The canvas pixel that a pixel of a picture of so many pixels a side shows.
+// The canvas pixel in the middle of what a pixel of a picture of so many pixels a side shows.
 int CanvasPixel(int pixel, int side);
 // The picture's pixel that shows a place of the canvas.
 QPoint PicturePixel(const QPointF& canvas, int side);
@@ -45,9 +45,9 @@ struct ViewMark {
     QSize size;
 };
 std::optional<ViewMark> FindView(const QImage& picture);
-// How much of the way along a line, 20 to 120 canvas pixels from its first point, is black; both points in
-// canvas pixels. 0 to 1; what lies off the canvas does not count.
-double BlackAlong(const QImage& picture, const QPointF& from, const QPointF& to);
+// How much of the way along a line, 20 to 120 canvas pixels from its first point, is as dark as a shaft on
+// still or ground; both points in canvas pixels. 0 to 1; what lies off the canvas does not count.
+double DarkAlong(const QImage& picture, const QPointF& from, const QPointF& to);
 
 // Where the patch stands in the picture, pixel by pixel; nothing where it stands nowhere.
 std::optional<QPoint> FindPatch(const QImage& picture, const QImage& patch);

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "Pairs.h"
-#include "experiment/BirdCanvas.h"
-#include "experiment/BirdScaler.h"
+#include "experiment/bird/BirdCanvas.h"
+#include "experiment/bird/BirdScaler.h"
 
 namespace travo::bench {
 namespace {

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "Pairs.h"
-#include "experiment/FormBirdViewStill.h"
+#include "experiment/bird/FormBirdViewStill.h"
 
 namespace travo::bench {
 namespace {

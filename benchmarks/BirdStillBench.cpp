@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "Pairs.h"
-#include "experiment/BirdStill.h"
+#include "experiment/bird/BirdStill.h"
 
 namespace travo::bench {
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "Pairs.h"
-#include "experiment/FormBirdView.h"
+#include "experiment/bird/FormBirdView.h"
 #include "support/FakeMachine.h"
 
 namespace travo::bench {

@@ -8,10 +8,10 @@
 #include <random>
 
 #include "Pairs.h"
-#include "core/FailureHandler.h"
-#include "core/SharedState.h"
-#include "core/clsDebugLog.h"
-#include "devices/clsCommunication.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/SharedState.h"
+#include "core/state/clsDebugLog.h"
+#include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
 #include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"

@@ -9,8 +9,8 @@
 #include <sstream>
 #include <string>
 
-#include "core/FailureHandler.h"
-#include "devices/clsMirror.h"
+#include "core/state/FailureHandler.h"
+#include "devices/links/clsMirror.h"
 #include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 

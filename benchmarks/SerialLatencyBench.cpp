@@ -18,10 +18,10 @@
 #include <thread>
 #include <vector>
 
-#include "core/FailureHandler.h"
-#include "core/SharedState.h"
-#include "core/clsDebugLog.h"
-#include "devices/clsCommunication.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/SharedState.h"
+#include "core/state/clsDebugLog.h"
+#include "devices/links/clsCommunication.h"
 #include "platform/PseudoTerminal.h"
 #include "platform/qt/QtMachine.h"
 

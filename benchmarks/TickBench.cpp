@@ -1,9 +1,9 @@
 // One tick of the position loop on a driver that answers at once, without a window.
 #include <benchmark/benchmark.h>
 
-#include "core/FormMainObjects.h"
-#include "core/PositionLoop.h"
-#include "core/SharedState.h"
+#include "core/owner/FormMainObjects.h"
+#include "core/owner/PositionLoop.h"
+#include "core/state/SharedState.h"
 #include "platform/PrivateProfile.h"
 #include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"

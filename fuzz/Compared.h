@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "devices/LinkComparison.h"
+#include "devices/links/LinkComparison.h"
 
 namespace travo::fuzz {
 

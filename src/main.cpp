@@ -1,5 +1,5 @@
 // The program: builds the machine, builds the main window, runs the event loop.
-#include "core/FormMain.h"
+#include "core/owner/FormMain.h"
 #include "platform/qt/BrokenPipe.h"
 #include "platform/qt/QtApplicationLoop.h"
 #include "platform/qt/QtCloseRequests.h"

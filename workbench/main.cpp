@@ -20,12 +20,12 @@
 #include <stdexcept>
 
 #include "platform/qt/BrokenPipe.h"
-#include "workbench/Bench.h"
-#include "workbench/ControlServer.h"
 #include "workbench/HelpWish.h"
-#include "workbench/SocketPath.h"
-#include "workbench/WirePorts.h"
-#include "workbench/WorkbenchWindow.h"
+#include "workbench/commands/Bench.h"
+#include "workbench/doors/ControlServer.h"
+#include "workbench/doors/WirePorts.h"
+#include "workbench/socket/SocketPath.h"
+#include "workbench/window/WorkbenchWindow.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdint>
 
-#include "core/Arithmetic.h"
-#include "core/Positions.h"
+#include "core/ground/Arithmetic.h"
+#include "core/ground/Positions.h"
 
 namespace travo {
 

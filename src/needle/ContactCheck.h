@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "core/Positions.h"
+#include "core/ground/Positions.h"
 
 namespace travo {
 

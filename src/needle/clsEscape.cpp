@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo {
 

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <functional>
 
-#include "core/FailureHandler.h"
-#include "core/Positions.h"
-#include "core/SharedState.h"
+#include "core/ground/Positions.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/SharedState.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsObjectiveUpDown.h"
 #include "platform/Clock.h"

@@ -4,11 +4,11 @@
 #include <array>
 #include <cstdint>
 
-#include "core/Arithmetic.h"
-#include "core/FailureHandler.h"
-#include "core/Positions.h"
-#include "core/SharedState.h"
-#include "devices/clsCommunication.h"
+#include "core/ground/Arithmetic.h"
+#include "core/ground/Positions.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/SharedState.h"
+#include "devices/links/clsCommunication.h"
 #include "needle/CalibrationMap.h"
 #include "needle/ContactCheck.h"
 #include "needle/clsObjectiveUpDown.h"

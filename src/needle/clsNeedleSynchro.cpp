@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo {
 

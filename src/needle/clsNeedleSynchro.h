@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "core/FailureHandler.h"
-#include "core/Positions.h"
+#include "core/ground/Positions.h"
+#include "core/state/FailureHandler.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsObjectiveUpDown.h"
 

@@ -1,7 +1,7 @@
 #include "needle/clsObjectiveUpDown.h"
 
-#include "core/Arithmetic.h"
-#include "core/Positions.h"
+#include "core/ground/Arithmetic.h"
+#include "core/ground/Positions.h"
 
 namespace travo {
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "core/FailureHandler.h"
-#include "devices/clsCommunication.h"
+#include "core/state/FailureHandler.h"
+#include "devices/links/clsCommunication.h"
 
 namespace travo {
 

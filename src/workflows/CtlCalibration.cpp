@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo {
 

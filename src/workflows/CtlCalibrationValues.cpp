@@ -2,8 +2,8 @@
 
 #include <QLocale>
 
-#include "core/Arithmetic.h"
-#include "core/SettingsKeys.h"
+#include "core/ground/Arithmetic.h"
+#include "core/state/SettingsKeys.h"
 
 namespace travo {
 

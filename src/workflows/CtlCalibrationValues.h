@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
-#include "core/Positions.h"
-#include "core/clsIniEdit.h"
+#include "core/ground/Positions.h"
+#include "core/state/clsIniEdit.h"
 #include "needle/clsNeedleMove.h"
 #include "platform/Clock.h"
 

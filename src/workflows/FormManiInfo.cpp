@@ -1,7 +1,7 @@
 #include "workflows/FormManiInfo.h"
 
 #include "controls/ControlNames.h"
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo {
 

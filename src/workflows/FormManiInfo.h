@@ -7,7 +7,7 @@
 
 #include "controls/NumberLabel.h"
 #include "controls/SkinImage.h"
-#include "core/FormSkinned.h"
+#include "core/view/FormSkinned.h"
 
 namespace travo {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <random>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo {
 namespace {

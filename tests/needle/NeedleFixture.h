@@ -8,10 +8,10 @@
 #include <QTemporaryDir>
 #include <limits>
 
-#include "core/FailureHandler.h"
-#include "core/SharedState.h"
-#include "core/clsDebugLog.h"
-#include "devices/clsCommunication.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/SharedState.h"
+#include "core/state/clsDebugLog.h"
+#include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"
 #include "support/FakeMachine.h"

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "devices/clsCommunication.h"
+#include "devices/links/clsCommunication.h"
 #include "support/FakeMachine.h"
 
 namespace travo::test {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/LiveLink.h"
-#include "core/SharedState.h"
+#include "core/state/LiveLink.h"
+#include "core/state/SharedState.h"
 
 namespace travo::test {
 

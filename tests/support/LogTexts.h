@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QStringList>
 
-#include "core/clsDebugLog.h"
+#include "core/state/clsDebugLog.h"
 
 namespace travo::test {
 

@@ -6,13 +6,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "core/FailureHandler.h"
-#include "core/LiveLink.h"
-#include "core/SharedState.h"
-#include "core/clsDebugLog.h"
-#include "core/clsIniEdit.h"
-#include "devices/clsCommunication.h"
-#include "mirror/clsMirrorMove.h"
+#include "core/state/FailureHandler.h"
+#include "core/state/LiveLink.h"
+#include "core/state/SharedState.h"
+#include "core/state/clsDebugLog.h"
+#include "core/state/clsIniEdit.h"
+#include "devices/links/clsCommunication.h"
+#include "mirror/motion/clsMirrorMove.h"
 #include "needle/clsEscape.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"

@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
-#include "core/Arithmetic.h"
-#include "core/NeedleReader.h"
-#include "core/SettingsKeys.h"
+#include "core/ground/Arithmetic.h"
+#include "core/state/NeedleReader.h"
+#include "core/state/SettingsKeys.h"
 #include "support/LogTexts.h"
 #include "support/PanelRig.h"
 #include "workflows/CtlCalibration.h"

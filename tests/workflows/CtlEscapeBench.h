@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-#include "core/NeedleReader.h"
+#include "core/state/NeedleReader.h"
 #include "support/PanelRig.h"
 #include "workflows/CtlEscape.h"
 

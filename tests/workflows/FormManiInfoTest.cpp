@@ -5,7 +5,7 @@
 #include <QTest>
 #include <array>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 
 namespace travo::test {
 namespace {

@@ -3,8 +3,8 @@
 #include <locale>
 #include <sstream>
 
-#include "core/Arithmetic.h"
-#include "workbench/SocketPath.h"
+#include "core/ground/Arithmetic.h"
+#include "workbench/socket/SocketPath.h"
 
 namespace workbench::live {
 

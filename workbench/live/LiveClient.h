@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "workbench/Exchange.h"
+#include "workbench/socket/Exchange.h"
 
 namespace workbench::live {
 

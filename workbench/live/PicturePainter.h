@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QPainter>
 
-#include "workbench/WorkbenchClient.h"
+#include "workbench/client/WorkbenchClient.h"
 #include "workbench/live/View.h"
 
 namespace workbench::live {

@@ -3,7 +3,7 @@
 #include <exception>
 #include <utility>
 
-#include "workbench/SocketPath.h"
+#include "workbench/socket/SocketPath.h"
 
 namespace workbench::live {
 

@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "workbench/Exchange.h"
-#include "workbench/WorkbenchClient.h"
+#include "workbench/client/WorkbenchClient.h"
+#include "workbench/socket/Exchange.h"
 
 namespace workbench::live {
 

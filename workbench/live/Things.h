@@ -5,7 +5,7 @@
 #include <QPointF>
 #include <QRectF>
 
-#include "workbench/WorkbenchClient.h"
+#include "workbench/client/WorkbenchClient.h"
 #include "workbench/live/View.h"
 
 namespace workbench::live {

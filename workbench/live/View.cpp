@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "workbench/Microscope.h"
+#include "workbench/world/Microscope.h"
 
 namespace workbench::live {
 

@@ -6,7 +6,7 @@
 #include <QSizeF>
 #include <cstdint>
 
-#include "workbench/WorkbenchClient.h"
+#include "workbench/client/WorkbenchClient.h"
 
 namespace workbench::live {
 

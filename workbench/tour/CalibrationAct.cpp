@@ -2,7 +2,7 @@
 
 #include <QDir>
 
-#include "core/SettingsKeys.h"
+#include "core/state/SettingsKeys.h"
 #include "workbench/tour/CalibrationLandingAct.h"
 #include "workbench/tour/CalibrationPanelAct.h"
 #include "workbench/tour/CalibrationPlay.h"

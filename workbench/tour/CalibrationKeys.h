@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "core/Positions.h"
+#include "core/ground/Positions.h"
 #include "workbench/tour/Stage.h"
 
 namespace workbench::tour {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/Positions.h"
+#include "core/ground/Positions.h"
 #include "workbench/tour/Stage.h"
 
 namespace workbench::tour {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "core/Positions.h"
+#include "core/ground/Positions.h"
 #include "workbench/tour/PanelPlay.h"
 
 namespace workbench::tour {

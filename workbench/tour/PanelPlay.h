@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/Positions.h"
-#include "workbench/WorkbenchClient.h"
+#include "core/ground/Positions.h"
+#include "workbench/client/WorkbenchClient.h"
 #include "workbench/tour/Hands.h"
 #include "workbench/tour/Stage.h"
 

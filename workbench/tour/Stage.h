@@ -8,9 +8,9 @@
 #include <optional>
 #include <string>
 
-#include "core/FormMain.h"
+#include "core/owner/FormMain.h"
 #include "platform/qt/QtMachine.h"
-#include "workbench/WorkbenchClient.h"
+#include "workbench/client/WorkbenchClient.h"
 #include "workbench/tour/BoxOperator.h"
 
 namespace workbench::tour {

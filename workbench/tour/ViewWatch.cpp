@@ -4,7 +4,7 @@
 #include <QEvent>
 #include <QTimer>
 
-#include "core/PositionLoop.h"
+#include "core/owner/PositionLoop.h"
 
 namespace workbench::tour {
 

@@ -4,8 +4,8 @@
 #include <QObject>
 #include <vector>
 
-#include "core/Positions.h"
-#include "core/SharedState.h"
+#include "core/ground/Positions.h"
+#include "core/state/SharedState.h"
 
 namespace workbench::tour {
 

@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QPixmap>
 
-#include "core/SettingsKeys.h"
+#include "core/state/SettingsKeys.h"
 #include "workbench/live/LiveClient.h"
 #include "workbench/tour/CalibrationPlay.h"
 #include "workbench/tour/Handling.h"

@@ -13,12 +13,12 @@
 #include <memory>
 #include <optional>
 
-#include "core/Arithmetic.h"
+#include "core/ground/Arithmetic.h"
 #include "platform/qt/QtLiveCamera.h"
 #include "support/LiveDesk.h"
 #include "support/PrivateBus.h"
-#include "workbench/WorkbenchClient.h"
 #include "workbench/WorkbenchProcess.h"
+#include "workbench/client/WorkbenchClient.h"
 #include "workbench/live/LiveClient.h"
 
 namespace workbench::live {

@@ -1,0 +1,288 @@
+#include "devices/view/CtlConnection.h"
+
+#include <algorithm>
+
+#include "core/ground/Arithmetic.h"
+#include "devices/view/FormPortList.h"
+
+namespace travo {
+
+using platform::PointerShape;
+
+namespace {
+
+constexpr int WatchPeriod = 150;             // milliseconds
+constexpr std::int32_t TestDistance = 1000;  // counts of the focus motor
+constexpr std::int16_t HighestMagnification = 3;
+// Numbers that the arrow of the manipulators reaches stay below this.
+constexpr std::int32_t ManipulatorLimit = 5;
+
+// The value of a box's text, as far as its limits care: 0 for what is no number, and the largest value
+// for one that has no place in 32 bits.
+std::int32_t LimitedValue(const QString& text) {
+    try {
+        return ReadInteger32(text.toStdString());
+    } catch (const OverflowFailure&) {
+        return text.startsWith(QLatin1Char('-')) ? 0 : INT32_MAX;
+    } catch (const NumberFailure&) {
+        return 0;
+    }
+}
+
+}  // namespace
+
+CtlConnection::CtlConnection(const System& system, const QString& programFolder, QWidget* parent)
+    : PanelCanvas(QSizeF(486, 520), parent), system_(system) {
+    setObjectName(QStringLiteral("CtlConnection1"));
+    Build(programFolder);
+    for (const Row row : {Mirror, Magnescale, Motor}) {
+        auto& timer = ConnectTimer_[static_cast<std::size_t>(row)];
+        timer = system_.timers.Create([this, row] { ConnectTimer_Timer(row); });
+        timer->Interval(WatchPeriod);
+    }
+    for (const Button test : {TestMirror, TestMotor, TestMagnescale}) {
+        usrKVButton1_[test]->Enabled(false);
+    }
+    StateChange();
+}
+
+void CtlConnection::Shown() {
+    StopWatches();
+    for (const Row row : {Mirror, Magnescale, Motor}) {
+        ConnectTimer(row).Interval(WatchPeriod);
+        ConnectRetryCount(row) = 0;
+    }
+    StateChange();
+    if (PortIsOpen(Mirror)) {
+        usrKVButton1_[TestMirror]->Enabled(true);
+    } else {
+        ForgetView(Mirror);
+    }
+    if (PortIsOpen(Magnescale)) {
+        usrKVButton1_[TestMagnescale]->Enabled(true);
+    } else {
+        ForgetView(Magnescale);
+    }
+    if (PortIsOpen(Motor)) {
+        usrKVButton1_[TestMotor]->Enabled(true);
+    } else {
+        system_.state.bMotorONOFF = false;
+    }
+    // A command whose answer never came would keep it locked for the whole run.
+    usrKVButton1_[Motor]->Enabled(true);
+}
+
+void CtlConnection::Hidden() { StopWatches(); }
+
+void CtlConnection::ControlONOFF(bool bONOFF) {
+    usrKVButton1_[Motor]->Enabled(bONOFF);
+    usrKVButton1_[TestMotor]->Enabled(bONOFF);
+}
+
+void CtlConnection::txtNoChange(std::int16_t Index, const QString& strNo) {
+    Write(static_cast<Row>(Bounded(Index, BoxCount)), strNo);
+}
+
+void CtlConnection::StateChange() {
+    ShowState(Manipulator,
+              system_.state.intTotalManipulatorNumber >= 0 ? RowState::Connected : RowState::AtRest);
+    if (system_.state.LiveOpen) {
+        ShowState(Camera, RowState::Connected);
+    } else if (shownState_[Camera] == RowState::Connected) {
+        ShowState(Camera, RowState::AtRest);
+    }
+}
+
+void CtlConnection::txtNo_Change(Row row) {
+    NumberBox& box = *txtNo_[static_cast<std::size_t>(row)];
+    const std::int32_t value = LimitedValue(box.text());
+    const std::int32_t connected = Sum(system_.state.intTotalManipulatorNumber, 1);
+    if (value < 1 || (row == Manipulator && (connected < 1 || value > connected))) {
+        if (box.text() == QLatin1String("1")) {
+            return;
+        }
+        box.setText(QStringLiteral("1"));
+        if (box.hasFocus()) {
+            // The next figure replaces it: a box cannot be emptied first.
+            box.selectAll();
+        }
+    }
+}
+
+void CtlConnection::PressDown(Row row) {
+    if (const std::int32_t next = Difference(BoxValue(row), 1); next >= 1) {
+        Write(row, QString::number(next));
+    }
+}
+
+void CtlConnection::PressUp(Row row) {
+    if (const std::int32_t next = Sum(BoxValue(row), 1); row != Manipulator || next < ManipulatorLimit) {
+        Write(row, QString::number(next));
+    }
+}
+
+// A longer number than can be typed keeps all its figures.
+void CtlConnection::Write(Row row, const QString& text) {
+    NumberBox& box = *txtNo_[static_cast<std::size_t>(row)];
+    box.setMaxLength(std::max(TypedFigures, static_cast<int>(text.size())));
+    box.setText(text);
+}
+
+std::int32_t CtlConnection::BoxValue(Row row) const {
+    return ReadInteger32(txtNo_[static_cast<std::size_t>(row)]->text().toStdString());
+}
+
+void CtlConnection::PressButton(int index) {
+    switch (index) {
+        case Mirror:
+            return HandlePort(Mirror, [this] { SetMirrorPort(); });
+        case Magnescale:
+            return HandlePort(Magnescale, [this] { SetMagnescalePort(); });
+        case Motor:
+            return HandlePort(Motor, [this] { SetMotorPort(); });
+        case OpenList:
+            return ShowPortList();
+        case TestMirror:
+            return StepMagnification();
+        case TestMotor:
+            if (PortIsOpen(Motor)) {
+                system_.instruments.MotorMoveRZ(TestDistance);
+            }
+            return;
+        case TestManipulator:
+            return JogManipulator();
+        case TestMagnescale:
+            return system_.failures.Show(
+                QStringLiteral("The value of Magnescal is%1").arg(system_.state.CurrentXYZ(2)));
+        default:
+            return AttachCamera();
+    }
+}
+
+template <typename Steps>
+void CtlConnection::HandlePort(Row row, Steps&& steps) {
+    system_.failures.Handle(QStringLiteral("%1 : Connection failed").arg(Key(row)), [&] {
+        try {
+            steps();
+        } catch (...) {
+            TakeBack(row);
+            throw;
+        }
+    });
+}
+
+void CtlConnection::SetMirrorPort() {
+    ForgetView(Mirror);
+    const std::int16_t port = ToInteger16(BoxValue(Mirror));
+    if (port >= 0) {
+        system_.instruments.MirrorPortOpen(port);
+        StartWatch(Mirror);
+    } else {
+        system_.instruments.MirrorPortClose();
+        ConnectRetryCount(Mirror) = 0;
+        ShowState(Mirror, RowState::AtRest);
+    }
+}
+
+void CtlConnection::SetMagnescalePort() {
+    ForgetView(Magnescale);
+    const std::int16_t port = ToInteger16(BoxValue(Magnescale));
+    if (port >= 0) {
+        system_.pointer.Screen(PointerShape::Hourglass);
+        system_.instruments.MagnescalePortOpen(port);
+        StartWatch(Magnescale);
+    } else {
+        system_.instruments.MagnescalePortClose();
+        system_.instruments.MagnescaleKeyON();
+        ConnectRetryCount(Magnescale) = 0;
+        ShowState(Magnescale, RowState::AtRest);
+    }
+}
+
+void CtlConnection::SetMotorPort() {
+    system_.state.bMotorONOFF = false;
+    const std::int16_t port = ToInteger16(BoxValue(Motor));
+    if (port >= 0) {
+        system_.instruments.MotorPortOpen(port);
+        StartWatch(Motor);
+    } else {
+        system_.instruments.MotorPortClose();
+        ConnectRetryCount(Motor) = 0;
+        ShowState(Motor, RowState::AtRest);
+    }
+}
+
+void CtlConnection::TakeBack(Row row) {
+    ConnectTimer(row).Enabled(false);
+    ShowState(row, RowState::NotOpened);
+    switch (row) {
+        case Mirror:
+            system_.instruments.MirrorPortClose();
+            return ForgetView(Mirror);
+        case Magnescale:
+            system_.instruments.MagnescalePortClose();
+            system_.pointer.Screen(PointerShape::Default);
+            ConnectRetryCount(Magnescale) = 0;
+            ForgetView(Magnescale);
+            return system_.instruments.MagnescaleKeyON();
+        default:
+            system_.instruments.MotorPortClose();
+            ConnectRetryCount(Motor) = 0;
+            return ControlONOFF(true);
+    }
+}
+
+// What the instrument of that row last said of the view.
+void CtlConnection::ForgetView(Row row) {
+    if (row == Mirror) {
+        system_.state.CurrentXYZ(0, NoPositionValue);
+        system_.state.CurrentXYZ(1, NoPositionValue);
+    } else {
+        system_.state.CurrentXYZ(2, NoPositionValue);
+    }
+}
+
+void CtlConnection::ShowPortList() {
+    if (portList_ == nullptr) {
+        portList_ = new FormPortList(system_.serialPortList, system_.timers, this);
+    }
+    if (!portList_->Open()) {
+        system_.failures.Show(QStringLiteral("Device Manager is Not found"));
+    }
+}
+
+void CtlConnection::StepMagnification() {
+    if (PortIsOpen(Mirror)) {
+        const auto next = static_cast<std::int16_t>(system_.state.CurrentMagnification() + 1);
+        system_.instruments.SendMirrorMagnificationData(next > HighestMagnification ? std::int16_t{1} : next);
+    }
+}
+
+// The call changes its argument to the number that the driver reports; the box keeps its text.
+void CtlConnection::JogManipulator() {
+    std::int16_t number = ToInteger16(BoxValue(Manipulator));
+    system_.instruments.TestManipulator(number);
+}
+
+void CtlConnection::AttachCamera() {
+    system_.failures.Handle(QStringLiteral("Error : Camera Load"), [this] {
+        if (system_.state.LiveOpen) {
+            system_.live.LiveAttach();
+            return;
+        }
+        system_.live.Clear();
+        system_.live.Create();
+        system_.live.LiveAttach();
+        system_.state.LiveOpen = true;
+    });
+    ShowState(Camera, system_.state.LiveOpen ? RowState::Connected : RowState::Refused);
+}
+
+bool CtlConnection::PortIsOpen(Row row) const {
+    const clsCommunication& instruments = system_.instruments;
+    return row == Mirror       ? instruments.MirrorPortOpenCheck()
+           : row == Magnescale ? instruments.MagnescalePortOpenCheck()
+                               : instruments.MotorPortOpenCheck();
+}
+
+}  // namespace travo

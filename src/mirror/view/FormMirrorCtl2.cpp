@@ -1,0 +1,114 @@
+#include "mirror/view/FormMirrorCtl2.h"
+
+#include "controls/ControlNames.h"
+#include "controls/PanelItems.h"
+
+namespace travo {
+
+namespace {
+
+// Design pixels.
+constexpr double CaptionLeft = 12;
+constexpr double ObjectiveTop = 38;
+constexpr double MotorsTop = 114;
+
+struct TwoStateButton {
+    const char* skin;
+    QRectF place;
+    const char* human;
+    const char* toolTip;
+};
+constexpr const char* MagnificationHelp = "Change to this magnification";
+constexpr std::array<TwoStateButton, 5> Buttons{
+    {{"ctlmag035", {12, 58, 80, 50}, "Magnification 0.35x", MagnificationHelp},
+     {"ctlmag2", {98, 58, 80, 50}, "Magnification 2x", MagnificationHelp},
+     {"ctlmag4", {184, 58, 80, 50}, "Magnification 4x", MagnificationHelp},
+     {"On", {12, 134, 123, 46}, "Motors on", "Switch the mirror motors on"},
+     {"Off", {141, 134, 123, 46}, "Motors off", "Switch the mirror motors off"}}};
+
+}  // namespace
+
+FormMirrorCtl2::FormMirrorCtl2(const System& system, const QString& programFolder)
+    : FormSkinned(system.window,
+                  {QStringLiteral("FormMirrorCtl2"), QStringLiteral("Magnification"), QStringLiteral("4"),
+                   QSize(276, 192)},
+                  programFolder),
+      state_(system.state),
+      cCommunication_(system.cCommunication) {
+    Body().Paint(CaptionText(CaptionLeft, ObjectiveTop, QStringLiteral("Objective")));
+    Body().Paint(CaptionText(CaptionLeft, MotorsTop, QStringLiteral("Mirror motors")));
+    BuildButtons(programFolder);
+    Pressed(On);
+}
+
+void FormMirrorCtl2::BuildButtons(const QString& programFolder) {
+    for (std::size_t index = 0; index < ButtonCount; ++index) {
+        const TwoStateButton& named = Buttons.at(index);
+        usrKVCheckButton& button = usrKVCheckButton1_.at(index);
+        button.setParent(&Body());
+        button.path(QLatin1String(named.skin));
+        button.inipath(programFolder);
+        Identify(button, Indexed(QStringLiteral("usrKVCheckButton1"), static_cast<int>(index)),
+                 QLatin1String(named.human), QLatin1String(named.toolTip));
+        AddControl(button, named.place);
+        connect(&button, &usrKVCheckButton::clicked, this, [this, index] { Pressed(index); });
+    }
+}
+
+void FormMirrorCtl2::Activated() {
+    const bool open = cCommunication_.MirrorPortOpenCheck();
+    for (usrKVCheckButton& button : usrKVCheckButton1_) {
+        button.Enabled(open);
+    }
+    if (!state_.bMirrorMotorONOFF) {
+        EnableMagnification(false);
+    }
+    // At 0.35x the operator's last choice stays in view.
+    if (state_.intMagnification() >= 2) {
+        ChangeMagnification(state_.intMagnification());
+    }
+}
+
+void FormMirrorCtl2::ChangeMagnification(std::int16_t Magnification) {
+    for (std::size_t index = 0; index < MagnificationCount; ++index) {
+        usrKVCheckButton1_.at(index).SetRaised(Magnification != static_cast<std::int16_t>(index + 1));
+    }
+}
+
+void FormMirrorCtl2::checkMotor(std::int16_t ONOFF) {
+    if (ONOFF == 0 || ONOFF == 1) {
+        MotorsShown(ONOFF == 1);
+    }
+    EnableMagnification(ONOFF != 0);
+    usrKVCheckButton1_.at(On).Enabled(true);
+    usrKVCheckButton1_.at(Off).Enabled(true);
+}
+
+// The click has toggled the button already.
+void FormMirrorCtl2::Pressed(std::size_t index) {
+    if (!cCommunication_.MirrorPortOpenCheck()) {
+        usrKVCheckButton1_.at(index).SetRaised(true);
+        return;
+    }
+    if (index < MagnificationCount) {
+        const auto magnification = static_cast<std::int16_t>(index + 1);
+        ChangeMagnification(magnification);
+        cCommunication_.SendMirrorMagnificationData(magnification);
+        return;
+    }
+    MotorsShown(index == On);
+    cCommunication_.SendMotorLock(usrKVCheckButton1_.at(On).Value() ? 1 : 0);
+}
+
+void FormMirrorCtl2::MotorsShown(bool on) {
+    usrKVCheckButton1_.at(On).SetRaised(!on);
+    usrKVCheckButton1_.at(Off).SetRaised(on);
+}
+
+void FormMirrorCtl2::EnableMagnification(bool enabled) {
+    for (std::size_t index = 0; index < MagnificationCount; ++index) {
+        usrKVCheckButton1_.at(index).Enabled(enabled);
+    }
+}
+
+}  // namespace travo

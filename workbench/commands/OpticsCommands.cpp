@@ -1,0 +1,149 @@
+#include "workbench/commands/OpticsCommands.h"
+
+#include "core/ground/Arithmetic.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr std::int32_t AxisX = Microscope::AxisX;
+constexpr std::int32_t AxisY = Microscope::AxisY;
+
+std::string Flag(bool on) { return on ? " 1" : " 0"; }
+
+std::string MirrorState(const Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 0, 0);
+    return Text(PlanPoint{optics.MirrorNow(AxisX, now), optics.MirrorNow(AxisY, now)}) +
+           Text(PlanPoint{optics.MirrorAtRest(AxisX), optics.MirrorAtRest(AxisY)}) +
+           Flag(optics.MirrorMotorsOn()) + Flag(optics.AtLimit(AxisX)) + Flag(optics.AtLimit(AxisY));
+}
+
+void MoveMirror(Microscope& optics, std::int32_t axis, std::int64_t target, Time now) {
+    if (optics.MoveMirror(axis, target, now) == MirrorMove::MotorsOff) {
+        throw travo::Failure("the mirror's motors are off");
+    }
+}
+
+std::string MoveMirrorTo(Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 2, 2);
+    const std::int32_t x = IntegerAt(words, 0);
+    const std::int32_t y = IntegerAt(words, 1);
+    MoveMirror(optics, AxisX, x, now);
+    MoveMirror(optics, AxisY, y, now);
+    return {};
+}
+
+// An axis that is not jogged goes on as it goes.
+std::string JogMirror(Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 2, 2);
+    const std::int32_t x = IntegerAt(words, 0);
+    const std::int32_t y = IntegerAt(words, 1);
+    if (x != 0) {
+        MoveMirror(optics, AxisX, std::int64_t{optics.MirrorCount(AxisX, now)} + x, now);
+    }
+    if (y != 0) {
+        MoveMirror(optics, AxisY, std::int64_t{optics.MirrorCount(AxisY, now)} + y, now);
+    }
+    return {};
+}
+
+std::string SwitchMotors(Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 1, 1);
+    optics.SwitchMirrorMotors(SwitchAt(words, 0), now);
+    return {};
+}
+
+std::string Magnification(Microscope& optics, const Words& words) {
+    ExpectWords(words, 0, 1);
+    if (words.empty()) {
+        return Blanked({std::to_string(optics.Magnification())});
+    }
+    const std::int32_t index = IntegerAt(words, 0);
+    if (index < 0 || index > HighestMagnification) {
+        throw travo::BoundsFailure("a magnification is 0 to 3");
+    }
+    optics.SetMagnification(index);
+    return {};
+}
+
+std::string FocusState(const Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 0, 0);
+    return Blanked({Text(optics.FocusNow(now)), Text(optics.FocusAtRest()),
+                    std::to_string(optics.FocusCount(now)), std::to_string(optics.FocusCountAtRest())});
+}
+
+std::string MoveFocus(Microscope& optics, std::int64_t target, Time now) {
+    if (!optics.MoveFocus(target, now)) {
+        throw travo::BoundsFailure("the focus reaches 4000000 counts to both sides");
+    }
+    return {};
+}
+
+std::string GaugeState(const Microscope& optics, const Words& words, Time now) {
+    ExpectWords(words, 0, 0);
+    return Blanked({Text(optics.GaugeReading(now)), Text(optics.GaugeZero())});
+}
+
+std::string NeedlesText(const World& world, Time now) {
+    std::string text = Blanked({std::to_string(travo::NeedleCount)});
+    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
+        text += Flag(needle < world.ConnectedNeedles()) + Text(world.TipNow(needle, now)) +
+                Text(world.ShaftNow(needle, now).rear);
+    }
+    return text;
+}
+
+std::string CellsText() {
+    std::string text = Blanked({std::to_string(World::Cells().size())});
+    for (const Cell& cell : World::Cells()) {
+        text += Text(cell.Place()) + Blanked({Text(cell.radius)});
+    }
+    return text;
+}
+
+std::string CameraState(const World& world, const Words& words, Time now) {
+    ExpectWords(words, 0, 0);
+    const Microscope& optics = world.Optics();
+    return Text(optics.ViewNow(now)) + Blanked({std::to_string(optics.Magnification())}) +
+           Text(FieldOfView(optics.Magnification())) + Blanked({Text(optics.FocusNow(now))}) +
+           NeedlesText(world, now) + CellsText();
+}
+
+void AddMirror(Commands& commands, Microscope& optics) {
+    commands.Add("mirror state",
+                 [&optics](const Words& words, Time now) { return MirrorState(optics, words, now); });
+    commands.Add("mirror move",
+                 [&optics](const Words& words, Time now) { return MoveMirrorTo(optics, words, now); });
+    commands.Add("mirror jog",
+                 [&optics](const Words& words, Time now) { return JogMirror(optics, words, now); });
+    commands.Add("mirror motors",
+                 [&optics](const Words& words, Time now) { return SwitchMotors(optics, words, now); });
+    commands.Add("magnification",
+                 [&optics](const Words& words, Time) { return Magnification(optics, words); });
+}
+
+void AddFocus(Commands& commands, Microscope& optics) {
+    commands.Add("focus state",
+                 [&optics](const Words& words, Time now) { return FocusState(optics, words, now); });
+    commands.Add("focus move", [&optics](const Words& words, Time now) {
+        ExpectWords(words, 1, 1);
+        return MoveFocus(optics, IntegerAt(words, 0), now);
+    });
+    commands.Add("focus jog", [&optics](const Words& words, Time now) {
+        ExpectWords(words, 1, 1);
+        return MoveFocus(optics, std::int64_t{optics.FocusCount(now)} + IntegerAt(words, 0), now);
+    });
+    commands.Add("gauge state",
+                 [&optics](const Words& words, Time now) { return GaugeState(optics, words, now); });
+}
+
+}  // namespace
+
+void AddOpticsCommands(Commands& commands, World& world) {
+    AddMirror(commands, world.Optics());
+    AddFocus(commands, world.Optics());
+    commands.Add("camera state",
+                 [&world](const Words& words, Time now) { return CameraState(world, words, now); });
+}
+
+}  // namespace workbench

@@ -3,8 +3,9 @@
 
 A leaf folder is one floor and one library. Faults, which fail the check: rings of includes between rooms
 (a room is a source with its header) and between leaf folders, includes that run up a floor, a folder that
-has no floor, a test that includes what its leaf may not, a file over 400 lines, and outside the tests,
-whose tables are long, a function over 40 lines. There is no list of exceptions.
+has no floor, a test that includes what its leaf may not, a file that uses what is precompiled without naming
+its header, a file over 400 lines, and outside the tests, whose tables are long, a function over 40 lines.
+There is no list of exceptions.
 """
 import os
 import re
@@ -43,6 +44,18 @@ FLOORS = {  # leaf folder: floor
 }
 # Leaf folders and rooms of the program that the workbench's own processes share.
 SHARED_WITH_WORKBENCH = ("src/core/ground/", "src/platform/qt/BrokenPipe")
+# What the precompiled headers would hide: names, and the header that a file, or one of ours that it includes,
+# must name for them.
+PRECOMPILED = {
+    "array": r"\bstd::array\b",
+    "cmath": r"\bstd::(lround|floor|ceil|sqrt|isfinite|isnan|tan|hypot|round)\b",
+    "functional": r"\bstd::function\b",
+    "map": r"\bstd::map\b",
+    "memory": r"\bstd::(unique_ptr|shared_ptr|weak_ptr|make_unique|make_shared)\b",
+    "optional": r"\bstd::(optional|nullopt)\b",
+    "string": r"\bstd::(string|to_string)\b",
+    "vector": r"\bstd::vector\b",
+}
 MOST_LINES_OF_A_FILE = 400
 MOST_LINES_OF_A_FUNCTION = 40
 
@@ -145,6 +158,28 @@ def long_functions(path, text):
             start = None
 
 
+def named_headers(path, text, found):
+    """The headers in angles that a file names, itself or through ours."""
+    if path not in found:
+        found[path] = set(re.findall(r"^\s*#\s*include\s*<([^>]+)>", text[path], re.M))
+        for target in re.findall(r'^\s*#\s*include\s*"([^"]+)"', text[path], re.M):
+            for root in ("src", "tests", "", os.path.dirname(path)):
+                below = os.path.normpath(os.path.join(root, target))
+                if below in text:
+                    found[path] |= named_headers(below, text, found)
+                    break
+    return found[path]
+
+
+def header_faults(text):
+    found = {}
+    for path, content in sorted(text.items()):
+        plain = bare(content)
+        for header, names in PRECOMPILED.items():
+            if re.search(names, plain) and header not in named_headers(path, text, found):
+                yield f"does not name its header: {path} uses what <{header}> declares"
+
+
 def floor_faults(arrows):
     for room in sorted(arrows):
         own = leaf(room)
@@ -191,6 +226,7 @@ def main():
     faults += [f"has no floor: {folder}" for folder in sorted(leaves) if folder not in FLOORS]
     faults += floor_faults(arrows)
     faults += test_faults(text, rooms)
+    faults += header_faults(text)
     for path, content in sorted(text.items()):
         over = {path: content.count("\n")} if content.count("\n") > MOST_LINES_OF_A_FILE else {}
         if not path.startswith("tests/"):

@@ -1,6 +1,7 @@
 #include "controls/usrKVCheckButton.h"
 
 #include <QSignalSpy>
+#include <vector>
 
 #include "controls/ControlRig.h"
 #include "controls/Palette.h"

@@ -4,6 +4,7 @@
 
 #include <QTest>
 #include <array>
+#include <string>
 
 #include "core/ground/Arithmetic.h"
 

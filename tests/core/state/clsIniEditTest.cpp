@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <array>
+#include <string>
 
 #include "platform/qt/QtPrivateProfile.h"
 

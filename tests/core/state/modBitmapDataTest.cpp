@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <algorithm>
+#include <array>
 #include <random>
 
 #include "core/ground/Arithmetic.h"

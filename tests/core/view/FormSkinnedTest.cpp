@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QWindow>
 #include <ostream>
+#include <string>
 
 #include "controls/NumberLabel.h"
 

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <ostream>
+#include <vector>
 
 inline void PrintTo(const QRect& rectangle, std::ostream* stream) {
     *stream << rectangle.x() << "," << rectangle.y() << " " << rectangle.width() << "x" << rectangle.height();

@@ -9,6 +9,7 @@
 #include <QImageReader>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <string>
 
 namespace travo::test {
 namespace {

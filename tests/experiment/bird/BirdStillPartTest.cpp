@@ -8,6 +8,7 @@
 #include <QtEndian>
 #include <initializer_list>
 #include <random>
+#include <string>
 
 #include "experiment/bird/BirdRunLengths.h"
 #include "experiment/bird/BirdStillFile.h"

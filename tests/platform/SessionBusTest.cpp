@@ -83,16 +83,14 @@ TEST(SilentBusGuard, ABusThatAnswersStaysWhereItIs) {
     EXPECT_EQ(Environment(), before);
 }
 
-TEST(SilentBusGuard, ASilentBusIsOutOfReachUntilItIsLetGo) {
+TEST(SilentBusGuard, ASilentBusThatHasBeenLetGoStaysOutOfTheToolkitsReach) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     qputenv("DBUS_SESSION_BUS_ADDRESS", silent.Address().toLocal8Bit());
     SilentBusGuard guard(Short);
-    EXPECT_FALSE(
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("one")).isConnected());
+    EXPECT_NE(Environment(), silent.Address().toLocal8Bit());
     guard.LetGo();
     EXPECT_EQ(Environment(), silent.Address().toLocal8Bit());
-    EXPECT_FALSE(QDBusConnection::sessionBus().isConnected())
-        << "asked a second time it is not joined either";
+    EXPECT_FALSE(QDBusConnection::sessionBus().isConnected());
     EXPECT_EQ(silent.Newcomers(), 1) << "the guard alone has tried it";
 }
 

@@ -2,11 +2,9 @@
 
 #include <QString>
 #include <algorithm>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "core/ground/Arithmetic.h"
+#include "devices/links/ManipulatorRecord.h"
 
 namespace travo {
 
@@ -15,8 +13,6 @@ namespace {
 constexpr QSizeF Design(486, 520);
 // The index of the objective that positions are recorded with.
 constexpr std::int16_t Magnification2x = 2;
-// First field of a manipulator record that holds no position.
-constexpr std::int16_t NothingRead = -1;
 // Whose time it is.
 constexpr std::int16_t OfCalibration = 0;
 constexpr std::int16_t OfReCalibration = 1;
@@ -25,16 +21,6 @@ const QString NoTime = QStringLiteral("-1");
 const QString CaptureFailed = QStringLiteral("Error : Manipulator calibration position setting");
 const QString SettingFailed = QStringLiteral("Error : Calibration Setting");
 const QString AdjustMagnification = QStringLiteral("Please adjust the magnification to 2X.");
-
-std::vector<std::string_view> Fields(std::string_view record) {
-    std::vector<std::string_view> fields;
-    for (std::size_t comma = record.find(','); comma != std::string_view::npos; comma = record.find(',')) {
-        fields.push_back(record.substr(0, comma));
-        record.remove_prefix(comma + 1);
-    }
-    fields.push_back(record);
-    return fields;
-}
 
 }  // namespace
 
@@ -150,13 +136,11 @@ bool CtlCalibration::Capture(std::size_t Index) {
 }
 
 CtlCalibration::Tip CtlCalibration::ReadTip() {
-    const std::string record = system_.communication.RequestManipulatorData();
-    const std::vector<std::string_view> fields = Fields(record);
-    const std::int16_t needle = ReadInteger16(fields.front());
-    if (needle == NothingRead) {
+    const ManipulatorRecord record(system_.communication.RequestManipulatorData());
+    if (!record.HoldsPosition()) {
         throw Failure("no manipulator position could be read");
     }
-    return {needle, {ReadInteger32(fields.at(1)), ReadInteger32(fields.at(2)), ReadInteger32(fields.at(3))}};
+    return {record.Index(), record.Counts()};
 }
 
 void CtlCalibration::TellCameraCaptured(std::size_t Index) {

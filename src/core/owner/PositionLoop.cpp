@@ -1,8 +1,5 @@
 #include "core/owner/PositionLoop.h"
 
-#include <string>
-#include <string_view>
-
 #include "core/ground/Arithmetic.h"
 #include "core/state/SettingsKeys.h"
 
@@ -11,18 +8,6 @@ namespace travo {
 using platform::BoxAnswer;
 using platform::BoxButtons;
 using platform::BoxIcon;
-
-namespace {
-
-// The part of a record up to the next comma; the record then begins behind it.
-std::string_view TakeField(std::string_view& record) {
-    const std::size_t comma = record.find(',');
-    const std::string_view field = record.substr(0, comma);
-    record = comma == std::string_view::npos ? std::string_view{} : record.substr(comma + 1);
-    return field;
-}
-
-}  // namespace
 
 PositionLoop::PositionLoop(SharedState& state, FormMainObjects& objects, platform::MessageBoxes& boxes,
                            platform::Timers& timers, Listener& listener)
@@ -49,47 +34,38 @@ void PositionLoop::Connect() {
         highest < 0 || highest > HighestManipulatorNumber ? std::int16_t{-1} : highest;
 }
 
-std::optional<PositionLoop::Record> PositionLoop::Request() {
-    Record record{0, objects_.cCommunication->RequestManipulatorData(), 0};
-    std::string_view rest = record.text;
-    record.index = ReadInteger16(TakeField(rest));
-    record.coordinates = record.text.size() - rest.size();
-    if (record.index == -1) {
-        return std::nullopt;
-    }
-    return record;
+ManipulatorRecord PositionLoop::Request() {
+    return ManipulatorRecord(objects_.cCommunication->RequestManipulatorData());
 }
 
-void PositionLoop::MapNeedle(const Record& record) {
+void PositionLoop::MapNeedle(const ManipulatorRecord& record) {
     const clsNeedleMove& maps = *objects_.cNeedleMove;
-    std::string_view rest = std::string_view(record.text).substr(record.coordinates);
-    PositionXYZ raw{};
-    for (std::int32_t& value : raw) {
-        value = ReadInteger32(TakeField(rest));
-    }
+    const std::int16_t index = record.Index();
+    PositionXYZ raw = record.Counts();
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-        state_.Needle(record.index, axis, maps.Calibration(record.index, axis, raw));
+        state_.Needle(index, axis, maps.Calibration(index, axis, raw));
     }
     raw[0] = 0;
     PositionXYZ root{};
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
-        root[static_cast<std::size_t>(axis)] = maps.Calibration(record.index, axis, raw);
+        root[static_cast<std::size_t>(axis)] = maps.Calibration(index, axis, raw);
     }
-    listener_.ChangeNeedleXYZ(record.index, root);
+    listener_.ChangeNeedleXYZ(index, root);
 }
 
 bool PositionLoop::ManipulatorReload() {
     // A malformed record, or an index beyond the tables, counts as a failed read and no more.
     try {
-        const std::optional<Record> record = Request();
-        if (!record) {
+        const ManipulatorRecord record = Request();
+        if (!record.HoldsPosition()) {
             return false;
         }
-        if (record->index != state_.intManipulatorNumber) {
-            state_.intManipulatorNumber = record->index;
-            listener_.ManipulatorChange(record->index);
+        if (record.Index() != state_.intManipulatorNumber) {
+            state_.intManipulatorNumber = record.Index();
+            listener_.ManipulatorChange(record.Index());
         }
-        MapNeedle(*record);
+        // The place is looked at only after a change of needle has been told.
+        MapNeedle(record);
         return true;
     } catch (...) {
         return false;
@@ -107,11 +83,11 @@ bool PositionLoop::AllManipulatorReload() {
 bool PositionLoop::ReadAll() {
     for (std::int32_t number = 0; number <= state_.intTotalManipulatorNumber; ++number) {
         objects_.cCommunication->ChangeManipulator(ToInteger16(number + 1));
-        const std::optional<Record> record = Request();
-        if (!record) {
+        const ManipulatorRecord record = Request();
+        if (!record.HoldsPosition()) {
             return false;
         }
-        MapNeedle(*record);
+        MapNeedle(record);
     }
     objects_.cCommunication->ChangeManipulator(1);
     return true;

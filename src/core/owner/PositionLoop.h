@@ -2,16 +2,14 @@
 // notices a lost manipulator.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
-#include <string>
 
 #include "core/ground/Positions.h"
 #include "core/owner/FormMainObjects.h"
 #include "core/state/NeedleReader.h"
 #include "core/state/SharedState.h"
+#include "devices/links/ManipulatorRecord.h"
 #include "platform/Clock.h"
 #include "platform/MessageBoxes.h"
 
@@ -72,14 +70,6 @@ public:
     void Tick();
 
 private:
-    // Index of the needle read, and the text of its X, Y and Z, which is looked at only after a change
-    // of needle has been told.
-    struct Record {
-        std::int16_t index;
-        std::string text;
-        std::size_t coordinates;
-    };
-
     void TickSteps();
     void ReadOrAsk();
     bool HeightHolds() const;
@@ -87,10 +77,10 @@ private:
     void AskForReconnection();
     // A failure, which is not told, leaves no needle connected.
     void Reconnect();
-    // None when the link says that nothing could be read; raises NumberFailure for a record without one.
-    std::optional<Record> Request();
+    ManipulatorRecord Request();
     bool ReadAll();
-    void MapNeedle(const Record& record);
+    // The record holds a position; raises for one that is malformed.
+    void MapNeedle(const ManipulatorRecord& record);
 
     SharedState& state_;
     FormMainObjects& objects_;

@@ -4,10 +4,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <string_view>
-#include <vector>
 
 #include "core/ground/Arithmetic.h"
+#include "devices/links/ManipulatorRecord.h"
 
 namespace travo {
 
@@ -30,20 +29,7 @@ constexpr QLatin1String OutsideRange("Manipulator : Outside the movement range")
 constexpr QLatin1String CommunicationFailed("Manipulator : Communication failed");
 constexpr QLatin1String ChangeFailed("Error : Manipulator : Communication failed");
 
-constexpr std::string_view NoPosition = "-1";
-
 bool InRange(std::int32_t count) { return count >= LowestCount && count <= HighestCount; }
-
-std::vector<std::string_view> Fields(std::string_view text) {
-    std::vector<std::string_view> fields;
-    std::size_t start = 0;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos; comma = text.find(',', start)) {
-        fields.push_back(text.substr(start, comma - start));
-        start = comma + 1;
-    }
-    fields.push_back(text.substr(start));
-    return fields;
-}
 
 // The hourglass stands for as long as the object lives: a failed move must not leave it behind.
 class Hourglass {
@@ -99,18 +85,13 @@ void clsManipulator::ConnectTest(std::int16_t& ManipulatorNumber) {
     }
     Handled(CommunicationFailed, [&] {
         UnderGuard([&] { ManipulatorDriver_->DriverSelect(ManipulatorNumber); });
-        const std::string reply = RequestData();
-        const std::vector<std::string_view> fields = Fields(reply);
-        if (fields.front() == NoPosition) {
+        const ManipulatorRecord record(RequestData());
+        if (!record.HoldsPosition()) {
             ReportFreed(CommunicationFailed);
             return;
         }
-        ManipulatorNumber = ReadInteger16(fields.front());
-        PositionXYZ position{};
-        for (std::size_t axis = 0; axis < position.size(); ++axis) {
-            position[axis] = ReadInteger32(fields.at(axis + 1));
-        }
-        Jog(position);
+        ManipulatorNumber = record.Index();
+        Jog(record.Counts());
     });
 }
 
@@ -184,9 +165,9 @@ void clsManipulator::MoveAndWait(const PositionXYZ& target, std::int32_t distanc
 
 std::string clsManipulator::RequestData() {
     if (!ManipulatorDriver_) {
-        return std::string(NoPosition);
+        return ManipulatorRecord::Nothing();
     }
-    std::string reply(NoPosition);
+    std::string reply = ManipulatorRecord::Nothing();
     Handled(CommunicationFailed, [&] {
         if (ManipulatorFree_ != Free) {
             ManipulatorFree_ = Free;
@@ -197,8 +178,7 @@ std::string clsManipulator::RequestData() {
         const auto [number, xyz] = ManipulatorDriver_->DriverGetPosition();
         // A reading out of range leaves the guard taken; the next call that meets it clears it.
         if (std::all_of(xyz.begin(), xyz.end(), InRange)) {
-            reply = std::to_string(Difference(number, 1)) + "," + std::to_string(xyz[0]) + "," +
-                    std::to_string(xyz[1]) + "," + std::to_string(xyz[2]);
+            reply = ManipulatorRecord::Text(Difference(number, 1), xyz);
             ManipulatorFree_ = Free;
         }
     });

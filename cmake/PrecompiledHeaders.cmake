@@ -1,8 +1,8 @@
 # The headers that most files read, read once for all that is compiled in one way. A file still names what it
 # uses: tools/house.py looks for that, and the presets for fuzzing and clang-tidy compile without these.
 
-set(plain_headers <array> <cmath> <functional> <map> <memory> <optional> <string> <vector>)
-set(core_headers <QObject> <QString> <QTimer> ${plain_headers})
+set(core_headers <QObject> <QString> <QTimer>
+    <array> <cmath> <functional> <map> <memory> <optional> <string> <vector>)
 set(widget_headers ${core_headers} <QImage> <QPainter> <QWidget>)
 set(mock_headers <gmock/gmock.h> <gtest/gtest.h>)
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/Magnification.h"
+#include "core/state/SettingsKeys.h"
 #include "devices/links/ManipulatorRecord.h"
 
 namespace travo {
@@ -11,13 +13,10 @@ namespace travo {
 namespace {
 
 constexpr QSizeF Design(486, 520);
-// The index of the objective that positions are recorded with.
-constexpr std::int16_t Magnification2x = 2;
 // Whose time it is.
 constexpr std::int16_t OfCalibration = 0;
 constexpr std::int16_t OfReCalibration = 1;
 
-const QString NoTime = QStringLiteral("-1");
 const QString CaptureFailed = QStringLiteral("Error : Manipulator calibration position setting");
 const QString SettingFailed = QStringLiteral("Error : Calibration Setting");
 const QString AdjustMagnification = QStringLiteral("Please adjust the magnification to 2X.");
@@ -207,8 +206,8 @@ void CtlCalibration::Confirm(std::int16_t needle) {
 
 void CtlCalibration::Clear(std::int16_t needle) {
     values_.Clear(needle);
-    system_.owner.SetCalibTime(needle, NoTime, OfCalibration);
-    system_.owner.SetCalibTime(needle, NoTime, OfReCalibration);
+    system_.owner.SetCalibTime(needle, settings::NoTime, OfCalibration);
+    system_.owner.SetCalibTime(needle, settings::NoTime, OfReCalibration);
     // The references that the maps hold stay: nothing uses them while this is off.
     system_.state.CalibrationON(needle, false);
 }

@@ -93,8 +93,6 @@ private:
     static constexpr std::size_t SetButton = 0;
     static constexpr std::size_t ResetButton = 1;
     static constexpr std::size_t AllResetButton = 2;
-    // The highest index that a connection may report.
-    static constexpr std::int16_t HighestManipulatorNumber = 4;
     static constexpr std::size_t PictureCount = 3;
 
     enum class Step { Marks = 0, RaisedFocus = 1, Center = 2, AfterFullCalibration = 3 };

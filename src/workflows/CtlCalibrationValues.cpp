@@ -9,9 +9,6 @@ namespace travo {
 
 namespace {
 
-const QString TimeKey = QStringLiteral("Time");
-const QString ReTimeKey = QStringLiteral("ReTime");
-const QString NoTime = QStringLiteral("-1");
 // What a cleared centre is stored as: not as unset, since it is taken over at the next start in any case.
 constexpr std::int32_t NoCenter = 0;
 
@@ -56,9 +53,13 @@ void CtlCalibrationValues::KeepReCalibration(std::int32_t needle) {
     }
 }
 
-QString CtlCalibrationValues::KeepTime(std::int32_t needle) { return KeepPresentTime(needle, TimeKey); }
+QString CtlCalibrationValues::KeepTime(std::int32_t needle) {
+    return KeepPresentTime(needle, settings::TimeKey);
+}
 
-QString CtlCalibrationValues::KeepReTime(std::int32_t needle) { return KeepPresentTime(needle, ReTimeKey); }
+QString CtlCalibrationValues::KeepReTime(std::int32_t needle) {
+    return KeepPresentTime(needle, settings::ReTimeKey);
+}
 
 QString CtlCalibrationValues::KeepPresentTime(std::int32_t needle, const QString& key) {
     const QString time = QLocale::c().toString(system_.clock.Now(), QStringLiteral("yy/MM/dd    HH:mm"));
@@ -80,8 +81,8 @@ void CtlCalibrationValues::Clear(std::int32_t needle) {
         Store(needle, settings::ZeroKey(axis), NoPositionValue);
         Store(needle, settings::CenterKey(axis), NoCenter);
     }
-    Store(needle, TimeKey, NoTime);
-    Store(needle, ReTimeKey, NoTime);
+    Store(needle, settings::TimeKey, settings::NoTime);
+    Store(needle, settings::ReTimeKey, settings::NoTime);
 }
 
 void CtlCalibrationValues::Store(std::int32_t needle, const QString& key, std::int32_t value) {

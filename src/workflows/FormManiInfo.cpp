@@ -2,6 +2,7 @@
 
 #include "controls/ControlNames.h"
 #include "core/ground/Arithmetic.h"
+#include "core/state/SettingsKeys.h"
 
 namespace travo {
 
@@ -90,7 +91,7 @@ void FormManiInfo::BuildTimes() {
 
 void FormManiInfo::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
     auto& labels = CalibOrRe == 0 ? calibration_ : reCalibration_;
-    const bool never = CalibTime == QLatin1String("-1");
+    const bool never = CalibTime == settings::NoTime;
     labels.at(Bounded(ManiNo, labels.size()))->setText(never ? QString() : CalibTime);
 }
 

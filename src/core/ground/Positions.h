@@ -13,6 +13,8 @@ using PositionXYZ = std::array<std::int32_t, 3>;
 inline constexpr std::int32_t AxisCount = 3;
 inline constexpr std::int32_t NeedleCount = 4;
 inline constexpr std::int32_t CellCount = 8;
+// The highest index that a connection may report: a fifth manipulator has no place in the tables.
+inline constexpr std::int16_t HighestManipulatorNumber = 4;
 // Recorded tip positions of a full calibration: three marks in the focal plane and the raised one.
 inline constexpr std::int32_t CalibrationPointCount = 4;
 

@@ -38,20 +38,19 @@ void Closing::Save() {
 
 void Closing::WriteValues() {
     clsIniEdit& ini = *objects_.cIniEdit;
-    const QString shift = QStringLiteral("FormBirdView_Shift");
-    ini.WriteString(shift, QStringLiteral("X"), settings::FloatText(state_.ShiftX));
-    ini.WriteString(shift, QStringLiteral("Y"), settings::FloatText(state_.ShiftY));
-    WriteWindowPlace(ini, QStringLiteral("FormMain_Position"), window_.Measured());
+    ini.WriteString(settings::ShiftSection, settings::ShiftXKey, settings::FloatText(state_.ShiftX));
+    ini.WriteString(settings::ShiftSection, settings::ShiftYKey, settings::FloatText(state_.ShiftY));
+    WriteWindowPlace(ini, settings::MainWindowSection, window_.Measured());
     for (const auto& [section, place] : window_.SmallPlaces()) {
         WriteWindowPlace(ini, section, place);
     }
-    const QString user = QStringLiteral("User_Value");
-    ini.WriteString(user, QStringLiteral("XYOffset"), QString::number(objects_.cNeedleMove->lngXYOffset));
-    ini.WriteString(user, QStringLiteral("ZOffset"), QString::number(objects_.cObjectiveUpDown->lngOffset));
-    ini.WriteString(user, QStringLiteral("OffsetOFF"), QString::number(window_.OffsetOFF()));
-    ini.WriteString(user, QStringLiteral("ContactOFF"), QString::number(window_.ContactOFF()));
-    ini.WriteString(user, QStringLiteral("LineOFF"), QString::number(window_.LineOFF()));
-    ini.WriteString(user, QStringLiteral("BirdOPEN"), QString::number(window_.BirdOPEN()));
+    const QString user = settings::UserSection;
+    ini.WriteString(user, settings::XYOffsetKey, QString::number(objects_.cNeedleMove->lngXYOffset));
+    ini.WriteString(user, settings::ZOffsetKey, QString::number(objects_.cObjectiveUpDown->lngOffset));
+    ini.WriteString(user, settings::OffsetOFFKey, QString::number(window_.OffsetOFF()));
+    ini.WriteString(user, settings::ContactOFFKey, QString::number(window_.ContactOFF()));
+    ini.WriteString(user, settings::LineOFFKey, QString::number(window_.LineOFF()));
+    ini.WriteString(user, settings::BirdOPENKey, QString::number(window_.BirdOPEN()));
 }
 
 void Closing::ClosePorts() {

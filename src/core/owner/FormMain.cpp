@@ -9,6 +9,7 @@
 
 #include "controls/ApplicationStyle.h"
 #include "controls/Pressable.h"
+#include "core/ground/LogicalUnits.h"
 #include "core/owner/FormMainFirstPaint.h"
 #include "core/owner/FormMainFrame.h"
 #include "devices/links/LineLimit.h"
@@ -20,8 +21,6 @@ namespace travo {
 
 namespace {
 
-// Logical units to the pixel.
-constexpr int UnitsPerPixel = 15;
 // So long the camera waits for a window that is not painted.
 constexpr std::chrono::seconds CameraWait{1};
 // A camera that saves its picture more often is followed no faster, in milliseconds.
@@ -35,8 +34,8 @@ FormMain::FormMain(const platform::Machine& machine)
       objects_(machine_, state_, *this, *this),
       loop_(state_, objects_, machine_.boxes, machine_.timers, *this),
       closing_(state_, objects_, loop_, machine_.boxes, *this),
-      layout_(machine_.display.UnitsPerPixelVertical() / UnitsPerPixel,
-              machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel),
+      layout_(machine_.display.UnitsPerPixelVertical() / LogicalUnitsPerPixel,
+              machine_.display.UnitsPerPixelHorizontal() / LogicalUnitsPerPixel),
       place_(*this),
       controls_(machine_.folders.Program(), this),
       loadStill_(machine_.timers, StillPeriod, [this] { windows_->BirdView.NewPicLoad(); }) {
@@ -251,12 +250,12 @@ void FormMain::ChangeCurrentXYZ(const PositionXYZ& currentXYZ) {
 }
 
 WindowSize FormMain::DesignSize() const {
-    return {static_cast<std::int16_t>(FormMainLayout::DesignSize.width() * UnitsPerPixel),
-            static_cast<std::int16_t>(FormMainLayout::DesignSize.height() * UnitsPerPixel)};
+    return {static_cast<std::int16_t>(FormMainLayout::DesignSize.width() * LogicalUnitsPerPixel),
+            static_cast<std::int16_t>(FormMainLayout::DesignSize.height() * LogicalUnitsPerPixel)};
 }
 
 void FormMain::DefaultSize(const WindowSize& size) {
-    defaultSize_ = QSize(size.Width / UnitsPerPixel, size.Height / UnitsPerPixel);
+    defaultSize_ = QSize(PixelsWithin(size.Width), PixelsWithin(size.Height));
     setMinimumSize(defaultSize_);
 }
 

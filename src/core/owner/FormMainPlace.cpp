@@ -1,4 +1,5 @@
 #include "core/owner/FormMainPlace.h"
+#include "core/ground/LogicalUnits.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -7,9 +8,6 @@
 namespace travo {
 
 namespace {
-
-// Logical units to the pixel.
-constexpr int UnitsPerPixel = 15;
 
 QList<QRect> Screens() {
     QList<QRect> screens;
@@ -24,8 +22,8 @@ QList<QRect> Screens() {
 FormMainPlace::FormMainPlace(QWidget& window) : window_(window) { window_.installEventFilter(this); }
 
 void FormMainPlace::Place(const WindowPlace& place) {
-    window_.resize(place.Width / UnitsPerPixel, place.Height / UnitsPerPixel);
-    const QPoint stored(place.Left / UnitsPerPixel, place.Top / UnitsPerPixel);
+    window_.resize(PixelsWithin(place.Width), PixelsWithin(place.Height));
+    const QPoint stored(PixelsWithin(place.Left), PixelsWithin(place.Top));
     const QPoint seen = OntoScreen(QRect(stored, window_.size()), Screens());
     if (seen != stored) {
         shiftedFrom_ = stored;
@@ -34,11 +32,10 @@ void FormMainPlace::Place(const WindowPlace& place) {
 }
 
 MeasuredWindowPlace FormMainPlace::Measured() const {
-    const auto units = [](int pixels) { return static_cast<float>(pixels * UnitsPerPixel); };
     const bool isNormal = !window_.isMaximized() && !window_.isFullScreen() && !window_.isMinimized();
     const QRect inner = isNormal ? window_.geometry() : window_.normalGeometry();
     const QPoint frame = isNormal ? window_.pos() : inner.topLeft() - inFrame_;
-    return {units(frame.y()), units(frame.x()), units(inner.height()), units(inner.width())};
+    return {UnitsOf(frame.y()), UnitsOf(frame.x()), UnitsOf(inner.height()), UnitsOf(inner.width())};
 }
 
 bool FormMainPlace::eventFilter(QObject* watched, QEvent* event) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ground/Arithmetic.h"
+#include "core/state/SettingsKeys.h"
 #include "platform/Folders.h"
 
 namespace travo {
@@ -19,15 +20,15 @@ FormMainWindows::FormMainWindows(const platform::Machine& machine, SharedState& 
                  machine.display},
                 machine.folders.Program()),
       MirrorCtl2({{owner.window, windowMove_}, state, *objects.cCommunication}, machine.folders.Program()),
-      entries_{{{1, "FormBirdView_Position", &BirdView},
-                {3, "FormManiInfo_Position", &ManiInfo},
-                {2, "FormMirror_Position", &MirrorCtl},
-                {4, "FormMirror2_Position", &MirrorCtl2}}} {}
+      entries_{{{1, settings::BirdViewSection, &BirdView},
+                {3, settings::NeedleWindowSection, &ManiInfo},
+                {2, settings::MirrorWindowSection, &MirrorCtl},
+                {4, settings::MagnificationWindowSection, &MirrorCtl2}}} {}
 
 std::vector<StartUp::SmallWindow> FormMainWindows::All() const {
     std::vector<StartUp::SmallWindow> all;
     for (const Entry& entry : entries_) {
-        all.push_back({entry.Index, QString::fromLatin1(entry.section), entry.window->DesignSize()});
+        all.push_back({entry.Index, QString(entry.section), entry.window->DesignSize()});
     }
     return all;
 }
@@ -35,7 +36,7 @@ std::vector<StartUp::SmallWindow> FormMainWindows::All() const {
 std::vector<std::pair<QString, MeasuredWindowPlace>> FormMainWindows::Places() const {
     std::vector<std::pair<QString, MeasuredWindowPlace>> places;
     for (const Entry& entry : entries_) {
-        places.emplace_back(QString::fromLatin1(entry.section), entry.window->Measured());
+        places.emplace_back(QString(entry.section), entry.window->Measured());
     }
     return places;
 }

@@ -1,6 +1,7 @@
 // The small windows of the program, one of each.
 #pragma once
 
+#include <QLatin1String>
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -56,7 +57,7 @@ public:
 private:
     struct Entry {
         std::int32_t Index;
-        const char* section;
+        QLatin1String section;
         FormSkinned* window;
     };
 

@@ -21,8 +21,6 @@ public:
     static constexpr int Period = 200;
     // Failed reads in a row after which the next tick asks the operator.
     static constexpr std::int16_t FailedReadsBeforeQuestion = 10;
-    // The highest index that a connection may report.
-    static constexpr std::int16_t HighestManipulatorNumber = 4;
 
     // Whom the owner tells, each in the order of the owner's list.
     class Listener {

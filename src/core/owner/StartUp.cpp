@@ -1,6 +1,8 @@
 #include "core/owner/StartUp.h"
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/LogicalUnits.h"
+#include "core/ground/Magnification.h"
 #include "core/state/SettingsKeys.h"
 #include "platform/Display.h"
 #include "platform/Folders.h"
@@ -13,14 +15,8 @@ using platform::BoxIcon;
 
 namespace {
 
-// Logical units for each pixel on a display of scale 1.
-constexpr double UnitsPerPixel = 15.0;
-
-// Used where neither stand-off has been stored.
-constexpr std::int32_t DefaultOffset = 100;
-
 std::int32_t StoredOrDefault(std::int32_t stored, std::int32_t otherwise) {
-    return stored > -1 ? stored : otherwise;
+    return stored > settings::NotStored ? stored : otherwise;
 }
 
 }  // namespace
@@ -96,7 +92,7 @@ StartUp::Outcome StartUp::LoadSteps() {
     OpenPorts(ports);
     state_.ClearMagnification();
     if (objects_.cCommunication->MirrorPortOpenCheck()) {
-        objects_.cCommunication->SendMirrorMagnificationData(1);
+        objects_.cCommunication->SendMirrorMagnificationData(Magnification035x);
     }
     loop_.Start();
     state_.bMotorONOFF = false;
@@ -113,22 +109,23 @@ StartUp::Outcome StartUp::LoadSteps() {
 void StartUp::RestoreCalibrationTimes(std::int32_t needle) {
     const clsIniEdit& ini = *objects_.cIniEdit;
     const QString section = settings::CalibrationSection(needle);
-    const QString none = QStringLiteral("-1");
     const std::int16_t number = ToInteger16(needle);
-    window_.SetCalibTime(number, ini.GetString(section, QStringLiteral("Time"), none), 0);
-    window_.SetCalibTime(number, ini.GetString(section, QStringLiteral("ReTime"), none), 1);
+    window_.SetCalibTime(number, ini.GetString(section, settings::TimeKey, settings::NoTime), 0);
+    window_.SetCalibTime(number, ini.GetString(section, settings::ReTimeKey, settings::NoTime), 1);
 }
 
 void StartUp::OpenWindows() {
     for (std::int32_t index = 1; index <= 4; ++index) {
-        if (objects_.cIniEdit->GetInt(QStringLiteral("Window"), QString::number(index), 1) == 0) {
+        if (objects_.cIniEdit->GetInt(settings::WindowSection, settings::WindowKey(index),
+                                      settings::WindowClosed) == settings::WindowOpen) {
             window_.ShowWindow(index);
         }
     }
 }
 
 void StartUp::OpenCamera() {
-    if (state_.LiveOpen || objects_.cIniEdit->GetInt(QStringLiteral("Window"), QStringLiteral("0"), 1) != 0) {
+    if (state_.LiveOpen || objects_.cIniEdit->GetInt(settings::WindowSection, settings::WindowKey(0),
+                                                     settings::WindowClosed) != settings::WindowOpen) {
         return;
     }
     objects_.Failures.Handle(QStringLiteral("Error : Camera Load"), [this] {
@@ -150,8 +147,8 @@ void StartUp::MeasureDisplay() {
 }
 
 WindowSize StartUp::AtDisplayScale(const WindowSize& design) const {
-    const double vertical = machine_.display.UnitsPerPixelVertical() / UnitsPerPixel;
-    const double horizontal = machine_.display.UnitsPerPixelHorizontal() / UnitsPerPixel;
+    const double vertical = machine_.display.UnitsPerPixelVertical() / LogicalUnitsPerPixel;
+    const double horizontal = machine_.display.UnitsPerPixelHorizontal() / LogicalUnitsPerPixel;
     WindowSize size;
     size.Height = ToInteger16(convert(design.Height * vertical));
     size.Width = ToInteger16(convert(design.Width * horizontal));
@@ -160,7 +157,7 @@ WindowSize StartUp::AtDisplayScale(const WindowSize& design) const {
 
 void StartUp::RestoreWindowPlaces() {
     const clsIniEdit& ini = *objects_.cIniEdit;
-    window_.Place(ReadWindowPlace(ini, QStringLiteral("FormMain_Position"), defaultSize_));
+    window_.Place(ReadWindowPlace(ini, settings::MainWindowSection, defaultSize_));
     for (const SmallWindow& small : window_.SmallWindows()) {
         window_.PlaceSmallWindow(small.Index,
                                  ReadWindowPlace(ini, small.section, AtDisplayScale(small.design)));
@@ -198,31 +195,32 @@ void StartUp::RestoreValues() {
     clsIniEdit& ini = *objects_.cIniEdit;
     ini.IniFilePath(settings::MyPath(machine_.folders.Program(), machine_.folders.Separator()) +
                     settings::FileName());
-    const QString shift = QStringLiteral("FormBirdView_Shift");
     const QString zero = QStringLiteral("0");
-    state_.ShiftX = settings::FloatValue(ini.GetString(shift, QStringLiteral("X"), zero));
-    state_.ShiftY = settings::FloatValue(ini.GetString(shift, QStringLiteral("Y"), zero));
+    state_.ShiftX = settings::FloatValue(ini.GetString(settings::ShiftSection, settings::ShiftXKey, zero));
+    state_.ShiftY = settings::FloatValue(ini.GetString(settings::ShiftSection, settings::ShiftYKey, zero));
     RestoreWindowPlaces();
-    const QString user = QStringLiteral("User_Value");
-    objects_.cNeedleMove->lngXYOffset =
-        StoredOrDefault(ini.GetInt(user, QStringLiteral("XYOffset"), -1), DefaultOffset);
+    const QString user = settings::UserSection;
+    objects_.cNeedleMove->lngXYOffset = StoredOrDefault(
+        ini.GetInt(user, settings::XYOffsetKey, settings::NotStored), settings::DefaultOffset);
     objects_.cObjectiveUpDown->lngOffset =
-        StoredOrDefault(ini.GetInt(user, QStringLiteral("ZOffset"), -1), DefaultOffset);
-    const auto flag = [&](const QString& key) { return StoredOrDefault(ini.GetInt(user, key, -1), 0); };
-    const std::int32_t offsetOFF = flag(QStringLiteral("OffsetOFF"));
-    window_.RestoreSafeguards(offsetOFF, flag(QStringLiteral("ContactOFF")));
-    const std::int32_t lineOFF = flag(QStringLiteral("LineOFF"));
-    window_.RestoreBirdView(lineOFF, flag(QStringLiteral("BirdOPEN")));
+        StoredOrDefault(ini.GetInt(user, settings::ZOffsetKey, settings::NotStored), settings::DefaultOffset);
+    const auto flag = [&](const QString& key) {
+        return StoredOrDefault(ini.GetInt(user, key, settings::NotStored), 0);
+    };
+    const std::int32_t offsetOFF = flag(settings::OffsetOFFKey);
+    window_.RestoreSafeguards(offsetOFF, flag(settings::ContactOFFKey));
+    const std::int32_t lineOFF = flag(settings::LineOFFKey);
+    window_.RestoreBirdView(lineOFF, flag(settings::BirdOPENKey));
 }
 
 StartUp::PortNumbers StartUp::ReadPortNumbers() const {
     const auto read = [this](const QString& device) {
-        return ToInteger16(objects_.cIniEdit->GetInt(QStringLiteral("COMPort"), device, -1));
+        return ToInteger16(objects_.cIniEdit->GetInt(settings::PortSection, device, settings::NoPort));
     };
     PortNumbers ports;
-    ports.mirror = read(QStringLiteral("Mirror"));
-    ports.magnescale = read(QStringLiteral("Magnescale"));
-    ports.motor = read(QStringLiteral("Motor"));
+    ports.mirror = read(settings::MirrorKey);
+    ports.magnescale = read(settings::MagnescaleKey);
+    ports.motor = read(settings::MotorKey);
     return ports;
 }
 

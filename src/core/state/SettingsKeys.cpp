@@ -9,6 +9,8 @@ namespace travo::settings {
 
 QString FileName() { return QStringLiteral("KVData.ini"); }
 
+QString WindowKey(std::int32_t window) { return QString::number(window); }
+
 QString CalibrationSection(std::int32_t needle) {
     return QStringLiteral("Manipulator Calibration:%1").arg(needle);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/Magnification.h"
 
 namespace travo {
 
@@ -20,7 +21,7 @@ std::int16_t SharedState::HighestNeedle() const {
 }
 
 void SharedState::CurrentMagnification(std::int16_t magnification) {
-    if (magnification < 0 || magnification > 3) {
+    if (magnification < NoMagnification || magnification > Magnification4x) {
         return;
     }
     intMagnification_ = magnification;

@@ -24,18 +24,18 @@ void WriteUnits(clsIniEdit& ini, const QString& section, const QString& key, flo
 
 WindowPlace ReadWindowPlace(const clsIniEdit& ini, const QString& section, const WindowSize& defaultSize) {
     WindowPlace place;
-    place.Top = ReadUnits(ini, section, QStringLiteral("Top"), 0);
-    place.Left = ReadUnits(ini, section, QStringLiteral("Left"), 0);
-    place.Width = ReadUnits(ini, section, QStringLiteral("Width"), defaultSize.Width);
-    place.Height = ReadUnits(ini, section, QStringLiteral("Height"), defaultSize.Height);
+    place.Top = ReadUnits(ini, section, settings::TopKey, 0);
+    place.Left = ReadUnits(ini, section, settings::LeftKey, 0);
+    place.Width = ReadUnits(ini, section, settings::WidthKey, defaultSize.Width);
+    place.Height = ReadUnits(ini, section, settings::HeightKey, defaultSize.Height);
     return place;
 }
 
 void WriteWindowPlace(clsIniEdit& ini, const QString& section, const MeasuredWindowPlace& place) {
-    WriteUnits(ini, section, QStringLiteral("Top"), place.Top);
-    WriteUnits(ini, section, QStringLiteral("Left"), place.Left);
-    WriteUnits(ini, section, QStringLiteral("Height"), place.Height);
-    WriteUnits(ini, section, QStringLiteral("Width"), place.Width);
+    WriteUnits(ini, section, settings::TopKey, place.Top);
+    WriteUnits(ini, section, settings::LeftKey, place.Left);
+    WriteUnits(ini, section, settings::HeightKey, place.Height);
+    WriteUnits(ini, section, settings::WidthKey, place.Width);
 }
 
 QPoint OntoScreen(const QRect& frame, const QList<QRect>& screens) {

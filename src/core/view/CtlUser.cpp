@@ -11,10 +11,6 @@ namespace travo {
 
 namespace {
 
-const QString WindowSection = QStringLiteral("Window");
-constexpr std::int32_t OpenKey = 0;
-constexpr std::int32_t ClosedKey = 1;
-
 // Digits that the operator can enter: all that fit 32 bits whatever they are.
 constexpr int OffsetDigits = 9;
 
@@ -64,8 +60,10 @@ CtlUser::~CtlUser() {
 
 void CtlUser::ReadWindows() {
     for (std::size_t index = 0; index < windows_.size(); ++index) {
-        const std::int32_t key = cIniEdit_.GetInt(WindowSection, QString::number(index), ClosedKey);
-        windows_.at(index)->SetRaised(key != OpenKey);
+        const std::int32_t key =
+            cIniEdit_.GetInt(settings::WindowSection, settings::WindowKey(static_cast<std::int32_t>(index)),
+                             settings::WindowClosed);
+        windows_.at(index)->SetRaised(key != settings::WindowOpen);
     }
 }
 
@@ -79,8 +77,9 @@ CtlUser::OpenWindows CtlUser::WindowsNow() const {
 void CtlUser::SaveWindows() {
     const OpenWindows open = WindowsNow();
     for (std::size_t index = 0; index < open.size(); ++index) {
-        const std::int32_t key = open.at(index) ? OpenKey : ClosedKey;
-        cIniEdit_.WriteString(WindowSection, QString::number(index), QString::number(key));
+        const std::int32_t key = open.at(index) ? settings::WindowOpen : settings::WindowClosed;
+        cIniEdit_.WriteString(settings::WindowSection, settings::WindowKey(static_cast<std::int32_t>(index)),
+                              QString::number(key));
     }
     saved_ = open;
 }

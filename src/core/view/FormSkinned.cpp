@@ -12,6 +12,7 @@
 #include "controls/Palette.h"
 #include "controls/Pressable.h"
 #include "core/ground/Arithmetic.h"
+#include "core/ground/LogicalUnits.h"
 
 namespace travo {
 
@@ -24,8 +25,6 @@ constexpr int ButtonTop = 3;
 constexpr QSize ButtonSize(24, 24);
 constexpr QSize CornerSize(CornerEllipse, CornerEllipse);
 
-int Pixels(std::int16_t units) { return static_cast<int>(std::lround(units / LogicalUnitsPerPixel)); }
-float Units(int pixels) { return static_cast<float>(pixels * LogicalUnitsPerPixel); }
 std::int16_t WholeUnits(int pixels) { return ToInteger16(convert(pixels * LogicalUnitsPerPixel)); }
 
 void TakeNoMouse(QWidget& widget) { widget.setAttribute(Qt::WA_TransparentForMouseEvents); }
@@ -121,13 +120,13 @@ void FormSkinned::AddDisplay(QWidget& display, const QRectF& rectangle) {
 }
 
 void FormSkinned::Place(const WindowPlace& place) {
-    resize(Pixels(place.Width), Pixels(place.Height));
-    move(Pixels(place.Left), Pixels(place.Top));
+    resize(NearestPixels(place.Width), NearestPixels(place.Height));
+    move(NearestPixels(place.Left), NearestPixels(place.Top));
 }
 
 MeasuredWindowPlace FormSkinned::Measured() const {
     const QRect place = isMaximized() || isMinimized() || isFullScreen() ? normalGeometry() : geometry();
-    return {Units(place.y()), Units(place.x()), Units(place.height()), Units(place.width())};
+    return {UnitsOf(place.y()), UnitsOf(place.x()), UnitsOf(place.height()), UnitsOf(place.width())};
 }
 
 WindowSize FormSkinned::DesignSize() const {

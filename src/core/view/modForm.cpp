@@ -1,4 +1,5 @@
 #include "core/view/modForm.h"
+#include "core/ground/LogicalUnits.h"
 
 #include <QCursor>
 #include <QWidget>

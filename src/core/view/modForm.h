@@ -15,8 +15,6 @@ class QWidget;
 
 namespace travo {
 
-// To a device-independent pixel, on every display.
-constexpr double LogicalUnitsPerPixel = 15;
 // How far inside an edge, in logical units, a press still takes hold of it.
 constexpr double ResizeMargin = 30;
 // The least part of its design size, on either axis, that a window can be resized to.

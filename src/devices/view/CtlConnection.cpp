@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/Magnification.h"
 #include "devices/view/FormPortList.h"
 
 namespace travo {
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int WatchPeriod = 150;             // milliseconds
 constexpr std::int32_t TestDistance = 1000;  // counts of the focus motor
-constexpr std::int16_t HighestMagnification = 3;
 // Numbers that the arrow of the manipulators reaches stay below this.
 constexpr std::int32_t ManipulatorLimit = 5;
 
@@ -254,7 +254,8 @@ void CtlConnection::ShowPortList() {
 void CtlConnection::StepMagnification() {
     if (PortIsOpen(Mirror)) {
         const auto next = static_cast<std::int16_t>(system_.state.CurrentMagnification() + 1);
-        system_.instruments.SendMirrorMagnificationData(next > HighestMagnification ? std::int16_t{1} : next);
+        system_.instruments.SendMirrorMagnificationData(
+            next > Magnification4x ? std::int16_t{Magnification035x} : next);
     }
 }
 

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "core/ground/Arithmetic.h"
+#include "core/state/SettingsKeys.h"
 #include "devices/view/CtlConnection.h"
 
 namespace travo {
@@ -12,13 +13,12 @@ namespace {
 
 // A tick that finds so many behind it is the last one.
 constexpr std::int16_t TicksBeforeVerdict = 6;
-constexpr std::int32_t NotConnected = -1;
 
 }  // namespace
 
 const QString& CtlConnection::Key(Row row) {
-    static const std::array<QString, WatchCount> keys{QStringLiteral("Mirror"), QStringLiteral("Magnescale"),
-                                                      QStringLiteral("Motor")};
+    static const std::array<QString, WatchCount> keys{settings::MirrorKey, settings::MagnescaleKey,
+                                                      settings::MotorKey};
     return keys[Bounded(row, keys.size())];
 }
 
@@ -88,7 +88,7 @@ void CtlConnection::WatchMirror() {
         return;
     }
     EndWatch(Mirror, Refusal(Mirror));
-    Store(Mirror, NotConnected);
+    Store(Mirror, settings::NoPort);
     system_.instruments.MirrorPortClose();
     system_.failures.Show(QStringLiteral("Error : Mirror : Communication connection"));
     usrKVButton1_[TestMirror]->Enabled(false);
@@ -107,7 +107,7 @@ void CtlConnection::WatchMagnescale() {
         EndWatch(Magnescale, Refusal(Magnescale));
         system_.instruments.MagnescalePortClose();
         system_.pointer.Screen(PointerShape::Default);
-        Store(Magnescale, NotConnected);
+        Store(Magnescale, settings::NoPort);
         system_.instruments.MagnescaleKeyON();
         system_.failures.Show(QStringLiteral("Error : Magnescale : Communication connection"));
         usrKVButton1_[TestMagnescale]->Enabled(false);
@@ -123,7 +123,7 @@ void CtlConnection::WatchMotor() {
         usrKVButton1_[TestMotor]->Enabled(true);
     } else if (!InTime(Motor)) {
         EndWatch(Motor, Refusal(Motor));
-        Store(Motor, NotConnected);
+        Store(Motor, settings::NoPort);
         system_.instruments.MotorPortClose();
         ControlONOFF(true);
         system_.failures.Show(QStringLiteral("Error : Motor : Communication connection"));
@@ -152,7 +152,7 @@ void CtlConnection::EndWatch(Row row, RowState verdict) {
 }
 
 void CtlConnection::Store(Row row, std::int32_t port) {
-    system_.settings.WriteString(QStringLiteral("COMPort"), Key(row), QString::number(port));
+    system_.settings.WriteString(settings::PortSection, Key(row), QString::number(port));
 }
 
 }  // namespace travo

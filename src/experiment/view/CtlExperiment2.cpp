@@ -3,14 +3,13 @@
 #include <QString>
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/Magnification.h"
 
 namespace travo {
 
 namespace {
 
 constexpr QSizeF Design(486, 520);
-// At 0.35x the tilting mirror cannot move.
-constexpr std::int16_t Magnification035 = 1;
 
 }  // namespace
 
@@ -333,7 +332,8 @@ bool CtlExperiment2::NeedleMayGoHome() {
 
 // The words that the rules above are written in.
 
-bool CtlExperiment2::MirrorCanMove() const { return system_.state.intMagnification() != Magnification035; }
+// At 0.35x the tilting mirror cannot move.
+bool CtlExperiment2::MirrorCanMove() const { return system_.state.intMagnification() != Magnification035x; }
 
 PositionXYZ CtlExperiment2::Cell(std::int16_t cell) const {
     const SharedState& state = system_.state;

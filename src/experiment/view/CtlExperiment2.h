@@ -36,8 +36,6 @@ public:
     // `intCellNo` for the centre of the present view, and what moves for the view.
     static constexpr std::int16_t PresentView = CellCount;
     static constexpr std::int16_t View = NeedleCount;
-    // The highest index that a connection may report.
-    static constexpr std::int16_t HighestManipulatorNumber = 4;
     // From one frame of the arrow to the next, in milliseconds.
     static constexpr int ArrowPeriod = 500;
 

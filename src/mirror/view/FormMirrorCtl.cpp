@@ -1,6 +1,7 @@
 #include "mirror/view/FormMirrorCtl.h"
 
 #include "controls/ControlNames.h"
+#include "core/ground/Magnification.h"
 
 namespace travo {
 
@@ -10,8 +11,6 @@ namespace {
 constexpr QRectF PadPlace(12, 45, PadSide, PadSide);
 constexpr QRectF FirstFocusPlace(191, 45, 73, 36);
 constexpr double FocusDistance = 43;
-
-constexpr std::int16_t LowestMagnification = 1;  // 0.35x: the mirror stays where it is
 
 struct FocusButton {
     const char* skin;
@@ -61,15 +60,15 @@ void FormMirrorCtl::Activated() {
         button.Enabled(motorOpen);
     }
     CtlController1.ChangeEnable(cCommunication_.MirrorPortOpenCheck() && state_.bMirrorMotorONOFF &&
-                                state_.intMagnification() != LowestMagnification);
+                                state_.intMagnification() != Magnification035x);
 }
 
 void FormMirrorCtl::ChangeMagnification(std::int16_t Magnification) {
-    CtlController1.ChangeEnable(state_.bMirrorMotorONOFF && Magnification != LowestMagnification);
+    CtlController1.ChangeEnable(state_.bMirrorMotorONOFF && Magnification != Magnification035x);
 }
 
 void FormMirrorCtl::checkMotor(std::int16_t ONOFF) {
-    CtlController1.ChangeEnable(ONOFF != 0 && state_.intMagnification() != LowestMagnification);
+    CtlController1.ChangeEnable(ONOFF != 0 && state_.intMagnification() != Magnification035x);
 }
 
 void FormMirrorCtl::FocusPressed(std::int32_t way) {

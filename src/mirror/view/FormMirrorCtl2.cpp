@@ -2,6 +2,7 @@
 
 #include "controls/ControlNames.h"
 #include "controls/PanelItems.h"
+#include "core/ground/Magnification.h"
 
 namespace travo {
 
@@ -64,7 +65,7 @@ void FormMirrorCtl2::Activated() {
         EnableMagnification(false);
     }
     // At 0.35x the operator's last choice stays in view.
-    if (state_.intMagnification() >= 2) {
+    if (state_.intMagnification() >= Magnification2x) {
         ChangeMagnification(state_.intMagnification());
     }
 }

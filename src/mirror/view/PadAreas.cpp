@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/ground/Arithmetic.h"
+#include "core/ground/LogicalUnits.h"
 
 namespace travo {
 
@@ -16,9 +17,6 @@ constexpr double InnerRadius = 50.5;
 constexpr double OuterRadius = 82.5;
 constexpr double BarFrom = 70;
 constexpr double BarTo = 95;
-// Both scales of the pad count in units of an ordinary display.
-constexpr double OrdinaryUnitsPerPixel = 15;
-
 constexpr std::int32_t OuterStep = 10;
 constexpr std::int32_t InnerStep = 1;
 
@@ -46,7 +44,7 @@ constexpr std::int16_t YAxis = 1;
 class Axis {
 public:
     Axis(double side, double unitsPerPixel)
-        : over_(side * OrdinaryUnitsPerPixel), under_(PadSide * unitsPerPixel) {}
+        : over_(side * LogicalUnitsPerPixel), under_(PadSide * unitsPerPixel) {}
 
     double operator()(double designLength) const { return designLength * over_ / under_; }
 
@@ -96,8 +94,8 @@ QString MoveText(const PadMove& move) {
 std::int16_t PadArea(const QPointF& pointer, const PadView& view) {
     const Axis across(view.side, view.unitsPerPixelHorizontal);
     const Axis down(view.side, view.unitsPerPixelVertical);
-    const double x = pointer.x() * OrdinaryUnitsPerPixel / view.unitsPerPixelHorizontal;
-    const double y = convert(pointer.y() * OrdinaryUnitsPerPixel / view.unitsPerPixelVertical);
+    const double x = pointer.x() * LogicalUnitsPerPixel / view.unitsPerPixelHorizontal;
+    const double y = convert(pointer.y() * LogicalUnitsPerPixel / view.unitsPerPixelVertical);
     // On a display whose pixels are not square the wheel stays round to the eye.
     const double ratio = view.unitsPerPixelVertical / view.unitsPerPixelHorizontal;
     const double distance =

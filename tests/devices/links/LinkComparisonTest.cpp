@@ -135,8 +135,11 @@ TEST(LinkComparison, TheLinksEqualTheirReferencesOnLinesOfAnyLength) {
 }
 
 TEST(LinkComparison, InnerPiecesComeWithinWhatTheLinkLetsOut) {
-    const std::string script =
-        std::string("nD2A2\r\naD1R") + PieceMark + "aD2R1\r\naD2R" + InnerPieceMark + "7\r\n";
+    std::string script = "nD2A2\r\naD1R";
+    script += PieceMark;
+    script += "aD2R1\r\naD2R";
+    script += InnerPieceMark;
+    script += "7\r\n";
     const LinkComparison result = CompareMirror(script);
     EXPECT_EQ(result.link, (std::vector<std::string>{"box nD2A2 : Mirror : Parametar Error", "X 1", "Y 7"}));
     EXPECT_EQ(result.link, result.reference);

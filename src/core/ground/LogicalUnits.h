@@ -1,0 +1,23 @@
+// Logical units, in which places and sizes of windows are kept and the pad's and the edges' geometry is told.
+#pragma once
+
+#include <cmath>
+
+namespace travo {
+
+// To a device-independent pixel, on an ordinary display; 1440 to the inch.
+inline constexpr int LogicalUnitsPerPixel = 15;
+
+// For the main window, whose stored size is also its least one: what is begun is no pixel, so that a size
+// from another display never grows over what was asked for.
+constexpr int PixelsWithin(int units) { return units / LogicalUnitsPerPixel; }
+
+// For the small windows, which come back where they stood: the nearest pixel.
+inline int NearestPixels(int units) {
+    return static_cast<int>(std::lround(static_cast<double>(units) / LogicalUnitsPerPixel));
+}
+
+// Exact up to 2^24 units, which no screen has.
+constexpr float UnitsOf(int pixels) { return static_cast<float>(pixels * LogicalUnitsPerPixel); }
+
+}  // namespace travo

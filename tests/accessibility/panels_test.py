@@ -30,7 +30,7 @@ class Connection(Case):
             self.get("Connection", f"{instrument} port").write(port)
             name = instrument if instrument == "Magnescale" else instrument.lower()
             self.press("Connection", f"Connect {name}")
-            self.assertEqual(self.get("Connection", f"{instrument} state").name, "Watching")
+            self.assertEqual(self.get("Connection", f"{instrument} state").name, "Waiting for an answer")
             self.wait(lambda: self.get("Connection", f"{instrument} state").name == "Connected", name)
             self.become("Connection", f"Test {name}", "enabled")
         self.see_tests()

@@ -45,7 +45,7 @@ void PressSet(PanelPlay& play, const Row& row, const QString& port, const QStrin
 void BeRefused(PanelPlay& play) {
     const Row& motor = Rows()[2];
     play.stage.Boxes().Expect(QStringLiteral("Error : Motor : Communication connection"));
-    PressSet(play, motor, NoSuchPort, QStringLiteral("Refused"));
+    PressSet(play, motor, NoSuchPort, QStringLiteral("Port cannot be opened"));
     play.stage.WaitUntil([&] { return play.stage.Boxes().AllCame(); }, "no box told of the refused port");
     play.stage.RequireBoxesAsExpected();
     Require(StoredPort(play, motor.name) == QLatin1String("-1"), "a refused port is not stored as -1");

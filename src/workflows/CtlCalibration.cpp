@@ -301,7 +301,7 @@ void CtlCalibration::TotalManipulatorNumber(std::int16_t ManipulatorNumber) {
     EnableNeedles(ManipulatorNumber, true);
 }
 
-// The words that the rules above are written in.
+// Small questions and steps that the rules above are put together from.
 
 bool CtlCalibration::At2x() const { return system_.state.intMagnification() == Magnification2x; }
 

@@ -15,10 +15,12 @@ namespace travo {
 
 class Closing {
 public:
-    // What of the closing only the window itself knows.
+    // The main window, as far as the closing needs it: it alone knows its place, its small windows and the
+    // switches on its panels.
     class Window {
     public:
         virtual ~Window() = default;
+        // Its own place, of the normal state.
         virtual MeasuredWindowPlace Measured() const = 0;
         // Sections and places of the small windows, in the order of their creation.
         virtual std::vector<std::pair<QString, MeasuredWindowPlace>> SmallPlaces() const = 0;

@@ -1,5 +1,5 @@
-// What the bird's-eye view draws on its canvas with: single operations on the pixels of an RGB32 picture.
-// None allocates, none draws beyond the picture's edges, and places may be any number at all.
+// The drawing operations of the bird's-eye view. Each works on the pixels of an RGB32 picture, the canvas.
+// None of them allocates memory or draws beyond the edges of the canvas; a place may be any finite number.
 #pragma once
 
 #include <QImage>
@@ -9,9 +9,9 @@
 
 namespace travo {
 
-// What lies below all markers: a colour, but for where the still lies, its corner on the pixel nearest to
-// `x`, `y`, with ties to even. The still has 32 bits to the pixel, or no pixels; its fourth byte becomes
-// 0xFF.
+// What lies below all markers: the colour `ground` everywhere, and on it the still. The still's upper left
+// corner stands on the canvas pixel that is nearest to (x, y), ties to even. A still has 32 bits to the
+// pixel, or it is empty and the ground is all there is. On the canvas the fourth byte of its pixels is 0xFF.
 struct BirdUnderlay {
     QRgb ground;
     const QImage& still;
@@ -19,13 +19,15 @@ struct BirdUnderlay {
     double y;
 };
 
-// Fills the canvas with it.
+// Draws the underlay over the whole canvas.
 void DrawGroundAndStill(QImage& canvas, const BirdUnderlay& underlay);
 
-// Fills with it what a marker of that size covers, its corner on the nearest pixel with ties to even.
+// Draws the underlay again where a marker of that size stood: this takes the marker away. The place is that
+// of the marker's upper left corner, as in DrawMarker.
 void RestorePatch(QImage& canvas, const BirdUnderlay& underlay, const QSize& size, double x, double y);
 
-// AND with the mask and then XOR with the picture, the corner on the nearest pixel with ties to even.
+// Draws a marker: its mask by AND, then its picture by XOR. Its upper left corner stands on the canvas pixel
+// that is nearest to (x, y), ties to even.
 void DrawMarker(QImage& canvas, const BirdMarker& marker, double x, double y);
 
 struct BirdPoint {
@@ -33,12 +35,13 @@ struct BirdPoint {
     double y;
 };
 
-// A straight black bar, `width` wide, square at its ends: all pixels whose middle lies within. An edge that
-// runs through middles takes them at its left (of a level bar: upper) side and leaves them at the other.
-// A bar without length covers nothing.
+// Draws a needle's shaft: a straight black bar of that width with square ends. A pixel is black where its
+// middle lies within the bar. Where an edge of the bar runs exactly through the middles of pixels, those at
+// the bar's left edge (of a level bar: at its upper edge) are black and those at the other edge are not. A
+// bar without length covers nothing.
 void DrawShaft(QImage& canvas, BirdPoint from, BirdPoint to, double width);
 
-// Fills with it what that bar covers.
+// Draws the underlay again where that bar was drawn: this takes the shaft away.
 void RestoreShaft(QImage& canvas, const BirdUnderlay& underlay, BirdPoint from, BirdPoint to, double width);
 
 }  // namespace travo

@@ -330,7 +330,7 @@ bool CtlExperiment2::NeedleMayGoHome() {
     return false;
 }
 
-// The words that the rules above are written in.
+// Small questions and steps that the rules above are put together from.
 
 // At 0.35x the tilting mirror cannot move.
 bool CtlExperiment2::MirrorCanMove() const { return system_.state.intMagnification() != Magnification035x; }

@@ -1,4 +1,6 @@
-// The owner's non-visual half on a machine of stand-ins: the test plays the window.
+// Start-up, position loop and closing with the objects that they work on, built as the main window builds
+// them. The machine below them is made of stand-ins, and the fixture stands where the main window would: it
+// answers what they ask of the window and writes down what they tell it.
 #pragma once
 
 #include <gtest/gtest.h>

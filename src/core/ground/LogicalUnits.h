@@ -8,8 +8,8 @@ namespace travo {
 // To a device-independent pixel, on an ordinary display; 1440 to the inch.
 inline constexpr int LogicalUnitsPerPixel = 15;
 
-// For the main window, whose stored size is also its least one: what is begun is no pixel, so that a size
-// from another display never grows over what was asked for.
+// For the main window: a pixel that is only begun does not count, so that a size that was stored on another
+// display never grows.
 constexpr int PixelsWithin(int units) { return units / LogicalUnitsPerPixel; }
 
 // For the small windows, which come back where they stood: the nearest pixel.

@@ -11,9 +11,8 @@
 #include <QShowEvent>
 #include <algorithm>
 
-#include "platform/qt/BoxPlace.h"
-
 #include "platform/ShownText.h"
+#include "platform/qt/BoxPlace.h"
 
 namespace travo::platform::qt {
 

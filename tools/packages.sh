@@ -28,13 +28,25 @@ install_missing() {
     $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
-# in_order DESCRIPTION COMMAND...: says what it does, and fails with one clear sentence.
+# in_order DESCRIPTION COMMAND...: says what it does and what time it took, and fails with one clear sentence.
 in_order() {
     description="$1"
     shift
     echo "== $description"
-    "$@" || {
+    TIMEFORMAT="   took %R s, of the processors' time %U s, of the system's %S s"
+    time "$@" || {
         echo "Failed: $description." >&2
         exit 1
     }
+}
+
+# tell_time WHAT: since the script began.
+tell_time() {
+    # Only without a pipe does the builtin tell of this shell and its children.
+    used="$(mktemp)"
+    times >"$used"
+    processor="$(awk 'NR == 2 { for (i = 1; i <= 2; ++i) { split($i, part, /[ms]/); sum += 60 * part[1] + part[2] } }
+                      END { printf "%d", sum }' "$used")"
+    rm -f "$used"
+    echo "== $1: $SECONDS s, $processor s of processor time since the script began"
 }

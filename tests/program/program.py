@@ -45,7 +45,7 @@ def read(path):
 
 
 class Folder:
-    """A program folder with the driver library of these tests, and runtime and data folder beside it."""
+    """A program folder with a driver library, if there is one, and runtime and data folder beside it."""
 
     build = None
     driver = None
@@ -55,7 +55,8 @@ class Folder:
         built = os.path.join(os.path.realpath(self.build), "TRAVO")
         os.mkdir(self / "TRAVO")
         shutil.copy2(os.path.join(built, "TRAVO"), self / "TRAVO/TRAVO")
-        shutil.copy2(self.driver, self / "TRAVO/libManipulatorDriver.so")
+        if self.driver:
+            shutil.copy2(self.driver, self / "TRAVO/libManipulatorDriver.so")
         os.symlink(os.path.join(built, "skin"), self / "TRAVO/skin")
         self.make_runtime("runtime")
 

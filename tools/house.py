@@ -28,6 +28,8 @@ FLOORS = {  # leaf folder: floor
     "src/experiment/bird": 6,
     "src/core/owner": 7,
     "src": 7,
+    # Starts the program in the user's own folder.
+    "launcher": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
     "workbench/socket": 1,
     "workbench/world": 2,
@@ -65,7 +67,7 @@ def leaf(path):
 
 
 def sources():
-    for top in ("src", "workbench", "tests", "benchmarks", "fuzz"):
+    for top in ("src", "launcher", "workbench", "tests", "benchmarks", "fuzz"):
         for folder, _, names in os.walk(top):
             for name in sorted(names):
                 if os.path.splitext(name)[1] in (".h", ".cpp"):
@@ -211,7 +213,7 @@ def main():
     for path in sources():
         with open(path, encoding="utf-8") as file:
             text[path] = file.read()
-        if path.startswith(("src/", "workbench/")):
+        if path.startswith(("src/", "launcher/", "workbench/")):
             rooms.setdefault(os.path.splitext(path)[0], []).append(path)
     arrows = {room: set() for room in rooms}
     for room, paths in rooms.items():

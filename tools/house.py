@@ -31,6 +31,7 @@ FLOORS = {  # leaf folder: floor
     # Starts the program in the user's own folder.
     "launcher": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
+    "workbench/options": 1,
     "workbench/socket": 1,
     "workbench/world": 2,
     "workbench/instruments": 3,

@@ -20,6 +20,7 @@
 #include "platform/MessageBoxes.h"
 #include "platform/Pointer.h"
 #include "platform/SingleInstance.h"
+#include "support/BoxTable.h"
 
 namespace travo::test {
 
@@ -42,6 +43,7 @@ public:
     }
     platform::BoxAnswer ShowSo(const QString& text, platform::BoxButtons buttons, platform::BoxIcon icon,
                                const platform::BoxOpening& opening) override {
+        ExpectAsInTheTable(text, buttons, icon, opening);
         shown.push_back({text, buttons, icon, opening});
         journal_.push_back("box " + text.toStdString());
         if (whileShown) {

@@ -134,12 +134,13 @@ TEST_F(FailureHandlerTest, AFailureWhileTheBoxIsShownIsHandledByItself) {
     bool first = true;
     boxes.whileShown = [&] {
         if (std::exchange(first, false)) {
-            handler.Handle(QStringLiteral("inner"), Overflow);
+            handler.Handle(QStringLiteral("Error : Camera Load"), Overflow);
         }
     };
-    EXPECT_FALSE(handler.Handle(QStringLiteral("outer"), Overflow));
-    EXPECT_EQ(boxes.Texts(), (QStringList{QStringLiteral("outer"), QStringLiteral("inner")}));
-    EXPECT_EQ(Log(), "07-03-2008\r\n14:05:33 - outer\r\n14:05:33 - inner\r\n");
+    EXPECT_FALSE(handler.Handle(QStringLiteral("Error : Load"), Overflow));
+    EXPECT_EQ(boxes.Texts(),
+              (QStringList{QStringLiteral("Error : Load"), QStringLiteral("Error : Camera Load")}));
+    EXPECT_EQ(Log(), "07-03-2008\r\n14:05:33 - Error : Load\r\n14:05:33 - Error : Camera Load\r\n");
 }
 
 TEST_F(FailureHandlerTest, ShowWritesNoLogLine) {

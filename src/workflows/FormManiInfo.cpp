@@ -61,8 +61,8 @@ void FormManiInfo::BuildCaptions() {
     for (std::size_t index = 0; index < 2 * NeedleCount; ++index) {
         const std::size_t needle = index / 2;
         const bool again = index % 2 == 1;
-        auto* const caption =
-            new NumberLabel(&Body(), type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
+        auto* const caption = new NumberLabel(&Body());
+        caption->Face(type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
         Identify(*caption, Indexed(QStringLiteral("lblName"), static_cast<int>(index)),
                  Named(again ? "Needle %1 re-calibration caption" : "Needle %1 calibration caption", needle));
         caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -76,8 +76,8 @@ void FormManiInfo::BuildCaptions() {
 void FormManiInfo::BuildTimes() {
     for (std::size_t needle = 0; needle < NeedleCount; ++needle) {
         for (const bool again : {false, true}) {
-            auto* const time =
-                new NumberLabel(&Body(), type::NumberStrip, QFont::DemiBold, NumberLabel::Ground::Bare);
+            auto* const time = new NumberLabel(&Body());
+            time->Face(type::NumberStrip, QFont::DemiBold, NumberLabel::Ground::Bare);
             Identify(*time,
                      Indexed(again ? QStringLiteral("lblReCalibration") : QStringLiteral("lblCalibration"),
                              static_cast<int>(needle)),

@@ -44,7 +44,7 @@ FormSkinned::FormSkinned(const System& system, const Design& design, const QStri
       system_(system),
       design_(design.size),
       tag_(design.tag),
-      body_(QSizeF(design.size), this),
+      body_(QSizeF(design.size), programFolder, this),
       title_(this),
       close_(this),
       size_(this),
@@ -56,7 +56,6 @@ FormSkinned::FormSkinned(const System& system, const Design& design, const QStri
     // The pointer shows what a press would do before there is one.
     setMouseTracking(true);
     body_.setMouseTracking(true);
-    body_.inipath(programFolder);
     BuildStrip(design.name, programFolder);
     BuildFrame(programFolder);
     resize(design_);

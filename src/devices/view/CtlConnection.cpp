@@ -32,7 +32,7 @@ std::int32_t LimitedValue(const QString& text) {
 }  // namespace
 
 CtlConnection::CtlConnection(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(QSizeF(486, 520), parent), system_(system) {
+    : PanelCanvas(QSizeF(486, 520), programFolder, parent), system_(system) {
     setObjectName(QStringLiteral("CtlConnection1"));
     Build(programFolder);
     for (const Row row : {Mirror, Magnescale, Motor}) {

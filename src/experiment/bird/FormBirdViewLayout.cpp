@@ -76,7 +76,8 @@ void FormBirdView::BuildReadout(const QString& programFolder) {
     Identify(imgPramXYZ_, QStringLiteral("imgPramXYZ"), QStringLiteral("Readout captions"));
     AddLower(imgPramXYZ_, LettersPlace);
     for (std::size_t axis = 0; axis < AxisLabels; ++axis) {
-        auto* const label = new NumberLabel(&Body(), type::NumberStrip);
+        auto* const label = new NumberLabel(&Body());
+        label->Face(type::NumberStrip);
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
         Identify(*label, Indexed(QStringLiteral("lblXYZPos"), static_cast<int>(axis)),
                  QStringLiteral("View %1").arg(QChar('X' + static_cast<char16_t>(axis))));

@@ -14,9 +14,11 @@ constexpr QSizeF Design(486, 520);
 }  // namespace
 
 CtlExperiment2::CtlExperiment2(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(Design, parent), system_(system), Timer1_(system.timers.Create([this] { ArrowTick(); })) {
+    : PanelCanvas(Design, programFolder, parent),
+      system_(system),
+      Timer1_(system.timers.Create([this] { ArrowTick(); })) {
     setObjectName(QStringLiteral("CtlExperiment1"));
-    Place(programFolder);
+    Place();
     Connect();
     for (usrKVCheckButton& button : cellButton_) {
         button.Enabled(false);

@@ -6,24 +6,22 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDir>
 #include <QSocketNotifier>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <memory>
 #include <optional>
-#include <stdexcept>
+#include <string>
 
 #include "platform/qt/BrokenPipe.h"
-#include "workbench/HelpWish.h"
 #include "workbench/commands/Bench.h"
 #include "workbench/doors/ControlServer.h"
 #include "workbench/doors/WirePorts.h"
+#include "workbench/options/CommandLine.h"
 #include "workbench/socket/SocketPath.h"
 #include "workbench/window/WorkbenchWindow.h"
 
@@ -41,13 +39,16 @@ int EndSignals() {
     return signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
+const QString Program = QStringLiteral("travo-workbench");
+
 struct Options {
-    std::string programFolder;
+    QString programFolder;
     bool headless = false;
     bool endWithInput = false;
 };
 
-Options ReadOptions(const QCoreApplication& application) {
+// The exit code where the program has nothing more to do.
+std::optional<int> ReadOptions(int argc, char** argv, Options& options) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Simulated instruments for TRAVO."));
     const QCommandLineOption headless(QStringLiteral("headless"), QStringLiteral("Run without a window."));
@@ -56,20 +57,20 @@ Options ReadOptions(const QCoreApplication& application) {
     const QCommandLineOption input(QStringLiteral("end-with-input"),
                                    QStringLiteral("End when the standard input is closed."));
     parser.addOptions({headless, folder, input});
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.process(application);
-    Options options;
+    if (const auto exitCode = workbench::ReadCommandLine(parser, Program, argc, argv)) {
+        return exitCode;
+    }
     options.headless = parser.isSet(headless);
     options.endWithInput = parser.isSet(input);
-    if (parser.isSet(folder)) {
-        if (!QDir(parser.value(folder)).exists()) {
-            throw std::runtime_error("there is no such program folder: " +
-                                     parser.value(folder).toStdString());
-        }
-        options.programFolder = QDir(parser.value(folder)).absolutePath().toStdString();
+    if (!parser.isSet(folder)) {
+        return std::nullopt;
     }
-    return options;
+    if (!QDir(parser.value(folder)).exists()) {
+        return workbench::RefuseCommandLine(
+            Program, QStringLiteral("there is no such program folder: ") + parser.value(folder));
+    }
+    options.programFolder = QDir(parser.value(folder)).absolutePath();
+    return std::nullopt;
 }
 
 void MakeRuntimeFolder() {
@@ -88,9 +89,9 @@ void WatchInput(QSocketNotifier& notifier) {
     });
 }
 
-int Run(QCoreApplication& application, int endSignals) {
-    const Options options = ReadOptions(application);
-    workbench::Bench bench(options.programFolder);
+int Run(const Options& options, int endSignals) {
+    const std::string programFolder = options.programFolder.toStdString();
+    workbench::Bench bench(programFolder);
     const auto start = std::chrono::steady_clock::now();
     const auto clock = [start] {
         return std::chrono::duration_cast<workbench::Time>(std::chrono::steady_clock::now() - start);
@@ -99,7 +100,7 @@ int Run(QCoreApplication& application, int endSignals) {
     MakeRuntimeFolder();
     server.Listen(workbench::SocketPath());
     // After the socket: a second workbench must not take the links of the first.
-    const workbench::WirePorts ports(bench.instruments, options.programFolder, clock);
+    const workbench::WirePorts ports(bench.instruments, programFolder, clock);
 
     QSocketNotifier asked(endSignals, QSocketNotifier::Read);
     QObject::connect(&asked, &QSocketNotifier::activated, &asked, [] { QCoreApplication::quit(); });
@@ -119,14 +120,9 @@ int Run(QCoreApplication& application, int endSignals) {
 }
 
 // Without a window no display is needed.
-std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
-    if (workbench::IsAskedAboutItself(argc, argv)) {
+std::unique_ptr<QCoreApplication> MakeApplication(bool headless, int& argc, char** argv) {
+    if (headless) {
         return std::make_unique<QCoreApplication>(argc, argv);
-    }
-    for (int place = 1; place < argc; ++place) {
-        if (std::strcmp(argv[place], "--headless") == 0) {
-            return std::make_unique<QCoreApplication>(argc, argv);
-        }
     }
     return std::make_unique<QApplication>(argc, argv);
 }
@@ -136,11 +132,14 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
 int main(int argc, char** argv) {
     travo::platform::qt::OutliveReaders();
     const int endSignals = EndSignals();
-    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("travo-workbench"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(TRAVO_VERSION));
+    Options options;
+    if (const auto exitCode = ReadOptions(argc, argv, options)) {
+        return *exitCode;
+    }
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(options.headless, argc, argv);
+    QCoreApplication::setApplicationName(Program);
     try {
-        return Run(*application, endSignals);
+        return Run(options, endSignals);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "travo-workbench: %s\n", failure.what());
         return 1;

@@ -42,6 +42,14 @@ void PanelCanvas::Replace(int item, const PanelItem& content) {
     update();
 }
 
+std::vector<PanelItem> PanelCanvas::Items() const {
+    std::vector<PanelItem> items;
+    for (const Painted& painted : painted_) {
+        items.push_back(painted.item);
+    }
+    return items;
+}
+
 void PanelCanvas::Add(QWidget& control, const QRectF& rectangle) {
     layout_.Add(control, rectangle);
     control.setGeometry(layout_.PlacedOnPixels(rectangle, QSizeF(size())));

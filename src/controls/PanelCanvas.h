@@ -32,6 +32,9 @@ public:
     // Other content in the place of an item, as where a row turns grey. Raises std::out_of_range likewise.
     void Replace(int item, const PanelItem& content);
 
+    // What is painted, in order, whether it is seen or not.
+    std::vector<PanelItem> Items() const;
+
     // Puts a control, a child of this panel, into the layout; it stands there at once.
     void Add(QWidget& control, const QRectF& rectangle);
 

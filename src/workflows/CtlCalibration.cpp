@@ -6,7 +6,6 @@
 #include "core/ground/Arithmetic.h"
 #include "core/ground/Magnification.h"
 #include "core/state/SettingsKeys.h"
-#include "devices/links/ManipulatorRecord.h"
 
 namespace travo {
 
@@ -27,6 +26,8 @@ CtlCalibration::CtlCalibration(const System& system, const QString& programFolde
     : PanelCanvas(Design, programFolder, parent),
       system_(system),
       values_({system.needleMove, system.iniEdit, system.clock}),
+      recording_({system.state, system.communication, system.live}, values_),
+      raise_(system.communication, system.failures, system.owner),
       Timer1_(system.timers.Create([this] { lblWaring_.setVisible(lblWaring_.isHidden()); })) {
     setObjectName(QStringLiteral("CtlCalibration1"));
     Place();
@@ -63,11 +64,11 @@ void CtlCalibration::CapturePressed(std::size_t Index) {
     usrKVCheckButton& button = captureButton_.at(Index);
     if (!At2x()) {
         // As it stood: only what has been captured is down.
-        button.SetRaised(!PointCaptured_.at(Index));
+        button.SetRaised(!recording_.IsCaptured(Index));
         system_.failures.Show(AdjustMagnification);
         return;
     }
-    if (PointCaptured_.at(Index)) {
+    if (recording_.IsCaptured(Index)) {
         button.SetRaised(false);
         return;
     }
@@ -97,7 +98,7 @@ void CtlCalibration::CapturePressed(std::size_t Index) {
 }
 
 void CtlCalibration::Free(std::size_t Index) {
-    PointCaptured_.at(Index) = false;
+    recording_.Free(Index);
     captureButton_.at(Index).SetRaised(true);
 }
 
@@ -108,50 +109,14 @@ bool CtlCalibration::Capture(std::size_t Index) {
     }
     // A needle that was read for this press has raised it.
     button.SetRaised(false);
-    if (system_.state.LiveOpen) {
-        system_.live.LiveActionStart();
-    }
-    // The replies come later: the view that is recorded is the one known before.
-    system_.communication.RequestMagnescaleData();
-    system_.communication.RequestMirrorData();
-    PointCaptured_.at(Index) = true;
-    const Tip tip = ReadTip();
+    const CtlCalibrationRecording::Tip tip = recording_.Read(Index);
     if (LitNeedle() != NoNeedle && LitNeedle() != tip.needle) {
         ShowNeedle(tip.needle);
         return false;
     }
-    if (Index == PointCenter) {
-        values_.Center(tip.counts);
-    } else {
-        values_.Position(tip.needle, Index, tip.counts);
-    }
-    // Each point in the focal plane overwrites the view of the one before; the raised one does not lie in it.
-    if (Index != PointZ) {
-        values_.Zero(tip.needle, MirrorToCommon(system_.state.CurrentXYZ()));
-    }
-    TellCameraCaptured(Index);
+    recording_.Keep(Index, tip);
     GoOnAfter(Index);
     return true;
-}
-
-CtlCalibration::Tip CtlCalibration::ReadTip() {
-    const ManipulatorRecord record(system_.communication.RequestManipulatorData());
-    if (!record.HoldsPosition()) {
-        throw Failure("no manipulator position could be read");
-    }
-    return {record.Index(), record.Counts()};
-}
-
-void CtlCalibration::TellCameraCaptured(std::size_t Index) {
-    if (!system_.state.LiveOpen) {
-        return;
-    }
-    system_.live.LiveActionEnd();
-    if (Index == PointCenter) {
-        system_.live.LiveCalibCenter();
-    } else {
-        system_.live.LiveCalibPoints();
-    }
 }
 
 void CtlCalibration::GoOnAfter(std::size_t Index) {
@@ -159,9 +124,7 @@ void CtlCalibration::GoOnAfter(std::size_t Index) {
         confirmButton_[SetButton].Enabled(true);
         return;
     }
-    // The three marks stand first.
-    if (std::all_of(PointCaptured_.begin(), PointCaptured_.begin() + MarkCount,
-                    [](bool isCaptured) { return isCaptured; })) {
+    if (recording_.MarksStand()) {
         ChangeCalibrationStep(Step::RaisedFocus);
     }
 }

@@ -19,6 +19,8 @@
 #include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
 #include "platform/Clock.h"
+#include "workflows/CtlCalibrationRaise.h"
+#include "workflows/CtlCalibrationRecording.h"
 #include "workflows/CtlCalibrationValues.h"
 #include "workflows/CtlCalibrationWarning.h"
 
@@ -42,15 +44,11 @@ public:
     static constexpr int BlinkPeriod = 1000;
 
     // What only the owner can do.
-    class Owner {
+    class Owner : public CtlCalibrationRaise::Listener {
     public:
-        virtual ~Owner() = default;
         // The time of a needle's calibration (CalibOrRe 0) or re-calibration (1), as it is to be read; "-1"
         // for none. ManiNo is 0 to 3.
         virtual void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) = 0;
-        // The panel has raised the objective for the Z point more often than it has lowered it, or no longer.
-        // Told at each raise and lowering, behind the command and ahead of its box.
-        virtual void ObjectiveRaised(bool isRaised) = 0;
     };
 
     // Each outlives the panel.
@@ -85,10 +83,10 @@ public:
     void Hidden() override;
 
 private:
-    static constexpr std::size_t MarkCount = 3;
-    static constexpr std::size_t PointZ = 3;
-    static constexpr std::size_t PointCenter = 4;
-    static constexpr std::size_t CaptureCount = 5;
+    static constexpr std::size_t MarkCount = CtlCalibrationRecording::MarkCount;
+    static constexpr std::size_t PointZ = CtlCalibrationRecording::PointZ;
+    static constexpr std::size_t PointCenter = CtlCalibrationRecording::PointCenter;
+    static constexpr std::size_t CaptureCount = CtlCalibrationRecording::PointCount;
     static constexpr std::size_t FullCalibration = 0;
     static constexpr std::size_t SetButton = 0;
     static constexpr std::size_t ResetButton = 1;
@@ -112,14 +110,6 @@ private:
     // Reads once where the lit needle is not the one that was read last; false where it is not even then,
     // with the lamp at the one that is.
     bool LitNeedleIsSelected();
-    // A needle's tip as its manipulator reports it.
-    struct Tip {
-        std::int16_t needle;
-        PositionXYZ counts;
-    };
-    // Raises for a record that says that nothing could be read, and for one that is no record.
-    Tip ReadTip();
-    void TellCameraCaptured(std::size_t Index);
     void GoOnAfter(std::size_t Index);
 
     void ConfirmPressed(std::size_t Index);
@@ -132,9 +122,6 @@ private:
     void EnterStepOfMode();
     // All of a step but the camera.
     void ShowStep(Step step);
-    void RaiseObjective();
-    // The objective has moved up (1) or down (-1) by one raise.
-    void CountRaise(int way);
     Step StepOfMode() const;
 
     bool At2x() const;
@@ -147,11 +134,9 @@ private:
 
     const System system_;
 
-    // The position has been captured in this step.
-    std::array<bool, CaptureCount> PointCaptured_{};
     CtlCalibrationValues values_;
-    // Raises of this run less lowerings.
-    int raises_ = 0;
+    CtlCalibrationRecording recording_;
+    CtlCalibrationRaise raise_;
 
     std::array<usrKVCheckButton, 2> modeButton_;
     std::array<usrKVCheckButton, NeedleCount> needleButton_;

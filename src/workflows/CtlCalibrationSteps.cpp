@@ -8,9 +8,6 @@ namespace travo {
 
 namespace {
 
-// Motor steps between marks and raised focus; 100 common Z units.
-constexpr std::int32_t ObjectiveRaise = 10000;
-
 // What a step shows: a row of capture buttons and a picture.
 struct Look {
     std::size_t firstCapture;
@@ -53,7 +50,7 @@ void CtlCalibration::EnterStepOfMode() {
 
 void CtlCalibration::ShowStep(Step step) {
     const Look& look = Looks.at(static_cast<std::size_t>(step));
-    PointCaptured_.fill(false);
+    recording_.Begin();
     for (std::size_t point = look.firstCapture; point <= look.lastCapture; ++point) {
         captureButton_.at(point).SetRaised(true);
         captureButton_.at(point).show();
@@ -69,29 +66,10 @@ void CtlCalibration::ShowStep(Step step) {
         imgCalibPos_[picture].setVisible(picture == look.picture);
     }
     if (step == Step::RaisedFocus) {
-        RaiseObjective();
-    } else if (step == Step::AfterFullCalibration && system_.communication.MotorPortOpenCheck()) {
-        // Undoes the raise.
-        system_.communication.MotorMoveRZ(-ObjectiveRaise);
-        CountRaise(-1);
+        raise_.Raise();
+    } else if (step == Step::AfterFullCalibration) {
+        raise_.Lower();
     }
-}
-
-void CtlCalibration::RaiseObjective() {
-    if (system_.communication.MotorPortOpenCheck()) {
-        system_.communication.MotorMoveRZ(ObjectiveRaise);
-        CountRaise(1);
-        system_.failures.Show(
-            QStringLiteral("Adjust manipulator Z axis until needle tip is in focus.\r\n"
-                           "Do not adjust focus knob on microscope."));
-    } else {
-        system_.failures.Show(QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z"));
-    }
-}
-
-void CtlCalibration::CountRaise(int way) {
-    raises_ += way;
-    system_.owner.ObjectiveRaised(raises_ > 0);
 }
 
 CtlCalibration::Step CtlCalibration::StepOfMode() const {

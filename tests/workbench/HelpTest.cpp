@@ -1,47 +1,155 @@
-// What the workbench says of itself, where there is no display to open a window on.
+// What the workbench's programs say of themselves and of wrong options, where there is no display to open a
+// window on.
 #include <gtest/gtest.h>
 
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <ostream>
+#include <string>
+#include <vector>
 
 namespace workbench {
 
 namespace {
 
-struct Said {
-    int exitCode = -1;
-    QString text;
+struct Program {
+    const char* name;
+    const char* path;
+    const char* description;
+    const char* takes;  // of its help
 };
 
-Said Say(const QString& option) {
+void PrintTo(const Program& program, std::ostream* stream) { *stream << program.name; }
+
+const std::vector<Program> Programs{
+    {"travo-workbench", WORKBENCH_PROGRAM, "Simulated instruments for TRAVO.", "--program-folder <folder>"},
+    {"workbench-ask", ASK_PROGRAM, "Sends one command to the running workbench.", "ready | COMMAND..."},
+    {"TRAVOLive", LIVE_PROGRAM, "Stands in for the live camera program", "--version"},
+#ifdef TOUR_PROGRAM
+    {"tour", TOUR_PROGRAM, "Plays the operator on TRAVO's workbench.", "--only <name>"},
+#endif
+};
+
+struct Said {
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+Said Say(const char* program, const QStringList& arguments) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         environment.remove(QString::fromLatin1(name));
     }
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(WORKBENCH_PROGRAM), {option});
+    process.start(QString::fromLocal8Bit(program), arguments);
     EXPECT_TRUE(process.waitForFinished(20000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput())};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
 }
 
-TEST(Help, IsPrintedWithoutADisplay) {
+QStringList Words(const char* line) {
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+class CommandLineOf : public testing::TestWithParam<Program> {
+protected:
+    void ExpectHelp(const QStringList& arguments) {
+        const Said said = Say(GetParam().path, arguments);
+        const std::string line = arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(said.exitCode, 0) << line;
+        EXPECT_TRUE(said.out.startsWith(QStringLiteral("Usage: ") + QString::fromLocal8Bit(GetParam().path)))
+            << line << said.out.toStdString();
+        EXPECT_TRUE(said.out.contains(QString::fromLatin1(GetParam().description))) << line;
+        EXPECT_TRUE(said.out.contains(QString::fromLatin1(GetParam().takes))) << line;
+        EXPECT_EQ(said.err.toStdString(), "") << line;
+    }
+    void ExpectRefusal(const QStringList& arguments, const char* sentence) {
+        const Said said = Say(GetParam().path, arguments);
+        EXPECT_EQ(said.exitCode, 1) << sentence;
+        EXPECT_EQ(said.err.toStdString(), std::string(GetParam().name) + ": " + sentence + "\n");
+        EXPECT_EQ(said.out.toStdString(), "") << sentence;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Programs, CommandLineOf, testing::ValuesIn(Programs), [](const auto& program) {
+    return QString::fromLatin1(program.param.name).remove(QLatin1Char('-')).toStdString();
+});
+
+TEST_P(CommandLineOf, HelpIsPrintedWithoutADisplay) {
     for (const char* const option : {"--help", "-h", "--help-all"}) {
-        const Said said = Say(QString::fromLatin1(option));
-        EXPECT_EQ(said.exitCode, 0) << option;
-        EXPECT_TRUE(said.text.contains(QStringLiteral("Simulated instruments for TRAVO."))) << option;
-        EXPECT_TRUE(said.text.contains(QStringLiteral("--program-folder"))) << option;
+        ExpectHelp(Words(option));
     }
 }
 
-TEST(Help, TheVersionIsPrintedWithoutADisplay) {
-    for (const char* const option : {"--version", "-v"}) {
-        const Said said = Say(QString::fromLatin1(option));
-        EXPECT_EQ(said.exitCode, 0) << option;
-        EXPECT_TRUE(said.text.startsWith(QStringLiteral("travo-workbench 1."))) << said.text.toStdString();
+TEST_P(CommandLineOf, TheVersionIsPrintedWithoutADisplay) {
+    for (const char* const line : {"--version", "-v", "--version --help", "--help --version"}) {
+        const Said said = Say(GetParam().path, Words(line));
+        EXPECT_EQ(said.exitCode, 0) << line;
+        EXPECT_EQ(said.out.toStdString(), std::string(GetParam().name) + " " TRAVO_VERSION "\n");
+        EXPECT_EQ(said.err.toStdString(), "");
     }
 }
+
+TEST_P(CommandLineOf, AWrongOptionIsToldWithoutADisplay) {
+    ExpectRefusal({QStringLiteral("--nonsense")}, "Unknown option 'nonsense'.");
+    ExpectRefusal(Words("-n"), "Unknown option 'n'.");
+    ExpectRefusal(Words("--help=yes"), "Unexpected value after '--help'.");
+    ExpectRefusal(Words("--help --nonsense"), "Unknown option 'nonsense'.");
+    ExpectRefusal(Words("--nonsense --help"), "Unknown option 'nonsense'.");
+}
+
+class TheWorkbench : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, TheWorkbench, testing::Values(Programs.at(0)));
+
+TEST_P(TheWorkbench, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
+    ExpectHelp(Words("--headless --help --end-with-input"));
+    ExpectHelp(Words("--program-folder /nowhere --headless -h"));
+    ExpectHelp(Words("-h --program-folder=/nowhere"));
+}
+
+TEST_P(TheWorkbench, RefusesAnOptionThatLacksItsValueAndAFolderThatIsNotThere) {
+    ExpectRefusal(Words("--headless --program-folder"), "Missing value after '--program-folder'.");
+    ExpectRefusal(Words("--program-folder /nowhere"), "there is no such program folder: /nowhere");
+}
+
+class Ask : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, Ask, testing::Values(Programs.at(1)));
+
+TEST_P(Ask, TakesOptionsAheadOfTheCommandAlone) {
+    ExpectHelp(Words("--help world move 1 -5 -5 -5"));
+    // What comes behind the first word is the command's, whatever it looks like: here it is sent.
+    const Said said = Say(GetParam().path, Words("world --help -5"));
+    EXPECT_EQ(said.exitCode, 1);
+    EXPECT_TRUE(said.err.startsWith(QStringLiteral("workbench-ask: "))) << said.err.toStdString();
+    EXPECT_FALSE(said.err.contains(QStringLiteral("option"))) << said.err.toStdString();
+    EXPECT_EQ(said.out.toStdString(), "");
+}
+
+TEST_P(Ask, SaysHowItIsUsedWhereItIsToldNothing) {
+    const Said said = Say(GetParam().path, {});
+    EXPECT_EQ(said.exitCode, 2);
+    EXPECT_EQ(said.err.toStdString(),
+              "usage: workbench-ask ready | COMMAND...   (commands: docs/workbench.md)\n");
+}
+
+#ifdef TOUR_PROGRAM
+class Tour : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, Tour, testing::Values(Programs.at(3)));
+
+TEST_P(Tour, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
+    ExpectHelp(Words("--only panels --help folder workbench pictures"));
+    ExpectHelp(Words("folder -h workbench"));
+}
+
+TEST_P(Tour, RefusesWhatItCannotPlay) {
+    ExpectRefusal(Words("--only nothing folder workbench pictures"),
+                  "there is nothing to play of the name nothing");
+    ExpectRefusal(Words("folder workbench"),
+                  "takes the program folder, the workbench and a folder for pictures");
+}
+#endif
 
 }  // namespace
 

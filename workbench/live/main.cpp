@@ -9,6 +9,7 @@
 
 #include "platform/qt/BrokenPipe.h"
 #include "workbench/live/LiveProgram.h"
+#include "workbench/options/CommandLine.h"
 
 namespace {
 
@@ -29,8 +30,15 @@ int EndSignals() {
 int main(int argc, char** argv) {
     travo::platform::qt::OutliveReaders();
     const int endSignals = EndSignals();
+    const QString name = QStringLiteral("TRAVOLive");
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Stands in for the live camera program; the session bus starts it."));
+    if (const auto exitCode = workbench::ReadCommandLine(parser, name, argc, argv)) {
+        return *exitCode;
+    }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("TRAVOLive"));
+    QApplication::setApplicationName(name);
     QApplication::setQuitOnLastWindowClosed(false);
     workbench::live::LiveProgram program(QApplication::applicationDirPath());
     if (!program.Start()) {

@@ -1,15 +1,15 @@
 // tour: plays the operator on the workbench and says what truly happened. Ends with 1 at the first
 // act that fails.
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <optional>
 
 #include "platform/qt/QtApplicationLoop.h"
-#include "workbench/HelpWish.h"
+#include "workbench/options/CommandLine.h"
 #include "workbench/tour/CalibrationAct.h"
 #include "workbench/tour/NeedleAct.h"
 #include "workbench/tour/PanelAct.h"
@@ -51,10 +51,16 @@ struct Wish {
     QString only;  // the one day to be played, empty for all
 };
 
-Wish ReadWish(const QCoreApplication& application) {
+const QString Program = QStringLiteral("tour");
+
+bool IsDay(const QString& name) {
+    return std::any_of(Days().begin(), Days().end(), [&name](const Day& day) { return day.name == name; });
+}
+
+// The exit code where there is nothing to be played.
+std::optional<int> ReadWish(int argumentCount, char** arguments, Wish& wish) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Plays the operator on TRAVO's workbench."));
-    parser.addHelpOption();
     const QCommandLineOption only(
         QStringLiteral("only"),
         QStringLiteral("Plays this alone: instruments, panels, calibration or windows."),
@@ -63,17 +69,22 @@ Wish ReadWish(const QCoreApplication& application) {
     parser.addPositionalArgument(QStringLiteral("program-folder"), QStringLiteral("TRAVO's program folder."));
     parser.addPositionalArgument(QStringLiteral("workbench"), QStringLiteral("The travo-workbench program."));
     parser.addPositionalArgument(QStringLiteral("pictures"), QStringLiteral("Folder for the screenshots."));
-    parser.process(application);
-    const bool known = !parser.isSet(only) || std::any_of(Days().begin(), Days().end(), [&](const Day& day) {
-        return day.name == parser.value(only);
-    });
-    if (parser.positionalArguments().size() != 3 || !known) {
-        parser.showHelp(1);
+    if (const auto exitCode = workbench::ReadCommandLine(parser, Program, argumentCount, arguments)) {
+        return exitCode;
+    }
+    if (parser.isSet(only) && !IsDay(parser.value(only))) {
+        return workbench::RefuseCommandLine(
+            Program, QStringLiteral("there is nothing to play of the name ") + parser.value(only));
+    }
+    if (parser.positionalArguments().size() != 3) {
+        return workbench::RefuseCommandLine(
+            Program, QStringLiteral("takes the program folder, the workbench and a folder for pictures"));
     }
     const auto path = [&](int index) {
         return QFileInfo(parser.positionalArguments().at(index)).absoluteFilePath();
     };
-    return {{path(0), path(1), path(2)}, parser.value(only)};
+    wish = {{path(0), path(1), path(2)}, parser.value(only)};
+    return std::nullopt;
 }
 
 void Play(const Wish& wish) {
@@ -88,15 +99,14 @@ void Play(const Wish& wish) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    if (workbench::IsAskedAboutItself(argumentCount, arguments)) {
-        const QCoreApplication application(argumentCount, arguments);
-        ReadWish(application);
-        return 1;
+    Wish wish;
+    if (const auto exitCode = ReadWish(argumentCount, arguments, wish)) {
+        return *exitCode;
     }
     travo::platform::qt::QtApplicationLoop::PreferX11();
     travo::platform::qt::QtApplicationLoop application(argumentCount, arguments);
     try {
-        Play(ReadWish(application));
+        Play(wish);
     } catch (const std::exception& failure) {
         std::printf("\nThe tour failed: %s.\n", failure.what());
         return 1;

@@ -8,11 +8,8 @@
 
 namespace travo {
 
-using platform::PointerShape;
-
 namespace {
 
-constexpr int WatchPeriod = 150;             // milliseconds
 constexpr std::int32_t TestDistance = 1000;  // counts of the focus motor
 // Numbers that the arrow of the manipulators reaches stay below this.
 constexpr std::int32_t ManipulatorLimit = 5;
@@ -32,14 +29,13 @@ std::int32_t LimitedValue(const QString& text) {
 }  // namespace
 
 CtlConnection::CtlConnection(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(QSizeF(486, 520), programFolder, parent), system_(system) {
+    : PanelCanvas(QSizeF(486, 520), programFolder, parent),
+      system_(system),
+      watch_(
+          {system.state, system.instruments, system.settings, system.failures, system.pointer, system.timers},
+          *this) {
     setObjectName(QStringLiteral("CtlConnection1"));
     Build(programFolder);
-    for (const Row row : {Mirror, Magnescale, Motor}) {
-        auto& timer = ConnectTimer_[static_cast<std::size_t>(row)];
-        timer = system_.timers.Create([this, row] { ConnectTimer_Timer(row); });
-        timer->Interval(WatchPeriod);
-    }
     for (const Button test : {TestMirror, TestMotor, TestMagnescale}) {
         usrKVButton1_[test]->Enabled(false);
     }
@@ -47,32 +43,24 @@ CtlConnection::CtlConnection(const System& system, const QString& programFolder,
 }
 
 void CtlConnection::Shown() {
-    StopWatches();
-    for (const Row row : {Mirror, Magnescale, Motor}) {
-        ConnectTimer(row).Interval(WatchPeriod);
-        ConnectRetryCount(row) = 0;
-    }
+    watch_.TakeStock();
     StateChange();
-    if (PortIsOpen(Mirror)) {
-        usrKVButton1_[TestMirror]->Enabled(true);
-    } else {
-        ForgetView(Mirror);
-    }
-    if (PortIsOpen(Magnescale)) {
-        usrKVButton1_[TestMagnescale]->Enabled(true);
-    } else {
-        ForgetView(Magnescale);
-    }
-    if (PortIsOpen(Motor)) {
-        usrKVButton1_[TestMotor]->Enabled(true);
-    } else {
-        system_.state.bMotorONOFF = false;
-    }
     // A command whose answer never came would keep it locked for the whole run.
     usrKVButton1_[Motor]->Enabled(true);
 }
 
-void CtlConnection::Hidden() { StopWatches(); }
+void CtlConnection::Hidden() { watch_.StopAll(); }
+
+void CtlConnection::PortLost(Instrument instrument) { watch_.Lost(instrument); }
+
+void CtlConnection::TimerONOFF(std::int16_t Index, bool bONOFF) {
+    const auto instrument = static_cast<Instrument>(Bounded(Index, PortWatch::Count));
+    if (bONOFF) {
+        watch_.Start(instrument);
+    } else {
+        watch_.Stop(instrument);
+    }
+}
 
 void CtlConnection::ControlONOFF(bool bONOFF) {
     usrKVButton1_[Motor]->Enabled(bONOFF);
@@ -135,17 +123,15 @@ std::int32_t CtlConnection::BoxValue(Row row) const {
 void CtlConnection::PressButton(int index) {
     switch (index) {
         case Mirror:
-            return HandlePort(Mirror, [this] { SetMirrorPort(); });
         case Magnescale:
-            return HandlePort(Magnescale, [this] { SetMagnescalePort(); });
         case Motor:
-            return HandlePort(Motor, [this] { SetMotorPort(); });
+            return watch_.Open(static_cast<Instrument>(index));
         case OpenList:
             return ShowPortList();
         case TestMirror:
             return StepMagnification();
         case TestMotor:
-            if (PortIsOpen(Motor)) {
+            if (watch_.IsOpen(Instrument::Motor)) {
                 system_.instruments.MotorMoveRZ(TestDistance);
             }
             return;
@@ -159,87 +145,17 @@ void CtlConnection::PressButton(int index) {
     }
 }
 
-template <typename Steps>
-void CtlConnection::HandlePort(Row row, Steps&& steps) {
-    system_.failures.Handle(QStringLiteral("%1 : Connection failed").arg(Key(row)), [&] {
-        try {
-            steps();
-        } catch (...) {
-            TakeBack(row);
-            throw;
-        }
-    });
+std::int32_t CtlConnection::ChosenPort(Instrument instrument) const {
+    return BoxValue(static_cast<Row>(instrument));
 }
 
-void CtlConnection::SetMirrorPort() {
-    ForgetView(Mirror);
-    const std::int16_t port = ToInteger16(BoxValue(Mirror));
-    if (port >= 0) {
-        system_.instruments.MirrorPortOpen(port);
-        StartWatch(Mirror);
-    } else {
-        system_.instruments.MirrorPortClose();
-        ConnectRetryCount(Mirror) = 0;
-        ShowState(Mirror, RowState::AtRest);
-    }
+void CtlConnection::PortStateChanged(Instrument instrument, PortState state) {
+    ShowState(static_cast<Row>(instrument), state);
 }
 
-void CtlConnection::SetMagnescalePort() {
-    ForgetView(Magnescale);
-    const std::int16_t port = ToInteger16(BoxValue(Magnescale));
-    if (port >= 0) {
-        system_.pointer.Screen(PointerShape::Hourglass);
-        system_.instruments.MagnescalePortOpen(port);
-        StartWatch(Magnescale);
-    } else {
-        system_.instruments.MagnescalePortClose();
-        system_.instruments.MagnescaleKeyON();
-        ConnectRetryCount(Magnescale) = 0;
-        ShowState(Magnescale, RowState::AtRest);
-    }
-}
-
-void CtlConnection::SetMotorPort() {
-    system_.state.bMotorONOFF = false;
-    const std::int16_t port = ToInteger16(BoxValue(Motor));
-    if (port >= 0) {
-        system_.instruments.MotorPortOpen(port);
-        StartWatch(Motor);
-    } else {
-        system_.instruments.MotorPortClose();
-        ConnectRetryCount(Motor) = 0;
-        ShowState(Motor, RowState::AtRest);
-    }
-}
-
-void CtlConnection::TakeBack(Row row) {
-    ConnectTimer(row).Enabled(false);
-    ShowState(row, RowState::NotOpened);
-    switch (row) {
-        case Mirror:
-            system_.instruments.MirrorPortClose();
-            return ForgetView(Mirror);
-        case Magnescale:
-            system_.instruments.MagnescalePortClose();
-            system_.pointer.Screen(PointerShape::Default);
-            ConnectRetryCount(Magnescale) = 0;
-            ForgetView(Magnescale);
-            return system_.instruments.MagnescaleKeyON();
-        default:
-            system_.instruments.MotorPortClose();
-            ConnectRetryCount(Motor) = 0;
-            return ControlONOFF(true);
-    }
-}
-
-// What the instrument of that row last said of the view.
-void CtlConnection::ForgetView(Row row) {
-    if (row == Mirror) {
-        system_.state.CurrentXYZ(0, NoPositionValue);
-        system_.state.CurrentXYZ(1, NoPositionValue);
-    } else {
-        system_.state.CurrentXYZ(2, NoPositionValue);
-    }
+void CtlConnection::TestAllowed(Instrument instrument, bool isAllowed) {
+    static constexpr std::array<Button, PortWatch::Count> tests{TestMirror, TestMagnescale, TestMotor};
+    usrKVButton1_[tests[static_cast<std::size_t>(instrument)]]->Enabled(isAllowed);
 }
 
 void CtlConnection::ShowPortList() {
@@ -252,7 +168,7 @@ void CtlConnection::ShowPortList() {
 }
 
 void CtlConnection::StepMagnification() {
-    if (PortIsOpen(Mirror)) {
+    if (watch_.IsOpen(Instrument::Mirror)) {
         const auto next = static_cast<std::int16_t>(system_.state.CurrentMagnification() + 1);
         system_.instruments.SendMirrorMagnificationData(
             next > Magnification4x ? std::int16_t{Magnification035x} : next);
@@ -277,13 +193,6 @@ void CtlConnection::AttachCamera() {
         system_.state.LiveOpen = true;
     });
     ShowState(Camera, system_.state.LiveOpen ? RowState::Connected : RowState::Refused);
-}
-
-bool CtlConnection::PortIsOpen(Row row) const {
-    const clsCommunication& instruments = system_.instruments;
-    return row == Mirror       ? instruments.MirrorPortOpenCheck()
-           : row == Magnescale ? instruments.MagnescalePortOpenCheck()
-                               : instruments.MotorPortOpenCheck();
 }
 
 }  // namespace travo

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 
 #include "controls/NumberBox.h"
 #include "controls/NumberLabel.h"
@@ -15,6 +14,7 @@
 #include "core/state/SharedState.h"
 #include "core/state/clsIniEdit.h"
 #include "devices/links/clsCommunication.h"
+#include "devices/view/PortWatch.h"
 #include "platform/Clock.h"
 #include "platform/Pointer.h"
 #include "platform/SerialPortList.h"
@@ -23,11 +23,10 @@ namespace travo {
 
 class FormPortList;
 
-// The links wait for no answer. Here is the one limit: from the opening of a port a timer of 150 ms looks
-// for the first value of the instrument. A value by the seventh tick keeps and stores the port; without
-// one the port is closed and forgotten. Start-up runs the same watches on the stored ports, by the three
-// operations below, before the panel is ever shown.
-class CtlConnection : public PanelCanvas, public PanelSteps {
+// The ports are opened, watched and given up by `PortWatch`; here is what the operator sees and presses.
+// Start-up runs the same watches on the stored ports, by `txtNoChange` and `TimerONOFF`, before the panel is
+// ever shown.
+class CtlConnection : public PanelCanvas, public PanelSteps, private PortWatch::Listener {
     Q_OBJECT
 
 public:
@@ -77,10 +76,9 @@ public:
     void StateChange();
 
 private:
-    // Rows of the panel; the first four are the indexes of the number boxes, the first three those of the
-    // watches.
+    // Rows of the panel; the first four are the indexes of the number boxes, the first three the instruments
+    // that are watched.
     enum Row : std::int16_t { Mirror, Magnescale, Motor, Manipulator, Camera };
-    static constexpr std::size_t WatchCount = 3;
     static constexpr std::size_t BoxCount = 4;
     static constexpr std::size_t RowCount = 5;
     // Indexes of the buttons.
@@ -88,9 +86,8 @@ private:
     static constexpr std::size_t ButtonCount = 9;
     // That the operator can type: enough for a number beyond 16 bits, which its row refuses.
     static constexpr int TypedFigures = 5;
-    // What a row says of itself. Lost: a port that was open has closed by itself. NotOpened: it cannot be
-    // opened, or its number cannot be had.
-    enum class RowState { AtRest, Watching, Connected, Refused, Lost, NotOpened };
+    // What a row says of itself.
+    using RowState = PortState;
 
     // Building, placing and wiring, and what the rows say; in a file of their own.
     void Build(const QString& programFolder);
@@ -101,43 +98,23 @@ private:
     void ShowState(Row row, RowState state);
 
     void PressButton(int index);
-    // Runs the steps of one of the buttons 0 to 2. What they raise ends in the row's way back and its
-    // message.
-    template <typename Steps>
-    void HandlePort(Row row, Steps&& steps);
-    void SetMirrorPort();
-    void SetMagnescalePort();
-    void SetMotorPort();
-    void TakeBack(Row row);
-    void ForgetView(Row row);
-
     void txtNo_Change(Row row);
     void PressDown(Row row);
     void PressUp(Row row);
     void Write(Row row, const QString& text);
     std::int32_t BoxValue(Row row) const;
 
-    void ConnectTimer_Timer(Row row);
-    void WatchMirror();
-    void WatchMagnescale();
-    void WatchMotor();
-    bool InTime(Row row) const;
-    void StartWatch(Row row);
-    void StopWatches();
-    RowState Refusal(Row row) const;
-    void EndWatch(Row row, RowState verdict);
-    void Store(Row row, std::int32_t port);
-    // Of the settings file.
-    static const QString& Key(Row row);
+    // PortWatch::Listener
+    std::int32_t ChosenPort(Instrument instrument) const override;
+    void PortStateChanged(Instrument instrument, PortState state) override;
+    void TestAllowed(Instrument instrument, bool isAllowed) override;
+    void MotorUnlocked() override { ControlONOFF(true); }
+    void MirrorAnswers(bool doesAnswer) override { system_.owner.chkMirror(doesAnswer); }
 
     void ShowPortList();
     void StepMagnification();
     void JogManipulator();
     void AttachCamera();
-
-    std::int16_t& ConnectRetryCount(Row row) { return ConnectRetryCount_[static_cast<std::size_t>(row)]; }
-    platform::Timer& ConnectTimer(Row row) { return *ConnectTimer_[static_cast<std::size_t>(row)]; }
-    bool PortIsOpen(Row row) const;
 
     System system_;
     std::array<usrKVButton*, ButtonCount> usrKVButton1_{};
@@ -146,9 +123,7 @@ private:
     std::array<NumberBox*, BoxCount> txtNo_{};
     std::array<NumberLabel*, RowCount> lblState_{};
     std::array<RowState, RowCount> shownState_{};
-    std::array<std::unique_ptr<platform::Timer>, WatchCount> ConnectTimer_;
-    // Ticks since the watch was started. A verdict leaves it at 1, since its own tick is counted too.
-    std::array<std::int16_t, BoxCount> ConnectRetryCount_{};
+    PortWatch watch_;
     FormPortList* portList_ = nullptr;  // a child, from the first time that it is asked for
 };
 

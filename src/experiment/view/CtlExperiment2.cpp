@@ -16,6 +16,7 @@ constexpr QSizeF Design(486, 520);
 CtlExperiment2::CtlExperiment2(const System& system, const QString& programFolder, QWidget* parent)
     : PanelCanvas(Design, programFolder, parent),
       system_(system),
+      selected_({system.state, system.communication, system.needle}),
       Timer1_(system.timers.Create([this] { ArrowTick(); })) {
     setObjectName(QStringLiteral("CtlExperiment1"));
     Place();
@@ -104,7 +105,7 @@ bool CtlExperiment2::MoveNeedle(const PositionXYZ& target) {
     if (common[Z] == NoPositionValue) {
         common[Z] = 0;
     }
-    system_.needleMove.NeedleMoveCellPosition(system_.state.intManipulatorNumber, common,
+    system_.needleMove.NeedleMoveCellPosition(selected_.Index(), common,
                                               system_.state.intTotalManipulatorNumber);
     return true;
 }
@@ -122,10 +123,7 @@ void CtlExperiment2::MoveView(const PositionXYZ& target) {
 
 void CtlExperiment2::NeedlePressed(std::int16_t Index) {
     ShowNeedle(Index);
-    if (system_.state.intManipulatorNumber != Index) {
-        selectUnread_ = true;
-        system_.communication.ChangeManipulator(ToInteger16(Index + 1));
-    }
+    selected_.Choose(Index);
     ShowPresentView(true);
     if (MirrorCanMove()) {
         synchroButton_.Enabled(true);
@@ -139,7 +137,7 @@ void CtlExperiment2::NeedlePressed(std::int16_t Index) {
 }
 
 void CtlExperiment2::ManipulatorChange(std::int16_t ManipulatorNumber) {
-    selectUnread_ = false;
+    selected_.HasBeenRead();
     ShowNeedle(ManipulatorNumber);
 }
 
@@ -281,40 +279,22 @@ void CtlExperiment2::ObjectiveEscapePressed() {
 }
 
 void CtlExperiment2::NeedleEscapePressed() {
-    if (!NeedleIsKnown()) {
+    if (!selected_.IsKnown()) {
         system_.failures.Report(QStringLiteral("Escape : Communication failed"));
         return;
     }
     std::int32_t z = system_.state.CurrentXYZ(2);
     // A copy: the wait for the objective serves events, and the needle is read anew in them.
-    const PositionXYZ needle = SelectedNeedle();
+    const PositionXYZ needle = selected_.Place();
     system_.escape.HomePositionEscape(needle, z, system_.state.intTotalManipulatorNumber,
                                       [this] { return NeedleMayGoHome(); });
 }
 
 // The needle that is lit is the needle that acts.
 
-bool CtlExperiment2::NeedleIsKnown() const {
-    const std::int16_t selected = system_.state.intManipulatorNumber;
-    return selected >= 0 && selected < NeedleCount;
-}
-
-bool CtlExperiment2::LitNeedleIsSelected() {
-    const std::int16_t lit = intMoveTarget_;
-    const std::int16_t& selected = system_.state.intManipulatorNumber;
-    if (lit == View || (selected == lit && !selectUnread_)) {
-        return true;
-    }
-    if (selected == -1 || !system_.needle.ManipulatorReload()) {
-        return false;
-    }
-    selectUnread_ = false;
-    return selected == lit;
-}
-
 void CtlExperiment2::LightSelectedNeedle() {
-    if (NeedleIsKnown()) {
-        ShowNeedle(system_.state.intManipulatorNumber);
+    if (selected_.IsKnown()) {
+        ShowNeedle(selected_.Index());
     }
 }
 
@@ -325,7 +305,7 @@ void CtlExperiment2::RefuseNeedle() {
 
 bool CtlExperiment2::NeedleMayGoHome() {
     // A needle that is not known any more is the escape's own failure.
-    if (!NeedleIsKnown() || LitNeedleIsSelected()) {
+    if (!selected_.IsKnown() || LitNeedleIsSelected()) {
         return true;
     }
     RefuseNeedle();
@@ -340,10 +320,6 @@ bool CtlExperiment2::MirrorCanMove() const { return system_.state.intMagnificati
 PositionXYZ CtlExperiment2::Cell(std::int16_t cell) const {
     const SharedState& state = system_.state;
     return {state.CellPosition(cell, 0), state.CellPosition(cell, 1), state.CellPosition(cell, 2)};
-}
-
-const PositionXYZ& CtlExperiment2::SelectedNeedle() const {
-    return system_.state.Needles()[Bounded(system_.state.intManipulatorNumber, NeedleCount)];
 }
 
 void CtlExperiment2::EnableCells(bool allowed) {

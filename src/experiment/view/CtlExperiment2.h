@@ -16,6 +16,8 @@
 #include "core/state/NeedleReader.h"
 #include "core/state/SharedState.h"
 #include "devices/links/clsCommunication.h"
+#include "experiment/view/FollowedView.h"
+#include "experiment/view/SelectedNeedle.h"
 #include "mirror/motion/clsMirrorMove.h"
 #include "needle/clsEscape.h"
 #include "needle/clsNeedleMove.h"
@@ -115,10 +117,8 @@ private:
     void Unlock();
 
     void ShowNeedle(std::int16_t ManipulatorNumber);
-    // A needle of the tables has been read as the one that the hardware has.
-    bool NeedleIsKnown() const;
-    // Reads once where the lit needle is not the one last read; true also where the view is lit.
-    bool LitNeedleIsSelected();
+    // True also where the view is lit. May read the needle.
+    bool LitNeedleIsSelected() { return intMoveTarget_ == View || selected_.Is(intMoveTarget_); }
     // The lamp goes from the lit needle to the one that the hardware has, as far as that is known.
     void LightSelectedNeedle();
     void RefuseNeedle();
@@ -129,7 +129,6 @@ private:
     bool HasNeedles() const { return system_.state.intTotalManipulatorNumber != -1; }
     bool IsSet(std::int16_t cell) const { return system_.state.CellPosition(cell, 0) != NoPositionValue; }
     PositionXYZ Cell(std::int16_t cell) const;
-    const PositionXYZ& SelectedNeedle() const;
 
     void EnableCells(bool allowed);
     void EnableViewButtons(bool enabled);
@@ -147,13 +146,11 @@ private:
     std::int16_t intCellNo_ = 0;
     // What moves: needle 0 to 3, or View.
     std::int16_t intMoveTarget_ = 0;
-    // Another needle has been asked for than the one known, and none has been read since.
-    bool selectUnread_ = false;
     bool bSynchroONOFF_ = false;
     bool bDirectONOFF_ = false;
     std::int16_t intArrowFrame_ = FirstFrame;
-    // The view at the last synchronised step, in the mirror frame.
-    PositionXYZ lngSynchroXYZ_{};
+    SelectedNeedle selected_;
+    FollowedView followed_;
 
     usrKVButton moveButton_;
     std::array<usrKVCheckButton, NeedleCount> needleButton_;

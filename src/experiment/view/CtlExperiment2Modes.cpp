@@ -22,7 +22,7 @@ void CtlExperiment2::SynchroPressed() {
 }
 
 bool CtlExperiment2::NeedleCanFollow() {
-    if (!NeedleIsKnown()) {
+    if (!selected_.IsKnown()) {
         return false;
     }
     if (LitNeedleIsSelected()) {
@@ -35,10 +35,9 @@ bool CtlExperiment2::NeedleCanFollow() {
 void CtlExperiment2::EnterSynchro() {
     SwitchDirectOff();
     if (intMoveTarget_ == View) {
-        const std::int16_t selected = system_.state.intManipulatorNumber;
         viewButton_.SetRaised(true);
-        needleButton_[Bounded(selected, needleButton_.size())].SetRaised(false);
-        intMoveTarget_ = selected;
+        needleButton_[Bounded(selected_.Index(), needleButton_.size())].SetRaised(false);
+        intMoveTarget_ = selected_.Index();
         ShowMoveLamp();
     }
     objectiveEscapeButton_.Enabled(false);
@@ -51,7 +50,7 @@ void CtlExperiment2::EnterSynchro() {
     ShowArrow(false);
     // The needle goes with the view; `intCellNo` waits for the end of the mode.
     ShowTargetLamp(PresentView);
-    lngSynchroXYZ_ = system_.state.CurrentXYZ();
+    followed_.Begin(system_.state.CurrentXYZ());
 }
 
 void CtlExperiment2::LeaveSynchro() {
@@ -99,19 +98,10 @@ void CtlExperiment2::ChangeCurrentXYZ(const PositionXYZ& CurrentXYZ) {
     objectiveEscapeButton_.Enabled(false);
     needleEscapeButton_.Enabled(false);
 
-    const PositionXYZ needle = SelectedNeedle();
-    PositionXYZ change{};
-    for (std::size_t axis = 0; axis < change.size(); ++axis) {
-        // An axis that is not known, now or at the last step, has not moved as far as anybody can tell.
-        if (CurrentXYZ[axis] != NoPositionValue && lngSynchroXYZ_[axis] != NoPositionValue) {
-            change[axis] = Difference(CurrentXYZ[axis], lngSynchroXYZ_[axis]);
-        }
-    }
-    // Each change is rounded by itself and no remainder is carried.
-    const PositionXYZ displacement = MirrorToCommon(change);
-    lngSynchroXYZ_ = CurrentXYZ;
-    if (!system_.needleSynchro.NeedleSynchroMove(system_.state.intManipulatorNumber, needle, CurrentXYZ,
-                                                 displacement, system_.state.intTotalManipulatorNumber)) {
+    const PositionXYZ needle = selected_.Place();
+    const PositionXYZ displacement = followed_.GoneTo(CurrentXYZ);
+    if (!system_.needleSynchro.NeedleSynchroMove(selected_.Index(), needle, CurrentXYZ, displacement,
+                                                 system_.state.intTotalManipulatorNumber)) {
         SynchroFalse();
     }
 }

@@ -17,10 +17,16 @@ constexpr double Radius = 3;
 constexpr qsizetype MostCharacters = 200;
 }  // namespace
 
-NumberLabel::NumberLabel(QWidget* parent, double pixels, QFont::Weight weight, Ground ground)
-    : QLabel(parent), pixels_(pixels), weight_(weight), ground_(ground), colour_(palette::Ink) {
+NumberLabel::NumberLabel(QWidget* parent) : QLabel(parent), colour_(palette::Ink) {
     setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void NumberLabel::Face(double pixels, QFont::Weight weight, Ground ground) {
+    pixels_ = pixels;
+    weight_ = weight;
+    ground_ = ground;
+    update();
 }
 
 void NumberLabel::setText(const QString& text) {

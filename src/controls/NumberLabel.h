@@ -9,17 +9,19 @@
 namespace travo {
 
 // On the ground of readings with a hairline, its text 5 design pixels from the edge, or bare, from edge to
-// edge. Right-aligned at first; `setAlignment` takes Qt::AlignLeft and Qt::AlignHCenter as well. Text that
-// is wider than the label is shrunk; "N/A" stands in the colour of what is off. Assistive programs get the
-// text as its name and the human name as its description.
+// edge. A reading at first, right-aligned; `setAlignment` takes Qt::AlignLeft and Qt::AlignHCenter as well.
+// Text that is wider than the label is shrunk; "N/A" stands in the colour of what is off. Assistive programs
+// get the text as its name and the human name as its description.
 class NumberLabel : public QLabel, public DesignSized {
     Q_OBJECT
 
 public:
     enum class Ground { Framed, Bare };
 
-    explicit NumberLabel(QWidget* parent = nullptr, double pixels = type::Number,
-                         QFont::Weight weight = QFont::DemiBold, Ground ground = Ground::Framed);
+    explicit NumberLabel(QWidget* parent = nullptr);
+
+    // Other type than that of readings: its size in design pixels.
+    void Face(double pixels, QFont::Weight weight = QFont::DemiBold, Ground ground = Ground::Framed);
 
     // Hides QLabel's: the accessible name follows the text. The text stays one line of plain text, whatever
     // it holds; one that is longer than anybody could read is cut.
@@ -41,9 +43,9 @@ private:
     double SideRoom() const;
     void PaintGround(QPainter& painter) const;
 
-    double pixels_;
-    QFont::Weight weight_;
-    Ground ground_;
+    double pixels_ = type::Number;
+    QFont::Weight weight_ = QFont::DemiBold;
+    Ground ground_ = Ground::Framed;
     QColor colour_;
 };
 

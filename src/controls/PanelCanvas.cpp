@@ -14,14 +14,11 @@ constexpr double SlotRadius = 5;
 constexpr double SlotLine = 1.4;
 }  // namespace
 
-PanelCanvas::PanelCanvas(const QSizeF& design, QWidget* parent) : QWidget(parent), layout_(design) {
+PanelCanvas::PanelCanvas(const QSizeF& design, const QString& programFolder, QWidget* parent)
+    : QWidget(parent), layout_(design) {
+    pictures_.Folder(programFolder);
     // Before anything asks for this panel's face, which Qt keeps from then on.
     InstallControlAccess();
-}
-
-void PanelCanvas::inipath(const QString& folder) {
-    pictures_.Folder(folder);
-    update();
 }
 
 void PanelCanvas::Ground(const QColor& colour) {

@@ -14,11 +14,12 @@ class PanelCanvas : public QWidget {
     Q_OBJECT
 
 public:
-    // `design` is the size in design pixels that all places are given in.
-    explicit PanelCanvas(const QSizeF& design, QWidget* parent = nullptr);
+    // `design` is the size in design pixels that all places are given in. programFolder holds the folder
+    // skin.
+    PanelCanvas(const QSizeF& design, const QString& programFolder, QWidget* parent = nullptr);
 
-    // The program's folder, for painted icons.
-    void inipath(const QString& folder);
+    // The program's folder, for painted icons and for the pictures of the controls.
+    const QString& inipath() const { return pictures_.Folder(); }
 
     // Behind all else; nothing at first, so that the owner's own ground is seen.
     void Ground(const QColor& colour);

@@ -23,14 +23,14 @@ const QString AdjustMagnification = QStringLiteral("Please adjust the magnificat
 }  // namespace
 
 CtlCalibration::CtlCalibration(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(Design, parent),
+    : PanelCanvas(Design, programFolder, parent),
       system_(system),
       values_({system.needleMove, system.iniEdit, system.clock}),
       recording_({system.state, system.communication, system.live}, values_),
       raise_(system.communication, system.failures, system.owner),
       Timer1_(system.timers.Create([this] { lblWaring_.setVisible(lblWaring_.isHidden()); })) {
     setObjectName(QStringLiteral("CtlCalibration1"));
-    Place(programFolder);
+    Place();
     Connect();
     PressOnly(modeButton_, FullCalibration);
     lblWaring_.setText(AdjustMagnification);

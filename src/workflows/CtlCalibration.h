@@ -95,10 +95,10 @@ private:
 
     enum class Step { Marks = 0, RaisedFocus = 1, Center = 2, AfterFullCalibration = 3 };
 
-    void Place(const QString& programFolder);
-    void PlaceModeAndNeedle(const QString& programFolder);
-    void PlaceRecord(const QString& programFolder);
-    void PlaceConfirm(const QString& programFolder);
+    void Place();
+    void PlaceModeAndNeedle();
+    void PlaceRecord();
+    void PlaceConfirm();
     void Connect();
 
     // Index is 0 to 4: the marks, Z, the centre.

@@ -1,7 +1,6 @@
 // Where things stand on the calibration panel and what they are called.
 #include <QString>
 
-#include "controls/ControlNames.h"
 #include "controls/PanelPlacing.h"
 #include "workflows/CtlCalibration.h"
 
@@ -24,85 +23,68 @@ constexpr QRectF WholeCapturePlace(Left, CaptureTop, 438, 56);
 constexpr QRectF PicturePlace(Left, 210, 438, 130);
 constexpr QRectF WarningPlace(12, 426, 462, 30);
 
-QRectF InColumn(double step, std::size_t column, double top, const QSizeF& size) {
-    return {QPointF(Left + step * static_cast<double>(column), top), size};
+QRectF InColumn(double step, int column, double top, const QSizeF& size) {
+    return {QPointF(Left + step * column, top), size};
 }
 
 }  // namespace
 
 // The order of placing is the order of the Tab key.
-void CtlCalibration::Place(const QString& programFolder) {
-    inipath(programFolder);
+void CtlCalibration::Place() {
     Paint(Plate{QRectF(12, 12, 462, 162)});
     Paint(CaptionText(24, 18, QStringLiteral("Mode")));
     Paint(CaptionText(24, 96, QStringLiteral("Needle")));
     Paint(Plate{QRectF(12, 184, 462, 234)});
     Paint(CaptionText(24, 190, QStringLiteral("Record")));
-    PlaceModeAndNeedle(programFolder);
-    PlaceRecord(programFolder);
-    PlaceConfirm(programFolder);
+    PlaceModeAndNeedle();
+    PlaceRecord();
+    PlaceConfirm();
 }
 
-void CtlCalibration::PlaceModeAndNeedle(const QString& programFolder) {
-    Put(*this, modeButton_[0], InColumn(ModeStep, 0, ModeTop, ModeSize), programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton2"), 0), QStringLiteral("Full calibration"),
-         QStringLiteral("Record four positions: all axes of the needle"),
-         QStringLiteral("CalibrationMode1")});
-    Put(*this, modeButton_[1], InColumn(ModeStep, 1, ModeTop, ModeSize), programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton2"), 1), QStringLiteral("Re-calibration"),
-         QStringLiteral("Record one position: the reference point only"),
-         QStringLiteral("CalibrationMode2")});
-    for (std::size_t needle = 0; needle < needleButton_.size(); ++needle) {
+void CtlCalibration::PlaceModeAndNeedle() {
+    Put(*this, modeButton_[0],
+        {"usrKVCheckButton2(0)", "Full calibration", InColumn(ModeStep, 0, ModeTop, ModeSize),
+         "CalibrationMode1", "Record four positions: all axes of the needle"});
+    Put(*this, modeButton_[1],
+        {"usrKVCheckButton2(1)", "Re-calibration", InColumn(ModeStep, 1, ModeTop, ModeSize),
+         "CalibrationMode2", "Record one position: the reference point only"});
+    Put(*this, needleButton_, [](int needle) {
         const QString number = QString::number(needle + 1);
-        Put(*this, needleButton_[needle], InColumn(NeedleStep, needle, NeedleTop, NeedleSize), programFolder,
-            {Indexed(QStringLiteral("usrKVCheckButton3"), static_cast<int>(needle)),
-             QStringLiteral("Needle ") + number, QStringLiteral("Calibrate needle ") + number,
-             QStringLiteral("SelectManipulator") + number});
-    }
+        return Placed{Indexed("usrKVCheckButton3", needle), "Needle " + number,
+                      InColumn(NeedleStep, needle, NeedleTop, NeedleSize), "SelectManipulator" + number,
+                      "Calibrate needle " + number};
+    });
 }
 
-void CtlCalibration::PlaceRecord(const QString& programFolder) {
-    const std::array<QString, PictureCount> pictures{QStringLiteral("Marks"), QStringLiteral("Focus"),
-                                                     QStringLiteral("Centre")};
-    for (std::size_t picture = 0; picture < imgCalibPos_.size(); ++picture) {
-        Put(*this, imgCalibPos_[picture], PicturePlace, programFolder,
-            {Indexed(QStringLiteral("imgCalibPos"), static_cast<int>(picture)),
-             pictures.at(picture) + QStringLiteral(" picture"), QString(),
-             QStringLiteral("calibpos-%1").arg(picture)});
+void CtlCalibration::PlaceRecord() {
+    Put(*this, imgCalibPos_[0], {"imgCalibPos(0)", "Marks picture", PicturePlace, "calibpos-0"});
+    Put(*this, imgCalibPos_[1], {"imgCalibPos(1)", "Focus picture", PicturePlace, "calibpos-1"});
+    Put(*this, imgCalibPos_[2], {"imgCalibPos(2)", "Centre picture", PicturePlace, "calibpos-2"});
+    for (int mark = 0; mark < static_cast<int>(MarkCount); ++mark) {
+        const QChar letter(u'A' + mark);
+        Put(*this, captureButton_.at(mark),
+            {Indexed("usrKVCheckButton1", mark), QString("Position ") + letter,
+             InColumn(MarkStep, mark, CaptureTop, MarkSize), QString("Position") + letter,
+             QString("Record the needle with its tip on mark ") + letter});
     }
-    const QString capture = QStringLiteral("usrKVCheckButton1");
-    for (std::size_t mark = 0; mark < MarkCount; ++mark) {
-        const QString letter(QLatin1Char("ABC"[mark]));
-        Put(*this, captureButton_[mark], InColumn(MarkStep, mark, CaptureTop, MarkSize), programFolder,
-            {Indexed(capture, static_cast<int>(mark)), QStringLiteral("Position ") + letter,
-             QStringLiteral("Record the needle with its tip on mark ") + letter,
-             QStringLiteral("Position") + letter});
-    }
-    Put(*this, captureButton_[PointZ], WholeCapturePlace, programFolder,
-        {Indexed(capture, PointZ), QStringLiteral("Position Z"),
-         QStringLiteral("Record the needle in focus under the raised objective"),
-         QStringLiteral("PositionZ")});
-    Put(*this, captureButton_[PointCenter], WholeCapturePlace, programFolder,
-        {Indexed(capture, PointCenter), QStringLiteral("Position centre"),
-         QStringLiteral("Record the needle with its tip on the centre"), QStringLiteral("PositionCenter")});
+    Put(*this, captureButton_[PointZ],
+        {"usrKVCheckButton1(3)", "Position Z", WholeCapturePlace, "PositionZ",
+         "Record the needle in focus under the raised objective"});
+    Put(*this, captureButton_[PointCenter],
+        {"usrKVCheckButton1(4)", "Position centre", WholeCapturePlace, "PositionCenter",
+         "Record the needle with its tip on the centre"});
 }
 
-void CtlCalibration::PlaceConfirm(const QString& programFolder) {
-    lblWaring_.setParent(this);
-    lblWaring_.inipath(programFolder);
-    Identify(lblWaring_, QStringLiteral("lblWaring"), QStringLiteral("Magnification warning"));
-    Add(lblWaring_, WarningPlace);
-
-    const QString confirm = QStringLiteral("usrKVButton1");
-    Put(*this, confirmButton_[SetButton], QRectF(24, 464, 215, 44), programFolder,
-        {Indexed(confirm, SetButton), QStringLiteral("Set"), QStringLiteral("Keep this calibration"),
-         QStringLiteral("SET")});
-    Put(*this, confirmButton_[ResetButton], QRectF(270, 464, 92, 44), programFolder,
-        {Indexed(confirm, ResetButton), QStringLiteral("Reset"),
-         QStringLiteral("Clear the calibration of the chosen needle"), QStringLiteral("RESET")});
-    Put(*this, confirmButton_[AllResetButton], QRectF(370, 464, 92, 44), programFolder,
-        {Indexed(confirm, AllResetButton), QStringLiteral("Reset all"),
-         QStringLiteral("Clear the calibrations of all needles"), QStringLiteral("ALLRESET")});
+void CtlCalibration::PlaceConfirm() {
+    Put(*this, lblWaring_, {"lblWaring", "Magnification warning", WarningPlace});
+    Put(*this, confirmButton_[SetButton],
+        {"usrKVButton1(0)", "Set", QRectF(24, 464, 215, 44), "SET", "Keep this calibration"});
+    Put(*this, confirmButton_[ResetButton],
+        {"usrKVButton1(1)", "Reset", QRectF(270, 464, 92, 44), "RESET",
+         "Clear the calibration of the chosen needle"});
+    Put(*this, confirmButton_[AllResetButton],
+        {"usrKVButton1(2)", "Reset all", QRectF(370, 464, 92, 44), "ALLRESET",
+         "Clear the calibrations of all needles"});
 }
 
 }  // namespace travo

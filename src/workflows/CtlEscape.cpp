@@ -19,9 +19,9 @@ std::int32_t Known(std::int32_t position) { return position == NoPositionValue ?
 }  // namespace
 
 CtlEscape::CtlEscape(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(Design, parent), system_(system) {
+    : PanelCanvas(Design, programFolder, parent), system_(system) {
     setObjectName(QStringLiteral("CtlEscape1"));
-    Place(programFolder);
+    Place();
     for (NumberLabel& label : lblEscPos_) {
         label.setText(NotAvailable);
         label.hide();

@@ -62,12 +62,10 @@ private:
     static constexpr std::size_t ButtonCount = 5;
     static constexpr std::size_t LabelCount = NeedleCount * AxisCount;
 
-    void Place(const QString& programFolder);
+    void Place();
     void PlacePaint();
-    void PlaceNeedles(const QString& programFolder);
-    void PlaceObjective(const QString& programFolder);
-    void PlaceButton(std::size_t index, const QRectF& place, const QString& human, const QString& toolTip,
-                     const QString& programFolder);
+    void PlaceNeedles();
+    void PlaceObjective();
 
     void ButtonPressed(std::size_t Index);
     // A button records what is known of its own needle, whichever is selected. A needle that has been chosen

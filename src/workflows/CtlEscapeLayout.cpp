@@ -1,7 +1,7 @@
 // Where things stand on the escape panel and what they are called.
 #include <QString>
 
-#include "controls/ControlNames.h"
+#include "controls/PanelPlacing.h"
 #include "workflows/CtlEscape.h"
 
 namespace travo {
@@ -22,24 +22,23 @@ constexpr QSizeF MarkSize(56, 60);
 constexpr double ObjectiveTop = 372;
 constexpr double CaptionsTop = 20;
 
-QString AxisName(std::size_t axis) { return QString(QLatin1Char("XYZ"[axis])); }
+QString AxisName(int axis) { return QString(QLatin1Char("XYZ"[axis])); }
 
-double RowTop(std::size_t row) { return RowsTop + RowHeight * static_cast<double>(row); }
-double ColumnLeft(std::size_t axis) { return ColumnsLeft + ColumnWidth * static_cast<double>(axis); }
+double RowTop(int row) { return RowsTop + RowHeight * row; }
+double ColumnLeft(int axis) { return ColumnsLeft + ColumnWidth * axis; }
 
 }  // namespace
 
 // The order of placing is the order of the Tab key.
-void CtlEscape::Place(const QString& programFolder) {
-    inipath(programFolder);
+void CtlEscape::Place() {
     PlacePaint();
-    PlaceNeedles(programFolder);
-    PlaceObjective(programFolder);
+    PlaceNeedles();
+    PlaceObjective();
 }
 
 void CtlEscape::PlacePaint() {
     Paint(Plate{QRectF(12, 12, 462, 338)});
-    for (std::size_t axis = 0; axis < AxisCount; ++axis) {
+    for (int axis = 0; axis < AxisCount; ++axis) {
         Paint(CaptionText(ColumnLeft(axis) + LabelSize.width() - 6, CaptionsTop, AxisName(axis),
                           Qt::AlignRight));
     }
@@ -51,45 +50,29 @@ void CtlEscape::PlacePaint() {
     Paint(HintText(44, 492, QStringLiteral("Escape positions last until the program ends.")));
 }
 
-void CtlEscape::PlaceNeedles(const QString& programFolder) {
-    for (std::size_t needle = 0; needle < needleMark_.size(); ++needle) {
-        CtlEscapeNeedle& mark = needleMark_[needle];
-        mark.setParent(this);
-        mark.Number(static_cast<int>(needle) + 1);
-        Add(mark, QRectF(QPointF(MarkLeft, RowTop(needle)), MarkSize));
-        for (std::size_t axis = 0; axis < AxisCount; ++axis) {
-            const std::size_t index = needle * AxisCount + axis;
-            NumberLabel& label = lblEscPos_.at(index);
-            label.setParent(this);
-            Identify(label, Indexed(QStringLiteral("lblEscPos"), static_cast<int>(index)),
-                     QStringLiteral("Needle %1 %2").arg(needle + 1).arg(AxisName(axis)));
-            Add(label, QRectF(QPointF(ColumnLeft(axis), RowTop(needle)), LabelSize));
+void CtlEscape::PlaceNeedles() {
+    for (int needle = 0; needle < NeedleCount; ++needle) {
+        needleMark_.at(needle).Number(needle + 1);
+        Put(*this, needleMark_.at(needle), {.place = QRectF(QPointF(MarkLeft, RowTop(needle)), MarkSize)});
+        for (int axis = 0; axis < AxisCount; ++axis) {
+            const int index = needle * AxisCount + axis;
+            Put(*this, lblEscPos_.at(index),
+                {Indexed("lblEscPos", index), QString("Needle %1 %2").arg(needle + 1).arg(AxisName(axis)),
+                 QRectF(QPointF(ColumnLeft(axis), RowTop(needle)), LabelSize)});
         }
-        PlaceButton(
-            needle, QRectF(QPointF(ButtonsLeft, RowTop(needle)), ButtonSize),
-            QStringLiteral("Set needle %1").arg(needle + 1),
-            QStringLiteral("Keep the present place of needle %1 as its escape position").arg(needle + 1),
-            programFolder);
+        Put(*this, button_.at(needle),
+            {Indexed("usrKVButton1", needle), QString("Set needle %1").arg(needle + 1),
+             QRectF(QPointF(ButtonsLeft, RowTop(needle)), ButtonSize), "SET",
+             QString("Keep the present place of needle %1 as its escape position").arg(needle + 1)});
     }
 }
 
-void CtlEscape::PlaceObjective(const QString& programFolder) {
-    lblEscZPos_.setParent(this);
-    Identify(lblEscZPos_, QStringLiteral("lblEscZPos"), QStringLiteral("Objective Z"));
-    Add(lblEscZPos_, QRectF(QPointF(ColumnLeft(2), ObjectiveTop), LabelSize));
-    PlaceButton(ObjectiveIndex, QRectF(QPointF(ButtonsLeft, ObjectiveTop), ButtonSize),
-                QStringLiteral("Set objective"),
-                QStringLiteral("Keep the present height as the objective's escape height"), programFolder);
-}
-
-void CtlEscape::PlaceButton(std::size_t index, const QRectF& place, const QString& human,
-                            const QString& toolTip, const QString& programFolder) {
-    usrKVButton& button = button_.at(index);
-    button.setParent(this);
-    button.path(QStringLiteral("SET"));
-    button.inipath(programFolder);
-    Identify(button, Indexed(QStringLiteral("usrKVButton1"), static_cast<int>(index)), human, toolTip);
-    Add(button, place);
+void CtlEscape::PlaceObjective() {
+    Put(*this, lblEscZPos_,
+        {"lblEscZPos", "Objective Z", QRectF(QPointF(ColumnLeft(2), ObjectiveTop), LabelSize)});
+    Put(*this, button_[ObjectiveIndex],
+        {"usrKVButton1(4)", "Set objective", QRectF(QPointF(ButtonsLeft, ObjectiveTop), ButtonSize), "SET",
+         "Keep the present height as the objective's escape height"});
 }
 
 }  // namespace travo

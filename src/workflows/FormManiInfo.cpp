@@ -1,6 +1,5 @@
 #include "workflows/FormManiInfo.h"
 
-#include "controls/ControlNames.h"
 #include "core/ground/Arithmetic.h"
 #include "core/state/SettingsKeys.h"
 
@@ -21,10 +20,15 @@ constexpr double CaptionWidth = 100;
 constexpr double TimeLeft = 192;
 constexpr double TimeWidth = 136;
 
-double RowTop(std::size_t needle) { return RowsTop + RowHeight * static_cast<double>(needle); }
+double RowTop(int needle) { return RowsTop + RowHeight * needle; }
 
-QString Named(const char* pattern, std::size_t needle) {
-    return QString::fromLatin1(pattern).arg(needle + 1);
+// The two lines of a row, from above.
+constexpr int Calibration = 0;
+constexpr int ReCalibration = 1;
+constexpr int LineCount = 2;
+
+QRectF InLine(int needle, int line, double left, double width) {
+    return {left, RowTop(needle) + LineHeight * line, width, LineHeight};
 }
 
 }  // namespace
@@ -34,57 +38,59 @@ FormManiInfo::FormManiInfo(const System& system, const QString& programFolder)
           system,
           {QStringLiteral("FormManiInfo"), QStringLiteral("Needles"), QStringLiteral("3"), QSize(340, 300)},
           programFolder) {
-    for (std::size_t needle = 0; needle + 1 < NeedleCount; ++needle) {
+    for (int needle = 0; needle + 1 < NeedleCount; ++needle) {
         Body().Paint(Rule{SideLeft, SideRight, RowTop(needle) + RuleBelow});
     }
-    BuildPictures(programFolder);
-    BuildCaptions();
-    BuildTimes();
+    PlacePictures();
+    PlaceCaptions();
+    PlaceTimes();
     TotalManipulatorNumber(-1);
 }
 
-void FormManiInfo::BuildPictures(const QString& programFolder) {
-    for (std::size_t index = 0; index < pictures_.size(); ++index) {
-        const std::size_t needle = index % NeedleCount;
-        const bool connected = index < NeedleCount;
-        auto* const picture = new SkinImage(&Body());
-        picture->path(Named(connected ? "mani-connected-%1" : "mani-missing-%1", needle));
-        picture->inipath(programFolder);
-        Identify(*picture, Indexed(QStringLiteral("Image2"), static_cast<int>(index)),
-                 Named(connected ? "Needle %1 connected" : "Needle %1 not connected", needle));
-        AddDisplay(*picture, QRectF(QPointF(SideLeft, RowTop(needle)), PictureSize));
-        pictures_.at(index) = picture;
+void FormManiInfo::PlacePictures() {
+    PutDisplay(connected_, [](int needle) {
+        return Placed{Indexed("Image2", needle), QString("Needle %1 connected").arg(needle + 1),
+                      QRectF(QPointF(SideLeft, RowTop(needle)), PictureSize),
+                      QString("mani-connected-%1").arg(needle + 1)};
+    });
+    PutDisplay(missing_, [](int needle) {
+        return Placed{Indexed("Image2", needle + NeedleCount),
+                      QString("Needle %1 not connected").arg(needle + 1),
+                      QRectF(QPointF(SideLeft, RowTop(needle)), PictureSize),
+                      QString("mani-missing-%1").arg(needle + 1)};
+    });
+}
+
+void FormManiInfo::PlaceCaptions() {
+    const std::array<QString, LineCount> texts{"Calibration", "Re-Calibration"};
+    PutDisplay(lblName_, [&texts](int index) {
+        const int needle = index / LineCount;
+        const int line = index % LineCount;
+        return Placed{Indexed("lblName", index),
+                      QString("Needle %1 %2 caption").arg(needle + 1).arg(texts.at(line).toLower()),
+                      InLine(needle, line, CaptionLeft, CaptionWidth)};
+    });
+    for (std::size_t index = 0; index < lblName_.size(); ++index) {
+        NumberLabel& caption = lblName_[index];
+        caption.Face(type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
+        caption.Colour(palette::Ink2);
+        caption.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        caption.setText(texts.at(index % LineCount));
     }
 }
 
-void FormManiInfo::BuildCaptions() {
-    for (std::size_t index = 0; index < 2 * NeedleCount; ++index) {
-        const std::size_t needle = index / 2;
-        const bool again = index % 2 == 1;
-        auto* const caption =
-            new NumberLabel(&Body(), type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
-        Identify(*caption, Indexed(QStringLiteral("lblName"), static_cast<int>(index)),
-                 Named(again ? "Needle %1 re-calibration caption" : "Needle %1 calibration caption", needle));
-        caption->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        caption->Colour(palette::Ink2);
-        caption->setText(again ? QStringLiteral("Re-Calibration") : QStringLiteral("Calibration"));
-        AddDisplay(*caption,
-                   QRectF(CaptionLeft, RowTop(needle) + (again ? LineHeight : 0), CaptionWidth, LineHeight));
+void FormManiInfo::PlaceTimes() {
+    for (int needle = 0; needle < NeedleCount; ++needle) {
+        PutDisplay(calibration_.at(needle),
+                   {Indexed("lblCalibration", needle), QString("Needle %1 calibration time").arg(needle + 1),
+                    InLine(needle, Calibration, TimeLeft, TimeWidth)});
+        PutDisplay(reCalibration_.at(needle), {Indexed("lblReCalibration", needle),
+                                               QString("Needle %1 re-calibration time").arg(needle + 1),
+                                               InLine(needle, ReCalibration, TimeLeft, TimeWidth)});
     }
-}
-
-void FormManiInfo::BuildTimes() {
-    for (std::size_t needle = 0; needle < NeedleCount; ++needle) {
-        for (const bool again : {false, true}) {
-            auto* const time =
-                new NumberLabel(&Body(), type::NumberStrip, QFont::DemiBold, NumberLabel::Ground::Bare);
-            Identify(*time,
-                     Indexed(again ? QStringLiteral("lblReCalibration") : QStringLiteral("lblCalibration"),
-                             static_cast<int>(needle)),
-                     Named(again ? "Needle %1 re-calibration time" : "Needle %1 calibration time", needle));
-            AddDisplay(*time,
-                       QRectF(TimeLeft, RowTop(needle) + (again ? LineHeight : 0), TimeWidth, LineHeight));
-            (again ? reCalibration_ : calibration_).at(needle) = time;
+    for (auto* const times : {&calibration_, &reCalibration_}) {
+        for (NumberLabel& time : *times) {
+            time.Face(type::NumberStrip, QFont::DemiBold, NumberLabel::Ground::Bare);
         }
     }
 }
@@ -92,14 +98,13 @@ void FormManiInfo::BuildTimes() {
 void FormManiInfo::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
     auto& labels = CalibOrRe == 0 ? calibration_ : reCalibration_;
     const bool never = CalibTime == settings::NoTime;
-    labels.at(Bounded(ManiNo, labels.size()))->setText(never ? QString() : CalibTime);
+    labels.at(Bounded(ManiNo, labels.size())).setText(never ? QString() : CalibTime);
 }
 
 void FormManiInfo::TotalManipulatorNumber(std::int16_t ManipulatorNo) {
-    for (std::size_t needle = 0; needle < NeedleCount; ++needle) {
-        const bool connected = static_cast<int>(needle) <= ManipulatorNo;
-        pictures_.at(needle)->setVisible(connected);
-        pictures_.at(needle + NeedleCount)->setVisible(!connected);
+    for (int needle = 0; needle < NeedleCount; ++needle) {
+        connected_.at(needle).setVisible(needle <= ManipulatorNo);
+        missing_.at(needle).setVisible(needle > ManipulatorNo);
     }
 }
 

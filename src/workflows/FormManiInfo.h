@@ -7,6 +7,7 @@
 
 #include "controls/NumberLabel.h"
 #include "controls/SkinImage.h"
+#include "core/ground/Positions.h"
 #include "core/view/FormSkinned.h"
 
 namespace travo {
@@ -27,16 +28,17 @@ public:
     void TotalManipulatorNumber(std::int16_t ManipulatorNo);
 
 private:
-    static constexpr std::size_t NeedleCount = 4;
+    void PlacePictures();
+    void PlaceCaptions();
+    void PlaceTimes();
 
-    void BuildPictures(const QString& programFolder);
-    void BuildCaptions();
-    void BuildTimes();
-
-    // For needle i: connected at i, not connected at i + 4.
-    std::array<SkinImage*, 2 * NeedleCount> pictures_{};
-    std::array<NumberLabel*, NeedleCount> calibration_{};
-    std::array<NumberLabel*, NeedleCount> reCalibration_{};
+    // Image2(0) to (3) and (4) to (7): of each needle one of both is on show.
+    std::array<SkinImage, NeedleCount> connected_;
+    std::array<SkinImage, NeedleCount> missing_;
+    // For needle i: of its calibration at 2 * i, of its re-calibration behind it.
+    std::array<NumberLabel, 2 * NeedleCount> lblName_;
+    std::array<NumberLabel, NeedleCount> calibration_;
+    std::array<NumberLabel, NeedleCount> reCalibration_;
 };
 
 }  // namespace travo

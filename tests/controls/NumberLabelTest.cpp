@@ -63,7 +63,8 @@ TEST_F(NumberLabelTest, ANumberStandsFivePixelsFromTheRightEdgeInTheMiddle) {
 }
 
 TEST_F(NumberLabelTest, ABareCaptionStandsAtItsLeftEdgeOrInTheMiddle) {
-    NumberLabel label(&window_, type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
+    NumberLabel label(&window_);
+    label.Face(type::NumberStrip, QFont::Normal, NumberLabel::Ground::Bare);
     label.Colour(palette::Ink2);
     label.DesignSize(QSizeF(100, 26));
     label.resize(100, 26);
@@ -75,7 +76,8 @@ TEST_F(NumberLabelTest, ABareCaptionStandsAtItsLeftEdgeOrInTheMiddle) {
 }
 
 TEST_F(NumberLabelTest, NotAvailableStandsInTheColourOfWhatIsOff) {
-    NumberLabel label(&window_, 40);
+    NumberLabel label(&window_);
+    label.Face(40);
     label.resize(92, 60);
     label.setText(QStringLiteral("N/A"));
     const QImage off = Shot(label);
@@ -123,7 +125,8 @@ TEST_F(NumberLabelTest, NeighboursThatTheirEdgesRoundedApartHaveTextOfOneSize) {
     ScaledLayout layout(QSizeF(340, Design));
     std::vector<NumberLabel*> rows;
     for (double top = 30; top < 280; top += 26) {
-        rows.push_back(new NumberLabel(&window_, 14));
+        rows.push_back(new NumberLabel(&window_));
+        rows.back()->Face(14);
         rows.back()->setText(QStringLiteral("16:53"));
         layout.Add(*rows.back(), QRectF(100, top, 200, 20));
     }

@@ -11,12 +11,11 @@ namespace travo {
 class PanelCanvasTest : public test::ControlRig {
 protected:
     PanelCanvasTest() {
-        panel_.inipath(test::SkinHome());
         panel_.setGeometry(0, 0, 486, 520);
         panel_.show();
     }
 
-    PanelCanvas panel_{QSizeF(486, 520), &window_};
+    PanelCanvas panel_{QSizeF(486, 520), test::SkinHome(), &window_};
 };
 
 TEST_F(PanelCanvasTest, ControlsStandAtTheirDesignRectanglesAndScaleWithThePanel) {

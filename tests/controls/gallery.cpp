@@ -23,8 +23,8 @@ constexpr double SheetHeight = 2440;
 
 class Gallery {
 public:
-    explicit Gallery(const QString& folder) : sheet_(QSizeF(SheetWidth, SheetHeight)), folder_(folder) {
-        sheet_.inipath(folder);
+    explicit Gallery(const QString& folder)
+        : sheet_(QSizeF(SheetWidth, SheetHeight), folder), folder_(folder) {
         QPalette colours;
         colours.setColor(QPalette::Window, palette::Ground);
         sheet_.setPalette(colours);

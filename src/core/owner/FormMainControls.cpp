@@ -1,6 +1,6 @@
 #include "core/owner/FormMainControls.h"
 
-#include "controls/ControlNames.h"
+#include "controls/PanelPlacing.h"
 
 namespace travo {
 
@@ -19,16 +19,9 @@ constexpr std::array<TabText, 6> TabTexts{{{"Experiment", "Move needles and view
                                            {"Connection", "Connect the instruments"},
                                            {"User", "Settings and windows"}}};
 
-constexpr QSizeF StepButtonDesign{156, 27};
-constexpr QSizeF SizeButtonDesign{24, 24};
-
-void Prepare(SkinButton& button, QWidget* window, const QString& programFolder, const QString& skin,
-             const QSizeF& design) {
-    button.setParent(window);
-    button.inipath(programFolder);
-    button.path(skin);
-    button.DesignSize(design);
-}
+// The window moves its controls itself: of these places the size counts alone.
+constexpr QRectF StepButtonDesign(0, 0, 156, 27);
+constexpr QRectF SizeButtonDesign(0, 0, 24, 24);
 
 }  // namespace
 
@@ -37,44 +30,28 @@ QString FormMainControls::TabName(int tab) {
 }
 
 FormMainControls::FormMainControls(const QString& programFolder, QWidget* window) {
-    for (SkinTab& picture : imgTab) {
-        picture.setParent(window);
+    for (int index = 0; index < FormMainLayout::TabPictureCount; ++index) {
+        const int tab = index % 6;
+        const QSize size = index < 12 ? FormMainLayout::LowerTab : FormMainLayout::UpperTab;
+        imgTab.at(index).StandsForSelected(index == tab);
+        Put(*window, programFolder, imgTab.at(index),
+            {Indexed("imgTab", index), TabName(tab), QRectF(QPointF(), size),
+             QString("tab-%1").arg(index, 2, 10, QLatin1Char('0')), TabTexts.at(tab).toolTip});
     }
-    Prepare(usrKVButton2[0], window, programFolder, QStringLiteral("Previous"), StepButtonDesign);
-    Prepare(usrKVButton2[1], window, programFolder, QStringLiteral("Next"), StepButtonDesign);
-    Prepare(usrKVCheckButton1, window, programFolder, QStringLiteral("User"), StepButtonDesign);
-    Prepare(usrKVButton1, window, programFolder, QStringLiteral("size"), SizeButtonDesign);
-    NameTabs(programFolder);
-    NameButtons();
+    Put(*window, programFolder, usrKVButton2[0],
+        {"usrKVButton2(0)", "Previous", StepButtonDesign, "Previous", "Back to the step before"});
+    Put(*window, programFolder, usrKVButton2[1],
+        {"usrKVButton2(1)", "Next", StepButtonDesign, "Next", "On to the next step"});
+    Put(*window, programFolder, usrKVCheckButton1,
+        {"usrKVCheckButton1", "User settings", StepButtonDesign, "User",
+         "Show the user settings; press again to come back"});
+    Put(*window, programFolder, usrKVButton1,
+        {"usrKVButton1", "Design size", SizeButtonDesign, "size",
+         "Bring the window back to its design size"});
     for (SkinButton* const button :
          std::initializer_list<SkinButton*>{&usrKVButton2[0], &usrKVButton2[1], &usrKVCheckButton1}) {
         button->hide();
     }
-}
-
-void FormMainControls::NameTabs(const QString& programFolder) {
-    for (int index = 0; index < FormMainLayout::TabPictureCount; ++index) {
-        SkinTab& picture = imgTab.at(static_cast<std::size_t>(index));
-        const int tab = index % 6;
-        const TabText& text = TabTexts.at(static_cast<std::size_t>(tab));
-        picture.StandsForSelected(index == tab);
-        picture.inipath(programFolder);
-        picture.path(QStringLiteral("tab-%1").arg(index, 2, 10, QLatin1Char('0')));
-        picture.DesignSize(QSizeF(index < 12 ? FormMainLayout::LowerTab : FormMainLayout::UpperTab));
-        Identify(picture, Indexed(QStringLiteral("imgTab"), index), TabName(tab),
-                 QLatin1String(text.toolTip));
-    }
-}
-
-void FormMainControls::NameButtons() {
-    Identify(usrKVButton2[0], Indexed(QStringLiteral("usrKVButton2"), 0), QStringLiteral("Previous"),
-             QStringLiteral("Back to the step before"));
-    Identify(usrKVButton2[1], Indexed(QStringLiteral("usrKVButton2"), 1), QStringLiteral("Next"),
-             QStringLiteral("On to the next step"));
-    Identify(usrKVCheckButton1, QStringLiteral("usrKVCheckButton1"), QStringLiteral("User settings"),
-             QStringLiteral("Show the user settings; press again to come back"));
-    Identify(usrKVButton1, QStringLiteral("usrKVButton1"), QStringLiteral("Design size"),
-             QStringLiteral("Bring the window back to its design size"));
 }
 
 FormMainTabs::Controls FormMainControls::ForTabs() {

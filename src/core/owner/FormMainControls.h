@@ -29,10 +29,6 @@ public:
     std::array<usrKVButton, 2> usrKVButton2;
     usrKVCheckButton usrKVCheckButton1;
     usrKVButton usrKVButton1;
-
-private:
-    void NameTabs(const QString& programFolder);
-    void NameButtons();
 };
 
 }  // namespace travo

@@ -36,18 +36,12 @@ double LeadingNumber(const QString& text) {
 }  // namespace
 
 CtlUser::CtlUser(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(QSizeF(486, 520), parent), system_(system), cIniEdit_(system.profile) {
+    : PanelCanvas(QSizeF(486, 520), programFolder, parent), system_(system), cIniEdit_(system.profile) {
     setObjectName(QStringLiteral("CtlUser1"));
     cIniEdit_.IniFilePath(settings::MyPath(programFolder, system.folders.Separator()) + settings::FileName());
-    inipath(programFolder);
-    BuildPaint();
-    BuildOffsets(programFolder);
-    BuildSafeguards(programFolder);
-    BuildModes(programFolder);
-    BuildWindows(programFolder);
-    BuildVersion();
-    modes_[StepMode]->SetRaised(true);
-    modes_[TabMode]->SetRaised(false);
+    Place();
+    modes_[StepMode].SetRaised(true);
+    modes_[TabMode].SetRaised(false);
     ReadWindows();
     Connect();
 }
@@ -63,14 +57,14 @@ void CtlUser::ReadWindows() {
         const std::int32_t key =
             cIniEdit_.GetInt(settings::WindowSection, settings::WindowKey(static_cast<std::int32_t>(index)),
                              settings::WindowClosed);
-        windows_.at(index)->SetRaised(key != settings::WindowOpen);
+        windows_.at(index).SetRaised(key != settings::WindowOpen);
     }
 }
 
 CtlUser::OpenWindows CtlUser::WindowsNow() const {
     OpenWindows open{};
     std::transform(windows_.begin(), windows_.end(), open.begin(),
-                   [](const usrKVCheckButton* button) { return button->Value(); });
+                   [](const usrKVCheckButton& button) { return button.Value(); });
     return open;
 }
 
@@ -85,27 +79,27 @@ void CtlUser::SaveWindows() {
 }
 
 void CtlUser::Connect() {
-    for (NumberBox* const box : offsets_) {
-        connect(box, &NumberBox::textChanged, this, [this, box] { OffsetTextChanged(*box); });
+    for (NumberBox& box : offsets_) {
+        connect(&box, &NumberBox::textChanged, this, [this, &box] { OffsetTextChanged(box); });
     }
-    connect(apply_, &usrKVButton::clicked, this, [this] { ApplyOffsets(Minimum::Told); });
+    connect(&apply_, &usrKVButton::clicked, this, [this] { ApplyOffsets(Minimum::Told); });
     for (std::size_t index = 0; index < switches_.size(); ++index) {
-        connect(switches_.at(index), &usrKVCheckButton::clicked, this,
+        connect(&switches_.at(index), &usrKVCheckButton::clicked, this,
                 [this, index] { SwitchClicked(index); });
     }
     for (std::size_t index = 0; index < modes_.size(); ++index) {
-        connect(modes_.at(index), &usrKVCheckButton::clicked, this, [this, index] { ModeClicked(index); });
+        connect(&modes_.at(index), &usrKVCheckButton::clicked, this, [this, index] { ModeClicked(index); });
     }
     for (std::size_t index = 0; index < windows_.size(); ++index) {
-        connect(windows_.at(index), &usrKVCheckButton::clicked, this,
+        connect(&windows_.at(index), &usrKVCheckButton::clicked, this,
                 [this, index] { WindowToggle(static_cast<std::int32_t>(index)); });
     }
 }
 
 void CtlUser::Shown() {
-    minimum_->setText(QString::number(system_.objective.lngMinimumOffset));
-    ShowOffset(*offsets_[OffsetXY], system_.needleMove.lngXYOffset);
-    ShowOffset(*offsets_[OffsetZ], system_.objective.lngOffset);
+    minimum_.setText(QString::number(system_.objective.lngMinimumOffset));
+    ShowOffset(offsets_[OffsetXY], system_.needleMove.lngXYOffset);
+    ShowOffset(offsets_[OffsetZ], system_.objective.lngOffset);
 }
 
 void CtlUser::ShowOffset(NumberBox& box, std::int32_t value) {
@@ -122,9 +116,9 @@ void CtlUser::OffsetTextChanged(NumberBox& box) {
 }
 
 void CtlUser::ApplyOffsets(Minimum minimum) {
-    ApplyOffset(*offsets_[OffsetXY], system_.needleMove.lngMinimumXYOffset, system_.needleMove.lngXYOffset,
+    ApplyOffset(offsets_[OffsetXY], system_.needleMove.lngMinimumXYOffset, system_.needleMove.lngXYOffset,
                 minimum, QStringLiteral("XY Offset changes to minimum value"));
-    ApplyOffset(*offsets_[OffsetZ], system_.objective.lngMinimumOffset, system_.objective.lngOffset, minimum,
+    ApplyOffset(offsets_[OffsetZ], system_.objective.lngMinimumOffset, system_.objective.lngOffset, minimum,
                 QStringLiteral("Z Offset changes to minimum value"));
 }
 
@@ -143,7 +137,7 @@ void CtlUser::ApplyOffset(NumberBox& box, std::int32_t least, std::int32_t& offs
 }
 
 void CtlUser::SwitchClicked(std::size_t Index) {
-    const bool pressed = switches_.at(Index)->Value();
+    const bool pressed = switches_.at(Index).Value();
     if (Index == ContactSwitch) {
         system_.needleMove.ContactEvasionONOFF(pressed);
         return;
@@ -155,19 +149,19 @@ void CtlUser::SwitchClicked(std::size_t Index) {
 }
 
 void CtlUser::OffsetONOff(std::int32_t ONOff) {
-    switches_[OffsetSwitch]->SetRaised(ONOff == 0);
+    switches_[OffsetSwitch].SetRaised(ONOff == 0);
     bOffsetOFF_ = ONOff != 0;
 }
 
 void CtlUser::ContactONOff(std::int32_t ONOff) {
-    switches_[ContactSwitch]->SetRaised(ONOff == 0);
-    system_.needleMove.ContactEvasionONOFF(switches_[ContactSwitch]->Value());
+    switches_[ContactSwitch].SetRaised(ONOff == 0);
+    system_.needleMove.ContactEvasionONOFF(switches_[ContactSwitch].Value());
 }
 
 void CtlUser::ModeClicked(std::size_t Index) {
     // Whatever state the click left them in, one is pressed.
-    modes_[StepMode]->SetRaised(Index == TabMode);
-    modes_[TabMode]->SetRaised(Index == StepMode);
+    modes_[StepMode].SetRaised(Index == TabMode);
+    modes_[TabMode].SetRaised(Index == StepMode);
     system_.owner.ModeChange(Index == TabMode);
 }
 
@@ -225,7 +219,7 @@ void CtlUser::LiveFromHide() {
 void CtlUser::LiveButtonChange(bool bONOFF) { WindowButton(CameraWindow).SetRaised(bONOFF); }
 
 usrKVCheckButton& CtlUser::WindowButton(std::int32_t Index) {
-    return *windows_.at(Bounded(Index, windows_.size()));
+    return windows_.at(Bounded(Index, windows_.size()));
 }
 
 }  // namespace travo

@@ -67,10 +67,10 @@ public:
     void Hidden() override {}
 
     // 1 while offsets below their minimum are accepted, else 0. Writing checks no offset.
-    std::int32_t OffsetONOff() const { return switches_[OffsetSwitch]->Value() ? 1 : 0; }
+    std::int32_t OffsetONOff() const { return switches_[OffsetSwitch].Value() ? 1 : 0; }
     void OffsetONOff(std::int32_t ONOff);
     // 1 while a predicted contact does not stop a needle, else 0. Writing tells the needle moves.
-    std::int32_t ContactONOff() const { return switches_[ContactSwitch]->Value() ? 1 : 0; }
+    std::int32_t ContactONOff() const { return switches_[ContactSwitch].Value() ? 1 : 0; }
     void ContactONOff(std::int32_t ONOff);
 
     // A secondary window has been closed by its own button. BoundsFailure unless Index is 0 to 4.
@@ -91,12 +91,12 @@ private:
     static constexpr std::size_t StepMode = 1;
     enum class Minimum { Told, Silent };
 
-    void BuildPaint();
-    void BuildOffsets(const QString& programFolder);
-    void BuildSafeguards(const QString& programFolder);
-    void BuildModes(const QString& programFolder);
-    void BuildWindows(const QString& programFolder);
-    void BuildVersion();
+    void Place();
+    void PlacePaint();
+    void PlaceOffsets();
+    void PlaceSwitches();
+    void PlaceWindows();
+    void PlaceVersion();
     void Connect();
 
     void ReadWindows();
@@ -127,13 +127,13 @@ private:
     // Follows the offset switch: true when it is pressed.
     bool bOffsetOFF_ = false;
 
-    std::array<NumberBox*, 2> offsets_{};
-    NumberLabel* minimum_ = nullptr;
-    usrKVButton* apply_ = nullptr;
-    std::array<usrKVCheckButton*, 2> switches_{};
-    std::array<usrKVCheckButton*, 2> modes_{};
-    std::array<usrKVCheckButton*, WindowCount> windows_{};
-    NumberLabel* version_ = nullptr;
+    std::array<NumberBox, 2> offsets_;
+    NumberLabel minimum_;
+    usrKVButton apply_;
+    std::array<usrKVCheckButton, 2> switches_;
+    std::array<usrKVCheckButton, 2> modes_;
+    std::array<usrKVCheckButton, WindowCount> windows_;
+    NumberLabel version_;
 };
 
 }  // namespace travo

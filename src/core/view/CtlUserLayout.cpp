@@ -1,67 +1,12 @@
-// Where things stand on the user panel and what they are called.
-#include "controls/ControlNames.h"
+// Where things stand on the user panel and what they are called. In design pixels.
+#include "controls/PanelPlacing.h"
 #include "core/view/CtlUser.h"
 
 namespace travo {
 
 namespace {
 
-struct Named {
-    const char* objectName;
-    int index;
-    const char* skin;
-    const char* humanName;
-    const char* toolTip;
-    QRectF place;  // design pixels
-};
-
-constexpr const char* OpenOrClose = "Open or close this window";
-
-constexpr std::array<Named, 2> Offsets{{
-    {"txtOffset", 0, "", "XY offset", "Distance kept from a cell along the needle's own axis",
-     QRectF(120, 40, 116, 48)},
-    {"txtOffset", 1, "", "Z offset", "Distance kept above a cell", QRectF(120, 96, 116, 48)},
-}};
-
-constexpr std::array<Named, 2> Switches{{
-    {"usrKVCheckButton2", 0, "ONOFF", "Offset minimum off", "Pressed: offsets below the minimum are accepted",
-     QRectF(134, 194, 104, 48)},
-    {"usrKVCheckButton2", 1, "ONOFF", "Contact check off",
-     "Pressed: a predicted contact does not stop a needle", QRectF(358, 194, 104, 48)},
-}};
-
-constexpr std::array<Named, 2> Modes{{
-    {"usrKVCheckButton3", 0, "UserMode1", "Tab mode", "Choose panels by tabs", QRectF(24, 292, 215, 48)},
-    {"usrKVCheckButton3", 1, "UserMode2", "Step mode", "Go through the work step by step",
-     QRectF(247, 292, 215, 48)},
-}};
-
-constexpr std::array<Named, 5> Windows{{
-    {"usrKVCheckButton1", 0, "CtlUserWindow1", "Camera window", OpenOrClose, QRectF(24, 390, 82, 76)},
-    {"usrKVCheckButton1", 1, "CtlUserWindow2", "Bird's-eye window", OpenOrClose, QRectF(113, 390, 82, 76)},
-    {"usrKVCheckButton1", 2, "CtlUserWindow3", "Mirror window", OpenOrClose, QRectF(202, 390, 82, 76)},
-    {"usrKVCheckButton1", 3, "CtlUserWindow4", "Needle window", OpenOrClose, QRectF(291, 390, 82, 76)},
-    {"usrKVCheckButton1", 4, "CtlUserWindow5", "Magnification window", OpenOrClose, QRectF(380, 390, 82, 76)},
-}};
-
-void Name(QWidget& control, const Named& named) {
-    Identify(control, Indexed(QLatin1String(named.objectName), named.index), QLatin1String(named.humanName),
-             QLatin1String(named.toolTip));
-}
-
-template <std::size_t Count>
-void BuildTwoState(std::array<usrKVCheckButton*, Count>& buttons, const std::array<Named, Count>& table,
-                   PanelCanvas& panel, const QString& programFolder) {
-    for (std::size_t index = 0; index < Count; ++index) {
-        auto* const button = new usrKVCheckButton(&panel);
-        buttons.at(index) = button;
-        const Named& named = table.at(index);
-        button->path(QLatin1String(named.skin));
-        button->inipath(programFolder);
-        Name(*button, named);
-        panel.Add(*button, named.place);
-    }
-}
+const QString OpenOrClose = QStringLiteral("Open or close this window");
 
 // Two lines of a name beside a switch whose top is 194.
 void PaintTwoLines(PanelCanvas& panel, double x, const QString& upper, const QString& lower) {
@@ -71,7 +16,16 @@ void PaintTwoLines(PanelCanvas& panel, double x, const QString& upper, const QSt
 
 }  // namespace
 
-void CtlUser::BuildPaint() {
+// The order of placing is the order of the Tab key.
+void CtlUser::Place() {
+    PlacePaint();
+    PlaceOffsets();
+    PlaceSwitches();
+    PlaceWindows();
+    PlaceVersion();
+}
+
+void CtlUser::PlacePaint() {
     Paint(Plate{QRectF(12, 12, 462, 144)});
     Paint(CaptionText(24, 18, QStringLiteral("Offsets")));
     Paint(NameText(24, 40, 48, QStringLiteral("XY offset")));
@@ -87,42 +41,50 @@ void CtlUser::BuildPaint() {
     Paint(CaptionText(24, 368, QStringLiteral("Windows")));
 }
 
-void CtlUser::BuildOffsets(const QString& programFolder) {
-    for (std::size_t index = 0; index < offsets_.size(); ++index) {
-        auto* const box = new NumberBox(this);
-        offsets_.at(index) = box;
-        ShowOffset(*box, 0);
-        Name(*box, Offsets.at(index));
-        Add(*box, Offsets.at(index).place);
+void CtlUser::PlaceOffsets() {
+    Put(*this, offsets_[OffsetXY],
+        {"txtOffset(0)", "XY offset", QRectF(120, 40, 116, 48), NoSkin,
+         "Distance kept from a cell along the needle's own axis"});
+    Put(*this, offsets_[OffsetZ],
+        {"txtOffset(1)", "Z offset", QRectF(120, 96, 116, 48), NoSkin, "Distance kept above a cell"});
+    for (NumberBox& box : offsets_) {
+        ShowOffset(box, 0);
     }
-    minimum_ = new NumberLabel(this, type::NumberSmall);
-    Identify(*minimum_, QStringLiteral("lblMinVal"), QStringLiteral("Minimum Z offset"));
-    Add(*minimum_, QRectF(280, 96, 84, 48));
-
-    apply_ = new usrKVButton(this);
-    apply_->path(QStringLiteral("SET"));
-    apply_->inipath(programFolder);
-    Identify(*apply_, QStringLiteral("usrKVButton1"), QStringLiteral("Apply offsets"),
-             QStringLiteral("Use these two offsets"));
-    Add(*apply_, QRectF(376, 40, 86, 104));
+    minimum_.Face(type::NumberSmall);
+    Put(*this, minimum_, {"lblMinVal", "Minimum Z offset", QRectF(280, 96, 84, 48)});
+    Put(*this, apply_,
+        {"usrKVButton1", "Apply offsets", QRectF(376, 40, 86, 104), "SET", "Use these two offsets"});
 }
 
-void CtlUser::BuildSafeguards(const QString& programFolder) {
-    BuildTwoState(switches_, Switches, *this, programFolder);
+void CtlUser::PlaceSwitches() {
+    Put(*this, switches_[OffsetSwitch],
+        {"usrKVCheckButton2(0)", "Offset minimum off", QRectF(134, 194, 104, 48), "ONOFF",
+         "Pressed: offsets below the minimum are accepted"});
+    Put(*this, switches_[ContactSwitch],
+        {"usrKVCheckButton2(1)", "Contact check off", QRectF(358, 194, 104, 48), "ONOFF",
+         "Pressed: a predicted contact does not stop a needle"});
+    Put(*this, modes_[TabMode],
+        {"usrKVCheckButton3(0)", "Tab mode", QRectF(24, 292, 215, 48), "UserMode1", "Choose panels by tabs"});
+    Put(*this, modes_[StepMode],
+        {"usrKVCheckButton3(1)", "Step mode", QRectF(247, 292, 215, 48), "UserMode2",
+         "Go through the work step by step"});
 }
 
-void CtlUser::BuildModes(const QString& programFolder) { BuildTwoState(modes_, Modes, *this, programFolder); }
-
-void CtlUser::BuildWindows(const QString& programFolder) {
-    BuildTwoState(windows_, Windows, *this, programFolder);
+void CtlUser::PlaceWindows() {
+    const std::array<QString, WindowCount> names{"Camera window", "Bird's-eye window", "Mirror window",
+                                                 "Needle window", "Magnification window"};
+    Put(*this, windows_, [&names](int window) {
+        return Placed{Indexed("usrKVCheckButton1", window), names.at(window),
+                      QRectF(24 + 89.0 * window, 390, 82, 76), QString("CtlUserWindow%1").arg(window + 1),
+                      OpenOrClose};
+    });
 }
 
-void CtlUser::BuildVersion() {
-    version_ = new NumberLabel(this, type::Caption, QFont::Normal, NumberLabel::Ground::Bare);
-    version_->Colour(palette::Ink2);
-    version_->setText(QStringLiteral("Version %1.%2").arg(TRAVO_VERSION_MAJOR).arg(TRAVO_VERSION_MINOR));
-    Identify(*version_, QStringLiteral("lblVersion"), QStringLiteral("Version"));
-    Add(*version_, QRectF(262, 482, 200, 24));
+void CtlUser::PlaceVersion() {
+    version_.Face(type::Caption, QFont::Normal, NumberLabel::Ground::Bare);
+    version_.Colour(palette::Ink2);
+    version_.setText(QStringLiteral("Version %1.%2").arg(TRAVO_VERSION_MAJOR).arg(TRAVO_VERSION_MINOR));
+    Put(*this, version_, {"lblVersion", "Version", QRectF(262, 482, 200, 24)});
 }
 
 }  // namespace travo

@@ -8,7 +8,6 @@
 #include <QWindow>
 #include <cmath>
 
-#include "controls/ControlNames.h"
 #include "controls/Palette.h"
 #include "controls/Pressable.h"
 #include "core/ground/Arithmetic.h"
@@ -27,8 +26,6 @@ constexpr QSize CornerSize(CornerEllipse, CornerEllipse);
 
 std::int16_t WholeUnits(int pixels) { return ToInteger16(convert(pixels * LogicalUnitsPerPixel)); }
 
-void TakeNoMouse(QWidget& widget) { widget.setAttribute(Qt::WA_TransparentForMouseEvents); }
-
 QList<QRect> Screens() {
     QList<QRect> screens;
     for (const QScreen* const screen : QGuiApplication::screens()) {
@@ -44,79 +41,54 @@ FormSkinned::FormSkinned(const System& system, const Design& design, const QStri
       system_(system),
       design_(design.size),
       tag_(design.tag),
-      body_(QSizeF(design.size), this),
-      title_(this),
-      close_(this),
-      size_(this),
-      imgConer1_(this),
-      imgConer2_(this) {
+      body_(QSizeF(design.size + QSize(0, design.below)), programFolder, this) {
     setObjectName(design.name);
     setWindowTitle(design.title);
     setMinimumSize(PartOf(design_, LeastPart, LeastPart));
     // The pointer shows what a press would do before there is one.
     setMouseTracking(true);
     body_.setMouseTracking(true);
-    body_.inipath(programFolder);
-    BuildStrip(design.name, programFolder);
-    BuildFrame(programFolder);
+    PutStrip(design.name);
+    PutFrame();
     resize(design_);
     ArrangeFrame();
     FormSkinned::Arrange();
 }
 
-void FormSkinned::BuildStrip(const QString& name, const QString& programFolder) {
-    title_.path(QStringLiteral("title-") + name);
-    title_.inipath(programFolder);
-    Identify(title_, QStringLiteral("Image1"), QStringLiteral("Title"));
-
-    size_.path(QStringLiteral("size"));
-    Identify(size_, Indexed(QStringLiteral("usrKVButton1"), 1), QStringLiteral("Design size"),
-             QStringLiteral("Bring the window back to its design size"));
-    connect(&size_, &usrKVButton::clicked, this, [this] { BackToDesignSize(); });
-
-    close_.path(QStringLiteral("CLOSE"));
-    Identify(close_, Indexed(QStringLiteral("usrKVButton1"), 0), QStringLiteral("Close"),
-             QStringLiteral("Close this window"));
+void FormSkinned::PutStrip(const QString& name) {
+    const QString& programFolder = body_.inipath();
+    Put(*this, programFolder, title_, {.object = "Image1", .human = "Title", .skin = "title-" + name});
+    Put(*this, programFolder, close_,
+        {.object = "usrKVButton1(0)", .human = "Close", .skin = "CLOSE", .toolTip = "Close this window"});
+    Put(*this, programFolder, size_,
+        {.object = "usrKVButton1(1)",
+         .human = "Design size",
+         .skin = "size",
+         .toolTip = "Bring the window back to its design size"});
     connect(&close_, &usrKVButton::clicked, this, [this] { Close(); });
-
-    for (usrKVButton* const button : {&size_, &close_}) {
-        button->inipath(programFolder);
+    connect(&size_, &usrKVButton::clicked, this, [this] { BackToDesignSize(); });
+    for (usrKVButton* const button : {&close_, &size_}) {
         button->setCursor(Qt::ArrowCursor);
     }
 }
 
-void FormSkinned::BuildFrame(const QString& programFolder) {
+void FormSkinned::PutFrame() {
+    Put(*this, body_.inipath(), imgConer1_, {.object = "imgConer1", .skin = "corner-left"});
+    Put(*this, body_.inipath(), imgConer2_, {.object = "imgConer2", .skin = "corner-right"});
     QPalette ink = palette();
     ink.setColor(QPalette::Window, palette::SlateEdge);
     int number = 1;
     for (QWidget& line : lines_) {
-        line.setParent(this);
-        line.setObjectName(QStringLiteral("Line%1").arg(number++));
+        Put(*this, body_.inipath(), line, {.object = QString("Line%1").arg(number++)});
         line.setPalette(ink);
         line.setAutoFillBackground(true);
-        TakeNoMouse(line);
+        line.setAttribute(Qt::WA_TransparentForMouseEvents);
     }
-    imgConer1_.path(QStringLiteral("corner-left"));
-    imgConer1_.setObjectName(QStringLiteral("imgConer1"));
-    imgConer2_.path(QStringLiteral("corner-right"));
-    imgConer2_.setObjectName(QStringLiteral("imgConer2"));
     for (SkinImage* const corner : {&imgConer1_, &imgConer2_}) {
-        corner->inipath(programFolder);
         corner->resize(CornerSize);
         // They round off the lines.
         corner->raise();
     }
-}
-
-void FormSkinned::AddControl(QWidget& control, const QRectF& rectangle) {
-    body_.Add(control, rectangle);
-    // Else it would show the pointer of the edge that the mouse came from.
-    control.setCursor(Qt::ArrowCursor);
-}
-
-void FormSkinned::AddDisplay(QWidget& display, const QRectF& rectangle) {
-    body_.Add(display, rectangle);
-    TakeNoMouse(display);
 }
 
 void FormSkinned::Place(const WindowPlace& place) {

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdint>
 
-#include "controls/PanelCanvas.h"
+#include "controls/PanelPlacing.h"
 #include "controls/SkinImage.h"
 #include "controls/usrKVButton.h"
 #include "core/state/WindowPlace.h"
@@ -62,6 +62,7 @@ protected:
         QString title;  // for the window system
         QString tag;    // the window's number in the operator's settings, kept as text
         QSize size;     // inner size in design pixels
+        int below = 0;  // so many design pixels of Body lie below the window's edge, until it is made higher
     };
 
     // programFolder holds the folder skin.
@@ -71,10 +72,26 @@ protected:
     // height over their design values; in a window lower than its design what lies below the strip shares
     // the height that the strip leaves, so that nothing runs under it.
     PanelCanvas& Body() { return body_; }
-    // A control that the operator presses; it must be a child of Body.
-    void AddControl(QWidget& control, const QRectF& rectangle);
-    // A label or picture; a press on it goes through to the ground.
-    void AddDisplay(QWidget& display, const QRectF& rectangle);
+    // Puts onto Body what the operator presses.
+    template <typename Control>
+    void PutControl(Control& control, const Placed& placed) {
+        Put(body_, control, placed);
+        // Else it would show the pointer of the edge that the mouse came from.
+        control.setCursor(Qt::ArrowCursor);
+    }
+    // Puts a label or picture onto Body; a press on it goes through to the ground.
+    template <typename Display>
+    void PutDisplay(Display& display, const Placed& placed) {
+        Put(body_, display, placed);
+        display.setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    // A row or grid of them: `row` gives the Placed of each index, from 0.
+    template <typename Display, std::size_t Count, typename Row>
+    void PutDisplay(std::array<Display, Count>& displays, Row row) {
+        for (std::size_t index = 0; index < Count; ++index) {
+            PutDisplay(displays[index], row(static_cast<int>(index)));
+        }
+    }
 
     // Height of the title strip, which keeps it at every size of the window. Pixels.
     static constexpr int StripHeight = 32;
@@ -96,8 +113,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void BuildStrip(const QString& name, const QString& programFolder);
-    void BuildFrame(const QString& programFolder);
+    void PutStrip(const QString& name);
+    void PutFrame();
     void ArrangeFrame();
     void Close();
     bool IsGround(const QPoint& point) const;

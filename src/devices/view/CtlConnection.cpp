@@ -29,7 +29,7 @@ std::int32_t LimitedValue(const QString& text) {
 }  // namespace
 
 CtlConnection::CtlConnection(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(QSizeF(486, 520), parent),
+    : PanelCanvas(QSizeF(486, 520), programFolder, parent),
       system_(system),
       watch_(
           {system.state, system.instruments, system.settings, system.failures, system.pointer, system.timers},

@@ -107,7 +107,6 @@ constexpr double StateTop = 26;
 }  // namespace
 
 void CtlConnection::Build(const QString& programFolder) {
-    inipath(programFolder);
     PaintGround();
     BuildControls(programFolder);
     BuildStateLines();
@@ -163,7 +162,8 @@ void CtlConnection::BuildControls(const QString& programFolder) {
 
 void CtlConnection::BuildStateLines() {
     for (std::size_t row = 0; row < RowCount; ++row) {
-        auto* const label = new NumberLabel(this, type::Caption, QFont::Normal, NumberLabel::Ground::Bare);
+        auto* const label = new NumberLabel(this);
+        label->Face(type::Caption, QFont::Normal, NumberLabel::Ground::Bare);
         label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         Identify(*label, Indexed(QStringLiteral("lblState"), static_cast<int>(row)),
                  RowWordsOf[row].name + QStringLiteral(" state"));

@@ -1,14 +1,11 @@
 #include "devices/view/FormPortList.h"
 
 #include <QHeaderView>
-#include <QLabel>
-#include <QTableWidget>
 #include <QVBoxLayout>
 
 #include "controls/ControlNames.h"
 #include "controls/Palette.h"
 #include "controls/Type.h"
-#include "controls/usrKVButton.h"
 #include "platform/ShownText.h"
 
 namespace travo {
@@ -56,7 +53,12 @@ QString NumberText(std::int16_t number) { return number > 0 ? QString::number(nu
 }  // namespace
 
 FormPortList::FormPortList(platform::SerialPortList& ports, platform::Timers& timers, QWidget* parent)
-    : QDialog(parent), ports_(ports), timer_(timers.Create([this] { Refresh(); })) {
+    : QDialog(parent),
+      ports_(ports),
+      timer_(timers.Create([this] { Refresh(); })),
+      table_(0, ColumnCount, this),
+      hint_(this),
+      close_(this) {
     setObjectName(QStringLiteral("FormPortList"));
     setWindowTitle(QStringLiteral("Serial ports"));
     setAccessibleName(QStringLiteral("Serial ports"));
@@ -72,45 +74,42 @@ void FormPortList::Build() {
     column->setContentsMargins(12, 12, 12, 12);
     column->setSpacing(10);
     BuildTable();
-    hint_ = new QLabel(this);
-    hint_->setObjectName(QStringLiteral("lblHint"));
-    hint_->setTextFormat(Qt::PlainText);
-    hint_->setFont(TextFont(type::Caption, QFont::Normal));
-    auto* const close = new usrKVButton(this);
-    close->setText(QStringLiteral("Close"));
-    close->setFixedSize(CloseSize);
-    Identify(*close, QStringLiteral("usrKVButton1"), QStringLiteral("Close"),
+    hint_.setObjectName(QStringLiteral("lblHint"));
+    hint_.setTextFormat(Qt::PlainText);
+    hint_.setFont(TextFont(type::Caption, QFont::Normal));
+    close_.setText(QStringLiteral("Close"));
+    close_.setFixedSize(CloseSize);
+    Identify(close_, QStringLiteral("usrKVButton1"), QStringLiteral("Close"),
              QStringLiteral("Close this window"));
-    connect(close, &usrKVButton::clicked, this, &QDialog::reject);
-    column->addWidget(table_);
-    column->addWidget(hint_);
-    column->addWidget(close, 0, Qt::AlignRight);
+    connect(&close_, &usrKVButton::clicked, this, &QDialog::reject);
+    column->addWidget(&table_);
+    column->addWidget(&hint_);
+    column->addWidget(&close_, 0, Qt::AlignRight);
 }
 
 void FormPortList::BuildTable() {
-    table_ = new QTableWidget(0, ColumnCount, this);
-    Identify(*table_, QStringLiteral("tblPort"), QStringLiteral("Serial ports"));
-    table_->setHorizontalHeaderLabels({QStringLiteral("Port"), QStringLiteral("Device"),
-                                       QStringLiteral("Description"), QStringLiteral("State")});
-    table_->setFont(TextFont(type::NameSmall, QFont::Normal));
-    QHeaderView* const header = table_->horizontalHeader();
+    Identify(table_, QStringLiteral("tblPort"), QStringLiteral("Serial ports"));
+    table_.setHorizontalHeaderLabels({QStringLiteral("Port"), QStringLiteral("Device"),
+                                      QStringLiteral("Description"), QStringLiteral("State")});
+    table_.setFont(TextFont(type::NameSmall, QFont::Normal));
+    QHeaderView* const header = table_.horizontalHeader();
     header->setFont(TextFont(type::Caption, QFont::DemiBold));
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setHighlightSections(false);
     for (int column = 0; column < ColumnCount; ++column) {
-        table_->setColumnWidth(column, ColumnWidth[column]);
+        table_.setColumnWidth(column, ColumnWidth[column]);
     }
     header->setSectionResizeMode(DescriptionColumn, QHeaderView::Stretch);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(RowHeight);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setShowGrid(false);
+    table_.verticalHeader()->hide();
+    table_.verticalHeader()->setDefaultSectionSize(RowHeight);
+    table_.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_.setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_.setSelectionMode(QAbstractItemView::SingleSelection);
+    table_.setTabKeyNavigation(false);
+    table_.setWordWrap(false);
+    table_.setShowGrid(false);
     // Both ends of a device path tell ports apart.
-    table_->setTextElideMode(Qt::ElideMiddle);
+    table_.setTextElideMode(Qt::ElideMiddle);
 }
 
 bool FormPortList::Open() {
@@ -137,9 +136,9 @@ bool FormPortList::Read() {
     } catch (...) {
         isThere = false;
     }
-    hint_->setText(!isThere          ? QStringLiteral("Device Manager is Not found")
-                   : entries.empty() ? QStringLiteral("This computer has no serial port.")
-                                     : QStringLiteral("Read again every second."));
+    hint_.setText(!isThere          ? QStringLiteral("Device Manager is Not found")
+                  : entries.empty() ? QStringLiteral("This computer has no serial port.")
+                                    : QStringLiteral("Read again every second."));
     // A table that is filled anew loses its selection and its place: only for a change.
     if (entries != entries_) {
         entries_ = std::move(entries);
@@ -149,7 +148,7 @@ bool FormPortList::Read() {
 }
 
 void FormPortList::Fill() {
-    table_->setRowCount(static_cast<int>(entries_.size()));
+    table_.setRowCount(static_cast<int>(entries_.size()));
     int row = 0;
     for (const auto& entry : entries_) {
         const QString state = entry.whyNot.isEmpty() ? QStringLiteral("can be opened") : entry.whyNot;
@@ -161,7 +160,7 @@ void FormPortList::Fill() {
             if (column == StateColumn && !entry.whyNot.isEmpty()) {
                 item->setForeground(palette::CoralDeepText);
             }
-            table_->setItem(row, column, item);
+            table_.setItem(row, column, item);
         }
         ++row;
     }

@@ -2,14 +2,14 @@
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
+#include <QTableWidget>
 #include <memory>
 #include <vector>
 
+#include "controls/usrKVButton.h"
 #include "platform/Clock.h"
 #include "platform/SerialPortList.h"
-
-class QLabel;
-class QTableWidget;
 
 namespace travo {
 
@@ -36,8 +36,9 @@ private:
     platform::SerialPortList& ports_;
     std::unique_ptr<platform::Timer> timer_;
     std::vector<platform::SerialPortList::Entry> entries_;
-    QTableWidget* table_ = nullptr;
-    QLabel* hint_ = nullptr;
+    QTableWidget table_;
+    QLabel hint_;
+    usrKVButton close_;
 };
 
 }  // namespace travo

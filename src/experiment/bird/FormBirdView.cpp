@@ -52,9 +52,9 @@ void FormBirdView::ChangeViewXYZ(const PositionXYZ& CurrentXYZ) {
     const PositionXYZ common = MirrorToCommon(CurrentXYZ);
     const PositionXYZ shown{common[0], Difference(0, common[1]), common[2]};
     scene_.view = ViewPlace(CurrentXYZ, scene_.intBirdMagnification);
-    for (std::size_t axis = 0; axis < AxisLabels; ++axis) {
+    for (std::size_t axis = 0; axis < lblXYZPos_.size(); ++axis) {
         const bool isSet = CurrentXYZ.at(axis) != NoPositionValue;
-        lblXYZPos_.at(axis)->setText(isSet ? QString::number(shown.at(axis)) : QStringLiteral("N/A"));
+        lblXYZPos_.at(axis).setText(isSet ? QString::number(shown.at(axis)) : QStringLiteral("N/A"));
     }
     Redraw();
 }
@@ -117,7 +117,6 @@ void FormBirdView::Arrange() {
     // The rows below the picture keep their heights and their distance to the window's lower edge.
     const int top = height() - ClosedSize.height() - OpenHeight();
     Body().setGeometry(0, top, width(), ClosedSize.height() + LowerPanelHeight);
-    rows_.Apply(QSizeF(width(), ClosedSize.height()));
     for (QWidget* const control : lower_) {
         control->setVisible(BirdOPEN());
     }

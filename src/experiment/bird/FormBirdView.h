@@ -6,10 +6,8 @@
 #include <QString>
 #include <array>
 #include <cstdint>
-#include <vector>
 
 #include "controls/NumberLabel.h"
-#include "controls/ScaledLayout.h"
 #include "controls/SkinImage.h"
 #include "controls/usrKVCheckButton.h"
 #include "controls/usrKVXscroll.h"
@@ -94,14 +92,11 @@ protected:
     void BackToDesignSize() override;
 
 private:
-    static constexpr std::size_t AxisLabels = 3;
-
-    void BuildPicture();
-    void BuildReadout(const QString& programFolder);
-    void BuildBars(const QString& programFolder);
-    void BuildButtons(const QString& programFolder);
-    void AddRow(QWidget& control, const QRectF& rectangle);
-    void AddLower(QWidget& control, const QRectF& rectangle);
+    void PlacePicture();
+    void PlaceBars();
+    void PlaceSwitches();
+    void PlaceReadout();
+    void Connect();
 
     int OpenHeight() const { return BirdOPEN() ? LowerPanelHeight : 0; }
     QSize LeastSize() const;
@@ -130,15 +125,16 @@ private:
     usrKVCheckButton usrKVCheckButton1_;
     SkinImage imgPramXYZ_;
     SkinImage imgParmName_;
-    std::array<NumberLabel*, AxisLabels> lblXYZPos_{};
+    std::array<NumberLabel, AxisCount> lblXYZPos_;
     usrKVXscroll usrKVXscroll1_;
     usrKVXscroll usrKVXscroll2_;
     // usrKVCheckButton2(0) and (1).
     usrKVCheckButton lines_;
     usrKVCheckButton shift_;
-    // The rows below the picture, and those of them that the closed window hides.
-    ScaledLayout rows_;
-    std::vector<QWidget*> lower_;
+    // What the closed window hides: all below the picture but the button that opens the lower panel.
+    const std::array<QWidget*, 9> lower_{&imgPramXYZ_,    &imgParmName_,  &lblXYZPos_[0],
+                                         &lblXYZPos_[1],  &lblXYZPos_[2], &usrKVXscroll1_,
+                                         &usrKVXscroll2_, &lines_,        &shift_};
 };
 
 }  // namespace travo

@@ -24,27 +24,24 @@ std::int32_t Readout(std::int32_t axis, std::int32_t value) {
 }  // namespace
 
 CtlCellPosition::CtlCellPosition(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(QSizeF(486, 520), parent), system_(system) {
+    : PanelCanvas(QSizeF(486, 520), programFolder, parent), system_(system) {
     setObjectName(QStringLiteral("CtlCellPosition1"));
-    inipath(programFolder);
-    BuildPaint();
-    BuildButtons(programFolder);
-    BuildReadings(programFolder);
+    Place();
     for (std::size_t index = 0; index < buttons_.size(); ++index) {
-        connect(buttons_.at(index), &usrKVButton::clicked, this, [this, index] { ButtonPressed(index); });
+        connect(&buttons_.at(index), &usrKVButton::clicked, this, [this, index] { ButtonPressed(index); });
     }
-    connect(pageSwitch_, &usrKVCheckButton::clicked, this, [this] { ShowPage(); });
+    connect(&pageSwitch_, &usrKVCheckButton::clicked, this, [this] { ShowPage(); });
     ShowPage();
 }
 
 void CtlCellPosition::Shown() {
     const bool canStore = system_.communication.MirrorPortOpenCheck();
-    for (NumberLabel* const label : labels_) {
-        label->setEnabled(canStore);
+    for (NumberLabel& label : labels_) {
+        label.setEnabled(canStore);
     }
-    pageSwitch_->Enabled(canStore);
+    pageSwitch_.Enabled(canStore);
     for (std::size_t row = 0; row < RowCount; ++row) {
-        buttons_.at(row)->Enabled(canStore);
+        buttons_.at(row).Enabled(canStore);
     }
 }
 
@@ -62,7 +59,7 @@ void CtlCellPosition::ButtonPressed(std::size_t Index) {
 }
 
 void CtlCellPosition::StoreCell(std::int32_t row) {
-    const std::int32_t cell = pageSwitch_->Value() ? row + static_cast<std::int32_t>(RowCount) : row;
+    const std::int32_t cell = pageSwitch_.Value() ? row + static_cast<std::int32_t>(RowCount) : row;
     PositionXYZ stored{};
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
         const std::int32_t value = system_.state.CurrentXYZ(axis);
@@ -78,11 +75,11 @@ void CtlCellPosition::StoreCell(std::int32_t row) {
 }
 
 void CtlCellPosition::ShowPage() {
-    const bool isSecond = pageSwitch_->Value();
-    letters_[0]->setVisible(!isSecond);
-    letters_[1]->setVisible(isSecond);
+    const bool isSecond = pageSwitch_.Value();
+    letters_[0].setVisible(!isSecond);
+    letters_[1].setVisible(isSecond);
     for (std::size_t index = 0; index < labels_.size(); ++index) {
-        labels_.at(index)->setVisible((index >= RowCount * AxisCount) == isSecond);
+        labels_.at(index).setVisible((index >= RowCount * AxisCount) == isSecond);
     }
 }
 
@@ -99,7 +96,7 @@ void CtlCellPosition::ChangeZeroPosition() {
 }
 
 NumberLabel& CtlCellPosition::CellLabel(std::int32_t cell, std::int32_t axis) {
-    return *labels_.at(Bounded(cell * AxisCount + axis, labels_.size()));
+    return labels_.at(Bounded(cell * AxisCount + axis, labels_.size()));
 }
 
 }  // namespace travo

@@ -61,9 +61,10 @@ private:
     static constexpr std::size_t PageCount = 2;
     static constexpr std::size_t LabelCount = CellCount * AxisCount;
 
-    void BuildPaint();
-    void BuildButtons(const QString& programFolder);
-    void BuildReadings(const QString& programFolder);
+    void Place();
+    void PlacePaint();
+    void PlaceButtons();
+    void PlaceReadings();
 
     void ButtonPressed(std::size_t Index);
     // The present view into a row of the page on show. OverflowFailure where a value does not fit 32 bits.
@@ -73,15 +74,15 @@ private:
     NumberLabel& CellLabel(std::int32_t cell, std::int32_t axis);
 
     System system_;
-    usrKVCheckButton* pageSwitch_ = nullptr;
+    usrKVCheckButton pageSwitch_;
     // SET of rows 1 to 4, then RESET.
-    std::array<usrKVButton*, ButtonCount> buttons_{};
+    std::array<usrKVButton, ButtonCount> buttons_;
     // By cell times 3 plus axis.
-    std::array<NumberLabel*, LabelCount> labels_{};
+    std::array<NumberLabel, LabelCount> labels_;
     // The row letters of each page.
-    std::array<SkinImage*, PageCount> letters_{};
+    std::array<SkinImage, PageCount> letters_;
     // Has its place like the others and is never on show.
-    NumberBox* zField_ = nullptr;
+    NumberBox zField_;
 };
 
 }  // namespace travo

@@ -1,5 +1,5 @@
 // Where things stand on the cell position panel and what they are called.
-#include "controls/ControlNames.h"
+#include "controls/PanelPlacing.h"
 #include "experiment/view/CtlCellPosition.h"
 
 namespace travo {
@@ -16,18 +16,26 @@ constexpr double ControlHeight = 60;
 constexpr QSizeF ButtonSize(86, ControlHeight);
 constexpr double ButtonsLeft = 376;
 constexpr double ResetTop = 430;
+constexpr QRectF LettersPlace(24, RowsTop, 56, 282);
 constexpr double ZeroTextLeft = 66;
 
-QString AxisName(std::size_t axis) { return QString(QLatin1Char("XYZ"[axis])); }
+QString AxisName(int axis) { return QString(QLatin1Char("XYZ"[axis])); }
 
-double RowTop(std::size_t row) { return RowsTop + RowHeight * static_cast<double>(row); }
-double ColumnLeft(std::size_t axis) { return ColumnsLeft + ColumnWidth * static_cast<double>(axis); }
+double RowTop(int row) { return RowsTop + RowHeight * row; }
+double ColumnLeft(int axis) { return ColumnsLeft + ColumnWidth * axis; }
 
 }  // namespace
 
-void CtlCellPosition::BuildPaint() {
+// The order of placing is the order of the Tab key.
+void CtlCellPosition::Place() {
+    PlacePaint();
+    PlaceButtons();
+    PlaceReadings();
+}
+
+void CtlCellPosition::PlacePaint() {
     Paint(Plate{QRectF(12, 74, 462, 328)});
-    for (std::size_t axis = 0; axis < AxisCount; ++axis) {
+    for (int axis = 0; axis < AxisCount; ++axis) {
         Paint(CaptionText(ColumnLeft(axis) + LabelWidth - 6, 82, AxisName(axis), Qt::AlignRight));
     }
     Paint(Plate{QRectF(12, 412, 462, 96)});
@@ -37,54 +45,36 @@ void CtlCellPosition::BuildPaint() {
     Paint(HintText(ZeroTextLeft, 485, QStringLiteral("stored heights are counted from it.")));
 }
 
-void CtlCellPosition::BuildButtons(const QString& programFolder) {
-    pageSwitch_ = new usrKVCheckButton(this);
-    pageSwitch_->path(QStringLiteral("CellPosSelect"));
-    pageSwitch_->inipath(programFolder);
-    Identify(*pageSwitch_, QStringLiteral("usrKVCheckButton2"), QStringLiteral("Page E to H"),
-             QStringLiteral("Raised: cells A to D. Pressed: cells E to H"));
-    Add(*pageSwitch_, QRectF(12, 12, 462, 52));
-
-    for (std::size_t index = 0; index < buttons_.size(); ++index) {
-        auto* const button = new usrKVButton(this);
-        buttons_.at(index) = button;
-        const bool isReset = index == ResetIndex;
-        button->path(isReset ? QStringLiteral("RESET") : QStringLiteral("SET"));
-        button->inipath(programFolder);
-        Identify(*button, Indexed(QStringLiteral("usrKVButton1"), static_cast<int>(index)),
-                 isReset ? QStringLiteral("Reset zero point") : QStringLiteral("Set row %1").arg(index + 1),
-                 isReset ? QStringLiteral("Make the present height the zero point of Z")
-                         : QStringLiteral("Store the present view in this row"));
-        Add(*button, QRectF(QPointF(ButtonsLeft, isReset ? ResetTop : RowTop(index)), ButtonSize));
+void CtlCellPosition::PlaceButtons() {
+    Put(*this, pageSwitch_,
+        {"usrKVCheckButton2", "Page E to H", QRectF(12, 12, 462, 52), "CellPosSelect",
+         "Raised: cells A to D. Pressed: cells E to H"});
+    for (int row = 0; row < static_cast<int>(RowCount); ++row) {
+        Put(*this, buttons_.at(row),
+            {Indexed("usrKVButton1", row), QString("Set row %1").arg(row + 1),
+             QRectF(QPointF(ButtonsLeft, RowTop(row)), ButtonSize), "SET",
+             "Store the present view in this row"});
     }
+    Put(*this, buttons_[ResetIndex],
+        {"usrKVButton1(4)", "Reset zero point", QRectF(QPointF(ButtonsLeft, ResetTop), ButtonSize), "RESET",
+         "Make the present height the zero point of Z"});
 }
 
-void CtlCellPosition::BuildReadings(const QString& programFolder) {
-    const std::array<QString, PageCount> letterNames{QStringLiteral("Rows A to D"),
-                                                     QStringLiteral("Rows E to H")};
-    for (std::size_t page = 0; page < letters_.size(); ++page) {
-        auto* const letters = new SkinImage(this);
-        letters_.at(page) = letters;
-        letters->path(QStringLiteral("cellletters-%1").arg(page));
-        letters->inipath(programFolder);
-        Identify(*letters, Indexed(QStringLiteral("imgCellPos"), static_cast<int>(page)),
-                 letterNames.at(page));
-        Add(*letters, QRectF(24, RowsTop, 56, 282));
+void CtlCellPosition::PlaceReadings() {
+    Put(*this, letters_[0], {"imgCellPos(0)", "Rows A to D", LettersPlace, "cellletters-0"});
+    Put(*this, letters_[1], {"imgCellPos(1)", "Rows E to H", LettersPlace, "cellletters-1"});
+    Put(*this, labels_, [](int index) {
+        const int cell = index / AxisCount;
+        const int axis = index % AxisCount;
+        return Placed{
+            Indexed("lblCellPos", index), QString("Cell %1 %2").arg(QChar(u'A' + cell)).arg(AxisName(axis)),
+            QRectF(ColumnLeft(axis), RowTop(cell % static_cast<int>(RowCount)), LabelWidth, ControlHeight)};
+    });
+    for (NumberLabel& label : labels_) {
+        label.setText(QStringLiteral("N/A"));
     }
-    for (std::size_t index = 0; index < labels_.size(); ++index) {
-        auto* const label = new NumberLabel(this);
-        labels_.at(index) = label;
-        const std::size_t cell = index / AxisCount;
-        const std::size_t axis = index % AxisCount;
-        label->setText(QStringLiteral("N/A"));
-        Identify(*label, Indexed(QStringLiteral("lblCellPos"), static_cast<int>(index)),
-                 QStringLiteral("Cell %1 %2").arg(QLatin1Char("ABCDEFGH"[cell])).arg(AxisName(axis)));
-        Add(*label, QRectF(ColumnLeft(axis), RowTop(cell % RowCount), LabelWidth, ControlHeight));
-    }
-    zField_ = new NumberBox(this);
-    Identify(*zField_, QStringLiteral("txtCellZPos"), QStringLiteral("Z field"));
-    Add(*zField_, QRectF(280, ResetTop, 84, ControlHeight));
-    zField_->hide();
+    Put(*this, zField_, {"txtCellZPos", "Z field", QRectF(280, ResetTop, 84, ControlHeight)});
+    zField_.hide();
 }
 
 }  // namespace travo

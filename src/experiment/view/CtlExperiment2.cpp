@@ -14,12 +14,12 @@ constexpr QSizeF Design(486, 520);
 }  // namespace
 
 CtlExperiment2::CtlExperiment2(const System& system, const QString& programFolder, QWidget* parent)
-    : PanelCanvas(Design, parent),
+    : PanelCanvas(Design, programFolder, parent),
       system_(system),
       selected_({system.state, system.communication, system.needle}),
       Timer1_(system.timers.Create([this] { ArrowTick(); })) {
     setObjectName(QStringLiteral("CtlExperiment1"));
-    Place(programFolder);
+    Place();
     Connect();
     for (usrKVCheckButton& button : cellButton_) {
         button.Enabled(false);

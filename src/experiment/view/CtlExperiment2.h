@@ -88,11 +88,11 @@ private:
     static constexpr std::int16_t LastFrame = 3;
     static constexpr std::size_t DoubleArrow = 4;
 
-    void Place(const QString& programFolder);
-    void PlaceWhatMoves(const QString& programFolder);
-    void PlaceArrow(const QString& programFolder);
-    void PlaceWhereTo(const QString& programFolder);
-    void PlaceActions(const QString& programFolder);
+    void Place();
+    void PlaceWhatMoves();
+    void PlaceArrow();
+    void PlaceWhereTo();
+    void PlaceActions();
     void Connect();
 
     void MovePressed();

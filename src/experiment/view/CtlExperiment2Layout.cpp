@@ -1,7 +1,6 @@
 // Where the controls of the experiment panel stand, and how its lamps and arrow are shown.
 #include <QString>
 
-#include "controls/ControlNames.h"
 #include "controls/PanelPlacing.h"
 #include "core/ground/Arithmetic.h"
 #include "experiment/view/CtlExperiment2.h"
@@ -38,92 +37,79 @@ QChar CellLetter(int cell) { return QChar(u'A' + cell); }
 }  // namespace
 
 // The order of placing is the order of the Tab key.
-void CtlExperiment2::Place(const QString& programFolder) {
-    inipath(programFolder);
+void CtlExperiment2::Place() {
     Paint(Plate{QRectF(12, 12, 462, 110)});
     Paint(CaptionText(24, 18, QStringLiteral("What moves")));
     Paint(Plate{QRectF(12, 160, 462, 192)});
     Paint(CaptionText(24, 166, QStringLiteral("Where to")));
     presentViewSlot_ = Paint(DashedSlot{PresentViewSlotPlace});
     Paint(Rule{24, 462, 448});
-    PlaceWhatMoves(programFolder);
-    PlaceArrow(programFolder);
-    PlaceWhereTo(programFolder);
-    PlaceActions(programFolder);
+    PlaceWhatMoves();
+    PlaceArrow();
+    PlaceWhereTo();
+    PlaceActions();
 }
 
-void CtlExperiment2::PlaceWhatMoves(const QString& programFolder) {
-    for (int needle = 0; needle < NeedleCount; ++needle) {
+void CtlExperiment2::PlaceWhatMoves() {
+    Put(*this, needleButton_, [](int needle) {
         const QString number = QString::number(needle + 1);
-        Put(*this, needleButton_[static_cast<std::size_t>(needle)], InColumn(needle, MoveRowTop, ButtonSize),
-            programFolder,
-            {Indexed(QStringLiteral("usrKVCheckButton1"), needle), QStringLiteral("Needle ") + number,
-             QStringLiteral("Move needle ") + number, QStringLiteral("ExpManiSelect") + number});
-    }
-    Put(*this, viewButton_, InColumn(View, MoveRowTop, ButtonSize), programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton4"), 0), QStringLiteral("View"),
-         QStringLiteral("Move the view (the tilting mirror)"), QStringLiteral("ExpView")});
-    for (int lamp = 0; lamp <= View; ++lamp) {
-        const QString what =
-            lamp == View ? QStringLiteral("View") : QStringLiteral("Needle %1").arg(lamp + 1);
-        Put(*this, imgMManiNo_[static_cast<std::size_t>(lamp)], InColumn(lamp, MoveLampTop, LampSize),
-            programFolder,
-            {Indexed(QStringLiteral("imgMManiNo"), lamp), what + QStringLiteral(" lamp"), QString(),
-             QStringLiteral("lamp-move")});
-    }
+        return Placed{Indexed("usrKVCheckButton1", needle), "Needle " + number,
+                      InColumn(needle, MoveRowTop, ButtonSize), "ExpManiSelect" + number,
+                      "Move needle " + number};
+    });
+    Put(*this, viewButton_,
+        {"usrKVCheckButton4(0)", "View", InColumn(View, MoveRowTop, ButtonSize), "ExpView",
+         "Move the view (the tilting mirror)"});
+    Put(*this, imgMManiNo_, [](int lamp) {
+        const QString what = lamp == View ? QString("View") : QString("Needle %1").arg(lamp + 1);
+        return Placed{Indexed("imgMManiNo", lamp), what + " lamp", InColumn(lamp, MoveLampTop, LampSize),
+                      "lamp-move"};
+    });
 }
 
-void CtlExperiment2::PlaceArrow(const QString& programFolder) {
-    for (int frame = 0; frame < static_cast<int>(Image2_.size()); ++frame) {
-        QString human = QStringLiteral("Arrow %1").arg(frame);
-        if (frame == 0) {
-            human = QStringLiteral("Arrow track");
-        } else if (frame == static_cast<int>(DoubleArrow)) {
-            human = QStringLiteral("Synchro arrow");
-        }
-        Put(*this, Image2_[static_cast<std::size_t>(frame)], ArrowPlace, programFolder,
-            {Indexed(QStringLiteral("Image2"), frame), human, QString(),
-             QStringLiteral("exparrow-%1").arg(frame)});
-    }
+void CtlExperiment2::PlaceArrow() {
+    Put(*this, Image2_[0], {"Image2(0)", "Arrow track", ArrowPlace, "exparrow-0"});
+    Put(*this, Image2_[1], {"Image2(1)", "Arrow 1", ArrowPlace, "exparrow-1"});
+    Put(*this, Image2_[2], {"Image2(2)", "Arrow 2", ArrowPlace, "exparrow-2"});
+    Put(*this, Image2_[3], {"Image2(3)", "Arrow 3", ArrowPlace, "exparrow-3"});
+    Put(*this, Image2_[DoubleArrow], {"Image2(4)", "Synchro arrow", ArrowPlace, "exparrow-4"});
 }
 
-void CtlExperiment2::PlaceWhereTo(const QString& programFolder) {
+void CtlExperiment2::PlaceWhereTo() {
     for (int cell = 0; cell < CellCount; ++cell) {
         const QChar letter = CellLetter(cell);
-        Put(*this, cellButton_[static_cast<std::size_t>(cell)], InCell(cell, CellRowTop, ButtonSize),
-            programFolder,
-            {Indexed(QStringLiteral("usrKVCheckButton2"), cell), QStringLiteral("Cell ") + letter,
-             QStringLiteral("Go to cell ") + letter, QStringLiteral("ExpPosSelect") + letter});
-        Put(*this, imgMCellNo_[static_cast<std::size_t>(cell)], InCell(cell, TargetLampTop, LampSize),
-            programFolder,
-            {Indexed(QStringLiteral("imgMCellNo"), cell), QStringLiteral("Cell %1 lamp").arg(letter),
-             QString(), QStringLiteral("lamp-target")});
+        Put(*this, cellButton_.at(cell),
+            {Indexed("usrKVCheckButton2", cell), QString("Cell ") + letter,
+             InCell(cell, CellRowTop, ButtonSize), QString("ExpPosSelect") + letter,
+             QString("Go to cell ") + letter});
+        Put(*this, imgMCellNo_.at(cell),
+            {Indexed("imgMCellNo", cell), QString("Cell %1 lamp").arg(letter),
+             InCell(cell, TargetLampTop, LampSize), "lamp-target"});
     }
-    Put(*this, presentViewButton_, PresentViewPlace, programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton4"), 1), QStringLiteral("Present view"),
-         QStringLiteral("Go to the centre of the present view"), QStringLiteral("ExpView")});
-    Put(*this, imgMCellNo_[PresentView], InColumn(View, TargetLampTop, LampSize), programFolder,
-        {Indexed(QStringLiteral("imgMCellNo"), PresentView), QStringLiteral("Present view lamp"), QString(),
-         QStringLiteral("lamp-target")});
+    Put(*this, presentViewButton_,
+        {"usrKVCheckButton4(1)", "Present view", PresentViewPlace, "ExpView",
+         "Go to the centre of the present view"});
+    Put(*this, imgMCellNo_[PresentView],
+        {Indexed("imgMCellNo", PresentView), "Present view lamp", InColumn(View, TargetLampTop, LampSize),
+         "lamp-target"});
 }
 
-void CtlExperiment2::PlaceActions(const QString& programFolder) {
-    Put(*this, moveButton_, QRectF(24, 364, 260, 72), programFolder,
-        {QStringLiteral("usrKVButton1"), QStringLiteral("Move"),
-         QStringLiteral("Move the chosen needle or the view to the chosen place"),
-         QStringLiteral("ExpMove")});
-    Put(*this, synchroButton_, QRectF(291, 364, 82, 72), programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton3"), 0), QStringLiteral("Synchro"),
-         QStringLiteral("The chosen needle follows the view"), QStringLiteral("ExpSynchro")});
-    Put(*this, directButton_, QRectF(380, 364, 82, 72), programFolder,
-        {Indexed(QStringLiteral("usrKVCheckButton3"), 1), QStringLiteral("Direct"),
-         QStringLiteral("The view goes to a cell as soon as it is chosen"), QStringLiteral("ExpDirect")});
-    Put(*this, objectiveEscapeButton_, QRectF(24, 458, 215, 50), programFolder,
-        {Indexed(QStringLiteral("usrKVButton2"), 0), QStringLiteral("Objective escape"),
-         QStringLiteral("Raise the objective to its escape height"), QStringLiteral("ExpEscape1")});
-    Put(*this, needleEscapeButton_, QRectF(247, 458, 215, 50), programFolder,
-        {Indexed(QStringLiteral("usrKVButton2"), 1), QStringLiteral("Needle escape"),
-         QStringLiteral("Take the chosen needle to its escape position"), QStringLiteral("ExpEscape2")});
+void CtlExperiment2::PlaceActions() {
+    Put(*this, moveButton_,
+        {"usrKVButton1", "Move", QRectF(24, 364, 260, 72), "ExpMove",
+         "Move the chosen needle or the view to the chosen place"});
+    Put(*this, synchroButton_,
+        {"usrKVCheckButton3(0)", "Synchro", QRectF(291, 364, 82, 72), "ExpSynchro",
+         "The chosen needle follows the view"});
+    Put(*this, directButton_,
+        {"usrKVCheckButton3(1)", "Direct", QRectF(380, 364, 82, 72), "ExpDirect",
+         "The view goes to a cell as soon as it is chosen"});
+    Put(*this, objectiveEscapeButton_,
+        {"usrKVButton2(0)", "Objective escape", QRectF(24, 458, 215, 50), "ExpEscape1",
+         "Raise the objective to its escape height"});
+    Put(*this, needleEscapeButton_,
+        {"usrKVButton2(1)", "Needle escape", QRectF(247, 458, 215, 50), "ExpEscape2",
+         "Take the chosen needle to its escape position"});
 }
 
 void CtlExperiment2::ArrowTick() {

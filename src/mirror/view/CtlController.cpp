@@ -41,15 +41,19 @@ std::int16_t AreaOfKey(const QKeyEvent& event) {
 
 }  // namespace
 
-CtlController::CtlController(const System& system, const QString& programFolder, QWidget* parent)
+CtlController::CtlController(const System& system, QWidget* parent)
     : QWidget(parent), system_(system), focusMark_(*this, *this) {
-    pictures_.Folder(programFolder);
     DesignSize(QSizeF(PadSide, PadSide));
     resize(PadSide, PadSide);
     setFocusPolicy(Qt::StrongFocus);
     // To see that a release has been lost.
     setMouseTracking(true);
     InstallPadAccess();
+}
+
+void CtlController::inipath(const QString& folder) {
+    pictures_.Folder(folder);
+    update();
 }
 
 void CtlController::ChangeEnable(bool New_Enable) {

@@ -33,8 +33,11 @@ public:
         platform::Display& display;
     };
 
-    // Enabled at first. programFolder holds the folder skin.
-    CtlController(const System& system, const QString& programFolder, QWidget* parent);
+    // Enabled at first.
+    explicit CtlController(const System& system, QWidget* parent = nullptr);
+
+    // The program's folder; the pictures lie in its folder skin.
+    void inipath(const QString& folder);
 
     // True shows the pad at rest, false shows it disabled and drops a press. The focus goes to no other
     // control meanwhile, and comes back unless the operator has taken it elsewhere.

@@ -1,6 +1,5 @@
 #include "mirror/view/FormMirrorCtl.h"
 
-#include "controls/ControlNames.h"
 #include "core/ground/Magnification.h"
 
 namespace travo {
@@ -12,17 +11,10 @@ constexpr QRectF PadPlace(12, 45, PadSide, PadSide);
 constexpr QRectF FirstFocusPlace(191, 45, 73, 36);
 constexpr double FocusDistance = 43;
 
-struct FocusButton {
-    const char* skin;
-    std::int32_t way;  // in the motor unit's counts
-    const char* human;
-    const char* toolTip;
-};
-constexpr std::array<FocusButton, 4> FocusButtons{
-    {{"MirrorUp2", 1000, "Focus up 1000", "Focus up by 1000"},
-     {"MirrorUp", 100, "Focus up 100", "Focus up by 100"},
-     {"MirrorDown", -100, "Focus down 100", "Focus down by 100"},
-     {"MirrorDown2", -1000, "Focus down 1000", "Focus down by 1000"}}};
+// In the motor unit's counts.
+constexpr std::array<std::int32_t, 4> FocusWays{1000, 100, -100, -1000};
+
+QRectF FocusPlace(int button) { return FirstFocusPlace.translated(0, FocusDistance * button); }
 
 }  // namespace
 
@@ -31,27 +23,28 @@ FormMirrorCtl::FormMirrorCtl(const System& system, const QString& programFolder)
                   {QStringLiteral("FormMirrorCtl"), QStringLiteral("Mirror and focus"), QStringLiteral("2"),
                    QSize(276, 222)},
                   programFolder),
-      CtlController1({system.cCommunication, system.cMirrorMove, system.display}, programFolder, &Body()),
+      CtlController1({system.cCommunication, system.cMirrorMove, system.display}),
       state_(system.state),
       cCommunication_(system.cCommunication) {
-    Identify(CtlController1, QStringLiteral("CtlController1"), QStringLiteral("Mirror pad"),
-             QStringLiteral("Outer ring 10 steps, inner ring 1 step, middle: to the centre"));
-    AddControl(CtlController1, PadPlace);
-    BuildFocusButtons(programFolder);
+    PlaceControls();
+    for (std::size_t index = 0; index < FocusCount; ++index) {
+        connect(&usrKVButton2_.at(index), &usrKVButton::clicked, this,
+                [this, way = FocusWays.at(index)] { FocusPressed(way); });
+    }
 }
 
-void FormMirrorCtl::BuildFocusButtons(const QString& programFolder) {
-    for (std::size_t index = 0; index < FocusCount; ++index) {
-        const FocusButton& named = FocusButtons.at(index);
-        usrKVButton& button = usrKVButton2_.at(index);
-        button.setParent(&Body());
-        button.path(QLatin1String(named.skin));
-        button.inipath(programFolder);
-        Identify(button, Indexed(QStringLiteral("usrKVButton2"), static_cast<int>(index)),
-                 QLatin1String(named.human), QLatin1String(named.toolTip));
-        AddControl(button, FirstFocusPlace.translated(0, FocusDistance * static_cast<double>(index)));
-        connect(&button, &usrKVButton::clicked, this, [this, way = named.way] { FocusPressed(way); });
-    }
+// The order of placing is the order of the Tab key.
+void FormMirrorCtl::PlaceControls() {
+    PutControl(CtlController1, {"CtlController1", "Mirror pad", PadPlace, NoSkin,
+                                "Outer ring 10 steps, inner ring 1 step, middle: to the centre"});
+    PutControl(usrKVButton2_[0],
+               {"usrKVButton2(0)", "Focus up 1000", FocusPlace(0), "MirrorUp2", "Focus up by 1000"});
+    PutControl(usrKVButton2_[1],
+               {"usrKVButton2(1)", "Focus up 100", FocusPlace(1), "MirrorUp", "Focus up by 100"});
+    PutControl(usrKVButton2_[2],
+               {"usrKVButton2(2)", "Focus down 100", FocusPlace(2), "MirrorDown", "Focus down by 100"});
+    PutControl(usrKVButton2_[3],
+               {"usrKVButton2(3)", "Focus down 1000", FocusPlace(3), "MirrorDown2", "Focus down by 1000"});
 }
 
 void FormMirrorCtl::Activated() {

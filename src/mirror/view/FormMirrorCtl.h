@@ -49,7 +49,7 @@ public:
 private:
     static constexpr std::size_t FocusCount = 4;
 
-    void BuildFocusButtons(const QString& programFolder);
+    void PlaceControls();
     void FocusPressed(std::int32_t way);
 
     SharedState& state_;

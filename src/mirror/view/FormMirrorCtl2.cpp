@@ -1,6 +1,5 @@
 #include "mirror/view/FormMirrorCtl2.h"
 
-#include "controls/ControlNames.h"
 #include "controls/PanelItems.h"
 #include "core/ground/Magnification.h"
 
@@ -13,19 +12,7 @@ constexpr double CaptionLeft = 12;
 constexpr double ObjectiveTop = 38;
 constexpr double MotorsTop = 114;
 
-struct TwoStateButton {
-    const char* skin;
-    QRectF place;
-    const char* human;
-    const char* toolTip;
-};
-constexpr const char* MagnificationHelp = "Change to this magnification";
-constexpr std::array<TwoStateButton, 5> Buttons{
-    {{"ctlmag035", {12, 58, 80, 50}, "Magnification 0.35x", MagnificationHelp},
-     {"ctlmag2", {98, 58, 80, 50}, "Magnification 2x", MagnificationHelp},
-     {"ctlmag4", {184, 58, 80, 50}, "Magnification 4x", MagnificationHelp},
-     {"On", {12, 134, 123, 46}, "Motors on", "Switch the mirror motors on"},
-     {"Off", {141, 134, 123, 46}, "Motors off", "Switch the mirror motors off"}}};
+const QString MagnificationHelp = QStringLiteral("Change to this magnification");
 
 }  // namespace
 
@@ -36,24 +23,28 @@ FormMirrorCtl2::FormMirrorCtl2(const System& system, const QString& programFolde
                   programFolder),
       state_(system.state),
       cCommunication_(system.cCommunication) {
-    Body().Paint(CaptionText(CaptionLeft, ObjectiveTop, QStringLiteral("Objective")));
-    Body().Paint(CaptionText(CaptionLeft, MotorsTop, QStringLiteral("Mirror motors")));
-    BuildButtons(programFolder);
+    PlaceControls();
+    for (std::size_t index = 0; index < ButtonCount; ++index) {
+        connect(&usrKVCheckButton1_.at(index), &usrKVCheckButton::clicked, this,
+                [this, index] { Pressed(index); });
+    }
     Pressed(On);
 }
 
-void FormMirrorCtl2::BuildButtons(const QString& programFolder) {
-    for (std::size_t index = 0; index < ButtonCount; ++index) {
-        const TwoStateButton& named = Buttons.at(index);
-        usrKVCheckButton& button = usrKVCheckButton1_.at(index);
-        button.setParent(&Body());
-        button.path(QLatin1String(named.skin));
-        button.inipath(programFolder);
-        Identify(button, Indexed(QStringLiteral("usrKVCheckButton1"), static_cast<int>(index)),
-                 QLatin1String(named.human), QLatin1String(named.toolTip));
-        AddControl(button, named.place);
-        connect(&button, &usrKVCheckButton::clicked, this, [this, index] { Pressed(index); });
-    }
+// The order of placing is the order of the Tab key.
+void FormMirrorCtl2::PlaceControls() {
+    Body().Paint(CaptionText(CaptionLeft, ObjectiveTop, QStringLiteral("Objective")));
+    Body().Paint(CaptionText(CaptionLeft, MotorsTop, QStringLiteral("Mirror motors")));
+    PutControl(usrKVCheckButton1_[0], {"usrKVCheckButton1(0)", "Magnification 0.35x", QRectF(12, 58, 80, 50),
+                                       "ctlmag035", MagnificationHelp});
+    PutControl(usrKVCheckButton1_[1], {"usrKVCheckButton1(1)", "Magnification 2x", QRectF(98, 58, 80, 50),
+                                       "ctlmag2", MagnificationHelp});
+    PutControl(usrKVCheckButton1_[2], {"usrKVCheckButton1(2)", "Magnification 4x", QRectF(184, 58, 80, 50),
+                                       "ctlmag4", MagnificationHelp});
+    PutControl(usrKVCheckButton1_[On], {"usrKVCheckButton1(3)", "Motors on", QRectF(12, 134, 123, 46), "On",
+                                        "Switch the mirror motors on"});
+    PutControl(usrKVCheckButton1_[Off], {"usrKVCheckButton1(4)", "Motors off", QRectF(141, 134, 123, 46),
+                                         "Off", "Switch the mirror motors off"});
 }
 
 void FormMirrorCtl2::Activated() {

@@ -47,7 +47,7 @@ private:
     static constexpr std::size_t Off = 4;
     static constexpr std::size_t ButtonCount = 5;
 
-    void BuildButtons(const QString& programFolder);
+    void PlaceControls();
     void EnableMagnification(bool enabled);
     void Pressed(std::size_t index);
     void MotorsShown(bool on);

@@ -28,11 +28,9 @@ public:
         : FormSkinned(
               system,
               {QStringLiteral("FormSample"), QStringLiteral("Sample"), QStringLiteral("3"), QSize(340, 300)},
-              QString()),
-          button(&Body()),
-          label(&Body()) {
-        AddControl(button, QRectF(20, 44, 100, 40));
-        AddDisplay(label, QRectF(200, 44, 100, 40));
+              QString()) {
+        PutControl(button, {.place = QRectF(20, 44, 100, 40)});
+        PutDisplay(label, {.place = QRectF(200, 44, 100, 40)});
     }
     void Activated() override { ++activations; }
 

@@ -35,6 +35,7 @@ class CtlControllerTest : public MirrorWindowBench {
 protected:
     CtlControllerTest() {
         rig.OpenPorts();
+        pad.inipath(SkinHome());
         window.resize(400, 400);
         pad.move(20, 20);
         other.setGeometry(200, 20, 100, 40);
@@ -60,7 +61,7 @@ protected:
     }
 
     QWidget window;
-    CtlController pad{{rig.communication, rig.mirrorMove, display}, SkinHome(), &window};
+    CtlController pad{{rig.communication, rig.mirrorMove, display}, &window};
     usrKVButton other{&window};
 };
 

@@ -283,7 +283,7 @@ TEST_F(CtlControllerTest, EachOfThe19StatesHasItsOwnPictureOfTheSkin) {
 }
 
 TEST_F(CtlControllerTest, WithoutPicturesAPlainOneBearsItsName) {
-    CtlController plain({rig.communication, rig.mirrorMove, display}, QString(), &window);
+    CtlController plain({rig.communication, rig.mirrorMove, display}, &window);
     plain.setAccessibleName(QStringLiteral("Mirror pad"));
     const QImage shot = plain.grab().toImage();
     std::set<QRgb> colours;

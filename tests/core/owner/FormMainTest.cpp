@@ -138,7 +138,7 @@ TEST_F(FormMainTest, TheDesignSizeIsTheSmallest) {
     EXPECT_EQ(window_->size(), QSize(520, 624));
 }
 
-TEST_F(FormMainTest, AMagnificationTellsTheExperimentPanelAndThenTheCamera) {
+TEST_F(FormMainTest, AMagnificationIsToldToTheCameraThatIsOpen) {
     ASSERT_TRUE(Start());
     window_->Objects().Live->Create();
     window_->State().LiveOpen = true;

@@ -23,8 +23,21 @@ TEST_F(StartUpPorts,
     EXPECT_FALSE(state_->bMirrorMotorONOFF);
 }
 
+TEST_F(StartUpPorts, APortNumberOfOneOpensTheDeviceThatItIsStoredFor) {
+    int device = 0;
+    for (const char* const key : {"Mirror", "Magnescale", "Motor"}) {
+        Restart();
+        journal_.clear();
+        WriteSettings(QByteArray("[COMPort]\r\n") + key + "=1\r\n");
+        EXPECT_TRUE(Begin());
+        EXPECT_EQ(CountOf("port 1 open"), 1) << key;
+        EXPECT_EQ(CountOf("watch " + std::to_string(device) + " on port 1"), 1) << key;
+        ++device;
+    }
+}
+
 TEST_F(StartUpPorts, APortNumberBelowOneLeavesTheDeviceClosed) {
-    WriteSettings("[COMPort]\r\nMirror=0\r\nMagnescale=-1\r\n");
+    WriteSettings("[COMPort]\r\nMirror=0\r\nMagnescale=-1\r\nMotor=0\r\n");
     EXPECT_TRUE(Begin());
     for (const std::string& entry : journal_) {
         EXPECT_FALSE(entry.starts_with("port ")) << entry;

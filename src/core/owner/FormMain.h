@@ -54,7 +54,6 @@ public:
     FormMainObjects& Objects() { return objects_; }
     PositionLoop& Loop() { return loop_; }
     // There from start-up on.
-    FormMainPanels& Panels() { return *panels_; }
     FormMainWindows& Windows() { return *windows_; }
 
 protected:

@@ -1,4 +1,4 @@
-// What the owner tells on of the serial ports; likewise of the other news in core/state/News.h.
+// What the owner tells on of the serial ports, as core/state/News.h has it of all else.
 #pragma once
 
 #include "devices/links/LinkListener.h"

@@ -82,6 +82,7 @@ public:
     // To be called when `LiveOpen` or `intTotalManipulatorNumber` has changed: the rows of camera and
     // manipulators say so.
     void StateChange();
+    // Likewise.
     void TotalManipulatorNumber(std::int16_t) override { StateChange(); }
     void CameraGone() override { StateChange(); }
 

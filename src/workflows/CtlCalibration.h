@@ -14,6 +14,7 @@
 #include "core/state/FailureHandler.h"
 #include "core/state/LiveLink.h"
 #include "core/state/NeedleReader.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/state/clsIniEdit.h"
 #include "devices/links/clsCommunication.h"
@@ -35,7 +36,11 @@ namespace travo {
 //
 // Presses of a capture button and of SET, RESET and ALLRESET report their failures themselves. A camera
 // that does not answer disturbs nothing: it is told without waiting. All else goes to the caller.
-class CtlCalibration : public PanelCanvas, public PanelSteps {
+class CtlCalibration : public PanelCanvas,
+                       public PanelSteps,
+                       public HearsMagnification,
+                       public HearsTotalManipulatorNumber,
+                       public HearsManipulatorChange {
     Q_OBJECT
 
 public:
@@ -69,15 +74,15 @@ public:
     CtlCalibration(const System& system, const QString& programFolder, QWidget* parent = nullptr);
 
     // The highest connected needle index, -1 for none. A fifth manipulator has no button.
-    void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
+    void TotalManipulatorNumber(std::int16_t ManipulatorNumber) override;
     // Another needle, index 0 to 3, is selected at the hardware. BoundsFailure for any other.
-    void ManipulatorChange(std::int16_t ManipulatorNumber);
+    void ManipulatorChange(std::int16_t ManipulatorNumber) override;
     // Likewise, without asking gauge and mirror.
     void ShowNeedle(std::int16_t ManipulatorNumber);
     // The needle whose button is down, index 0 to 3; NoNeedle until one has been chosen or read.
     std::int16_t LitNeedle() const;
     // The magnification has been written. Positions are recorded at 2x alone.
-    void ChangeMagnification(std::int16_t Magnification);
+    void ChangeMagnification(std::int16_t Magnification) override;
 
     void Shown() override;
     void Hidden() override;

@@ -11,6 +11,7 @@
 #include "core/ground/Positions.h"
 #include "core/state/LiveLink.h"
 #include "core/state/NeedleReader.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "devices/links/clsCommunication.h"
 #include "needle/clsEscape.h"
@@ -21,7 +22,7 @@ namespace travo {
 // Positions are in the common frame and live in clsEscape for the present run only. The labels show them,
 // Y with the opposite sign. Nothing here handles failures: they go to the caller, or to the event loop where
 // the operator's press is the cause.
-class CtlEscape : public PanelCanvas, public PanelSteps {
+class CtlEscape : public PanelCanvas, public PanelSteps, public HearsZeroPosition {
     Q_OBJECT
 
 public:
@@ -51,7 +52,7 @@ public:
 
     // Takes the new zero, ZeroXYZ(2), from the heights that have been recorded. X and Y stay.
     // OverflowFailure where a difference does not fit 32 bits; the heights before it are done by then.
-    void ChangeZeroPosition();
+    void ChangeZeroPosition() override;
 
     // Needles that are connected now can be recorded from here on, whatever becomes of them later.
     void Shown() override;

@@ -8,12 +8,13 @@
 #include "controls/NumberLabel.h"
 #include "controls/SkinImage.h"
 #include "core/ground/Positions.h"
+#include "core/state/News.h"
 #include "core/view/FormSkinned.h"
 
 namespace travo {
 
 // Window 3 of the operator's settings. It shows what it is told and changes nothing.
-class FormManiInfo : public FormSkinned {
+class FormManiInfo : public FormSkinned, public HearsTotalManipulatorNumber, public HearsCalibTime {
     Q_OBJECT
 
 public:
@@ -22,10 +23,10 @@ public:
 
     // The time of needle ManiNo (0 to 3, else BoundsFailure): of its last full calibration for CalibOrRe
     // 0, of its last re-calibration for any other. Shown as it stands; "-1" is no time.
-    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe);
+    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
 
     // ManipulatorNo is the highest connected index; -1 is none.
-    void TotalManipulatorNumber(std::int16_t ManipulatorNo);
+    void TotalManipulatorNumber(std::int16_t ManipulatorNo) override;
 
 private:
     void PlacePictures();

@@ -12,7 +12,6 @@
 #include "core/ground/LogicalUnits.h"
 #include "core/owner/FormMainFirstPaint.h"
 #include "core/owner/FormMainFrame.h"
-#include "devices/links/LineLimit.h"
 #include "platform/Display.h"
 #include "platform/EventLoop.h"
 #include "platform/Folders.h"
@@ -23,22 +22,22 @@ namespace {
 
 // So long the camera waits for a window that is not painted.
 constexpr std::chrono::seconds CameraWait{1};
-// A camera that saves its picture more often is followed no faster, in milliseconds.
-constexpr int StillPeriod = 50;
 
 }  // namespace
 
 FormMain::FormMain(const platform::Machine& machine)
     : machine_(machine),
-      state_(*this),
-      objects_(machine_, state_, *this, *this),
-      loop_(state_, objects_, machine_.boxes, machine_.timers, *this),
+      news_(&state_),
+      state_(news_),
+      objects_(machine_, state_, news_, news_),
+      loop_(state_, objects_, machine_.boxes, machine_.timers, news_),
       closing_(state_, objects_, loop_, machine_.boxes, *this),
       layout_(machine_.display.UnitsPerPixelVertical() / LogicalUnitsPerPixel,
               machine_.display.UnitsPerPixelHorizontal() / LogicalUnitsPerPixel),
       place_(*this),
       controls_(machine_.folders.Program(), this),
-      loadStill_(machine_.timers, StillPeriod, [this] { windows_->BirdView.NewPicLoad(); }) {
+      requests_(state_, news_, loop_, {panels_, tabs_, windows_},
+                [this](bool isRaised) { ShowObjectiveRaised(isRaised); }) {
     setObjectName(QStringLiteral("FormMain"));
     setWindowTitle(FormMainTitle(title_));
     qApp->setStyleSheet(ApplicationStyleSheet());
@@ -48,6 +47,8 @@ FormMain::FormMain(const platform::Machine& machine)
 
 FormMain::~FormMain() {
     // Windows and panels go first: they refer to the objects, and the user panel still writes its windows.
+    news_.Listen({});
+    listeners_.reset();
     windows_.reset();
     tabs_.reset();
     panels_.reset();
@@ -196,6 +197,11 @@ bool FormMain::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
 
+void FormMain::ShowObjectiveRaised(bool isRaised) {
+    title_.isObjectiveRaised = isRaised;
+    setWindowTitle(FormMainTitle(title_));
+}
+
 void FormMain::ResizeStep() {
     const QSize wanted = size().expandedTo(defaultSize_);
     if (wanted != size()) {
@@ -210,45 +216,6 @@ void FormMain::ResizeStep() {
     update();
 }
 
-void FormMain::MagnificationChanged(std::int16_t magnification) {
-    windows_->MirrorCtl2.ChangeMagnification(magnification);
-    windows_->MirrorCtl.ChangeMagnification(magnification);
-    windows_->BirdView.ChangeMagnification(magnification);
-    panels_->CtlExperiment1.ChangeMagnification();
-    objects_.Live->AnnounceMagnification(magnification);
-    panels_->CtlCalibration1.ChangeMagnification(magnification);
-}
-
-void FormMain::ViewChanged() {
-    windows_->BirdView.ChangeViewXYZ(state_.CurrentXYZ());
-    objects_.cEscape->NowCurrentZPos = state_.CurrentXYZ(2);
-}
-
-void FormMain::TotalManipulatorNumber(std::int16_t number) {
-    panels_->CtlConnection1.StateChange();
-    panels_->CtlCalibration1.TotalManipulatorNumber(number);
-    panels_->CtlExperiment1.TotalManipulatorNumber(number);
-    windows_->ManiInfo.TotalManipulatorNumber(number);
-}
-
-void FormMain::ManipulatorChange(std::int16_t number) {
-    panels_->CtlCalibration1.ManipulatorChange(number);
-    panels_->CtlExperiment1.ManipulatorChange(number);
-}
-
-void FormMain::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) {
-    windows_->BirdView.ChangeNeedleXYZ(index, state_.Needles(), state_.CurrentXYZ(), root);
-}
-
-void FormMain::ChangeZeroPosition() {
-    panels_->CtlCellPosition1.ChangeZeroPosition();
-    panels_->CtlEscape1.ChangeZeroPosition();
-}
-
-void FormMain::ChangeCurrentXYZ(const PositionXYZ& currentXYZ) {
-    panels_->CtlExperiment1.ChangeCurrentXYZ(currentXYZ);
-}
-
 WindowSize FormMain::DesignSize() const {
     return {static_cast<std::int16_t>(FormMainLayout::DesignSize.width() * LogicalUnitsPerPixel),
             static_cast<std::int16_t>(FormMainLayout::DesignSize.height() * LogicalUnitsPerPixel)};
@@ -261,11 +228,14 @@ void FormMain::DefaultSize(const WindowSize& size) {
 
 void FormMain::ConstructPanels() {
     panels_ = std::make_unique<FormMainPanels>(
-        machine_, state_, objects_, FormMainPanels::Owner{*this, *this, *this, *this, *this, loop_}, this);
+        machine_, state_, objects_,
+        FormMainPanels::Owner{requests_, requests_, requests_, requests_, requests_, loop_}, this);
     tabs_ = std::make_unique<FormMainTabs>(controls_.ForTabs(), panels_->ForTabs(), layout_, *objects_.Live,
                                            [this] { ResizeStep(); });
-    windows_ =
-        std::make_unique<FormMainWindows>(machine_, state_, objects_, FormMainWindows::Owner{*this, *this});
+    windows_ = std::make_unique<FormMainWindows>(machine_, state_, objects_,
+                                                 FormMainWindows::Owner{requests_, requests_});
+    listeners_ = std::make_unique<FormMainListeners>(machine_, objects_, *panels_, *windows_);
+    news_.Listen(WhoHearsWhat(*listeners_));
 }
 
 void FormMain::Place(const WindowPlace& place) { place_.Place(place); }
@@ -291,7 +261,9 @@ void FormMain::WatchPort(std::int16_t device, std::int16_t number) {
     panels_->CtlConnection1.TimerONOFF(device, true);
 }
 
-void FormMain::TellTotalManipulatorNumber() { TotalManipulatorNumber(state_.intTotalManipulatorNumber); }
+void FormMain::TellTotalManipulatorNumber() {
+    news_.TotalManipulatorNumber(state_.intTotalManipulatorNumber);
+}
 
 void FormMain::SelectFirstTab() {
     ResizeStep();
@@ -318,82 +290,10 @@ std::int32_t FormMain::LineOFF() const { return windows_->BirdView.LineONOff() ?
 
 std::int32_t FormMain::BirdOPEN() const { return windows_->BirdView.BirdOPEN() ? 1 : 0; }
 
-void FormMain::checkMotor(std::int16_t ONOFF) {
-    panels_->CtlExperiment1.checkMotor(ONOFF != 0);
-    windows_->MirrorCtl.checkMotor(ONOFF);
-    windows_->MirrorCtl2.checkMotor(ONOFF);
-}
-
-void FormMain::ControlONOFF(bool ONOFF) { panels_->CtlConnection1.ControlONOFF(ONOFF); }
-
-void FormMain::PortLost(Instrument instrument) { panels_->CtlConnection1.PortLost(instrument); }
-
-void FormMain::LineDropped(Instrument instrument) {
-    const QString link = instrument == Instrument::Mirror       ? QStringLiteral("Mirror")
-                         : instrument == Instrument::Magnescale ? QStringLiteral("Magnescale")
-                                                                : QStringLiteral("Motor");
-    objects_.Details.Note(QStringLiteral("%1 : more than %2 bytes without an end have been dropped")
-                              .arg(link)
-                              .arg(MostLineBytes));
-}
-
-void FormMain::Live_BirdViewSave() { loadStill_.Tell(); }
-
-void FormMain::Live_WindowHide() { panels_->CtlUser1.LiveFromHide(); }
-
-void FormMain::Live_WindowClose() {
-    panels_->CtlUser1.LiveButtonChange(true);
-    panels_->CtlConnection1.StateChange();
-}
-
-void FormMain::LiveDied() {
-    panels_->CtlUser1.LiveButtonChange(true);
-    panels_->CtlConnection1.StateChange();
-}
-
-void FormMain::ModeChange(bool bWizerd) { tabs_->ModeChange(bWizerd); }
-
 void FormMain::ShowWindow(std::int32_t Index) { windows_->Show(Index); }
 
-void FormMain::HideWindow(std::int32_t Index) { windows_->Hide(Index); }
-
-void FormMain::FormClose(std::int32_t Index) { panels_->CtlUser1.FormClose(Index); }
-
 void FormMain::SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) {
-    windows_->ManiInfo.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
+    news_.SetCalibTime(ManiNo, CalibTime, CalibOrRe);
 }
-
-void FormMain::ObjectiveRaised(bool isRaised) {
-    title_.isObjectiveRaised = isRaised;
-    setWindowTitle(FormMainTitle(title_));
-}
-
-bool FormMain::IsLit(std::int16_t needle) const {
-    return panels_->CtlCalibration1.LitNeedle() == needle ||
-           panels_->CtlExperiment1.intMoveTarget() == needle;
-}
-
-void FormMain::TakeLampsFrom(std::int16_t needle) {
-    const std::int16_t selected = state_.intManipulatorNumber;
-    if (selected < 0 || selected >= NeedleCount) {
-        return;
-    }
-    if (panels_->CtlCalibration1.LitNeedle() == needle) {
-        panels_->CtlCalibration1.ShowNeedle(selected);
-    }
-    if (panels_->CtlExperiment1.intMoveTarget() == needle) {
-        panels_->CtlExperiment1.ManipulatorChange(selected);
-    }
-}
-
-void FormMain::ZeroPointReset() { loop_.ZeroPointReset(); }
-
-void FormMain::ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) {
-    windows_->BirdView.ChangeCellXYZ(Index, CellXYZ);
-}
-
-void FormMain::chkMirror(bool isConnected) { windows_->BirdView.chkMirror(isConnected); }
-
-std::int16_t FormMain::ExperimentCellNo() const { return panels_->CtlExperiment1.intCellNo(); }
 
 }  // namespace travo

@@ -5,38 +5,28 @@
 #include <functional>
 #include <memory>
 
+#include "core/owner/Announcements.h"
 #include "core/owner/Closing.h"
 #include "core/owner/FormMainControls.h"
 #include "core/owner/FormMainLayout.h"
+#include "core/owner/FormMainListeners.h"
 #include "core/owner/FormMainObjects.h"
 #include "core/owner/FormMainPanels.h"
 #include "core/owner/FormMainPlace.h"
+#include "core/owner/FormMainRequests.h"
 #include "core/owner/FormMainTabs.h"
 #include "core/owner/FormMainTitle.h"
 #include "core/owner/FormMainWindows.h"
 #include "core/owner/PositionLoop.h"
 #include "core/owner/StartUp.h"
-#include "core/state/FirstAndLast.h"
 #include "core/state/SharedState.h"
 #include "platform/Machine.h"
 
 namespace travo {
 
-// What the objects and panels have to tell comes in here and is passed on, each in its fixed order.
-class FormMain : public QWidget,
-                 private SharedState::Listener,
-                 private PositionLoop::Listener,
-                 private StartUp::Window,
-                 private Closing::Window,
-                 private clsCommunication::Listener,
-                 private LiveLink::Listener,
-                 private CtlUser::Owner,
-                 private CtlCellPosition::Owner,
-                 private CtlCalibration::Owner,
-                 private CtlEscape::Owner,
-                 private CtlConnection::Owner,
-                 private FormBirdView::Owner,
-                 private FormSkinned::Owner {
+// It creates them, starts and closes; who hears what of them stands in AnnouncementTable, who answers the
+// panels in FormMainRequests.
+class FormMain : public QWidget, private StartUp::Window, private Closing::Window {
     Q_OBJECT
 
 public:
@@ -64,7 +54,6 @@ public:
     FormMainObjects& Objects() { return objects_; }
     PositionLoop& Loop() { return loop_; }
     // There from start-up on.
-    FormMainPanels& Panels() { return *panels_; }
     FormMainWindows& Windows() { return *windows_; }
 
 protected:
@@ -82,16 +71,8 @@ private:
     void FinishClose();
     void OpenCamera();
     void EndMoves();
+    void ShowObjectiveRaised(bool isRaised);
 
-    // SharedState::Listener
-    void MagnificationChanged(std::int16_t magnification) override;
-    void ViewChanged() override;
-    // PositionLoop::Listener
-    void TotalManipulatorNumber(std::int16_t number) override;
-    void ManipulatorChange(std::int16_t number) override;
-    void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override;
-    void ChangeZeroPosition() override;
-    void ChangeCurrentXYZ(const PositionXYZ& currentXYZ) override;
     // StartUp::Window
     WindowSize DesignSize() const override;
     void DefaultSize(const WindowSize& size) override;
@@ -99,11 +80,13 @@ private:
     void Place(const WindowPlace& place) override;
     std::vector<StartUp::SmallWindow> SmallWindows() override;
     void PlaceSmallWindow(std::int32_t Index, const WindowPlace& place) override;
+    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
     void RestoreSafeguards(std::int32_t offsetOFF, std::int32_t contactOFF) override;
     void RestoreBirdView(std::int32_t lineOFF, std::int32_t birdOPEN) override;
     void WatchPort(std::int16_t device, std::int16_t number) override;
     void TellTotalManipulatorNumber() override;
     void SelectFirstTab() override;
+    void ShowWindow(std::int32_t Index) override;
     void RaiseCameraButton() override;
     // Closing::Window
     MeasuredWindowPlace Measured() const override;
@@ -114,37 +97,9 @@ private:
     std::int32_t ContactOFF() const override;
     std::int32_t LineOFF() const override;
     std::int32_t BirdOPEN() const override;
-    // clsCommunication::Listener
-    void checkMotor(std::int16_t ONOFF) override;
-    void ControlONOFF(bool ONOFF) override;
-    void PortLost(Instrument instrument) override;
-    void LineDropped(Instrument instrument) override;
-    // LiveLink::Listener
-    void Live_BirdViewSave() override;
-    void Live_WindowHide() override;
-    void Live_WindowClose() override;
-    void LiveDied() override;
-    // CtlUser::Owner, and windows that were open last time
-    void ModeChange(bool bWizerd) override;
-    void ShowWindow(std::int32_t Index) override;
-    void HideWindow(std::int32_t Index) override;
-    // CtlCellPosition::Owner
-    void ZeroPointReset() override;
-    void ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) override;
-    // CtlConnection::Owner
-    void chkMirror(bool isConnected) override;
-    // FormBirdView::Owner
-    std::int16_t ExperimentCellNo() const override;
-    // FormSkinned::Owner
-    void FormClose(std::int32_t Index) override;
-    // CtlCalibration::Owner, and stored times
-    void SetCalibTime(std::int16_t ManiNo, const QString& CalibTime, std::int16_t CalibOrRe) override;
-    void ObjectiveRaised(bool isRaised) override;
-    // CtlEscape::Owner
-    bool IsLit(std::int16_t needle) const override;
-    void TakeLampsFrom(std::int16_t needle) override;
 
     platform::Machine machine_;
+    Announcements news_;
     SharedState state_;
     FormMainObjects objects_;
     PositionLoop loop_;
@@ -155,8 +110,9 @@ private:
     std::unique_ptr<FormMainPanels> panels_;
     std::unique_ptr<FormMainWindows> windows_;
     std::unique_ptr<FormMainTabs> tabs_;
+    std::unique_ptr<FormMainListeners> listeners_;
+    FormMainRequests requests_;
     TitleNotes title_;
-    FirstAndLast loadStill_;
     QSize defaultSize_ = FormMainLayout::DesignSize;
     bool closed_ = false;
     bool loaded_ = false;

@@ -13,6 +13,7 @@
 #include "controls/usrKVCheckButton.h"
 #include "core/state/FailureHandler.h"
 #include "core/state/LiveLink.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/state/clsIniEdit.h"
 #include "needle/clsNeedleMove.h"
@@ -24,7 +25,11 @@ namespace travo {
 
 // Window buttons, and the keys of the settings that go with them: 0 is the live camera, 1 FormBirdView,
 // 2 FormMirrorCtl, 3 FormManiInfo, 4 FormMirrorCtl2. Pressed is open.
-class CtlUser : public PanelCanvas, public PanelSteps {
+class CtlUser : public PanelCanvas,
+                public PanelSteps,
+                public HearsFormClose,
+                public HearsCameraHidden,
+                public HearsCameraGone {
     Q_OBJECT
 
 public:
@@ -74,11 +79,13 @@ public:
     void ContactONOff(std::int32_t ONOff);
 
     // A secondary window has been closed by its own button. BoundsFailure unless Index is 0 to 4.
-    void FormClose(std::int32_t Index);
+    void FormClose(std::int32_t Index) override;
     // The operator has hidden the camera window from its side.
-    void LiveFromHide();
+    void LiveFromHide() override;
     // Raises the camera button (true) or presses it, and nothing else.
     void LiveButtonChange(bool bONOFF);
+    // Raises the camera button.
+    void CameraGone() override { LiveButtonChange(true); }
 
 private:
     static constexpr std::int32_t CameraWindow = 0;

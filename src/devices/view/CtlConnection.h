@@ -11,8 +11,10 @@
 #include "controls/usrKVButton.h"
 #include "core/state/FailureHandler.h"
 #include "core/state/LiveLink.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/state/clsIniEdit.h"
+#include "devices/links/HearsPorts.h"
 #include "devices/links/clsCommunication.h"
 #include "devices/view/PortWatch.h"
 #include "platform/Clock.h"
@@ -26,7 +28,13 @@ class FormPortList;
 // The ports are opened, watched and given up by `PortWatch`; here is what the operator sees and presses.
 // Start-up runs the same watches on the stored ports, by `txtNoChange` and `TimerONOFF`, before the panel is
 // ever shown.
-class CtlConnection : public PanelCanvas, public PanelSteps, private PortWatch::Listener {
+class CtlConnection : public PanelCanvas,
+                      public PanelSteps,
+                      public HearsTotalManipulatorNumber,
+                      public HearsFocusMotor,
+                      public HearsPortLost,
+                      public HearsCameraGone,
+                      private PortWatch::Listener {
     Q_OBJECT
 
 public:
@@ -59,10 +67,10 @@ public:
     void Hidden() override;
 
     // The motor's buttons SET and TEST: false locks them, true unlocks them.
-    void ControlONOFF(bool bONOFF);
+    void ControlONOFF(bool bONOFF) override;
     // The port has closed by itself: what its instrument told is forgotten, and its row says so and locks its
     // test. The motor's SET is unlocked. A watch that runs goes on to its verdict.
-    void PortLost(Instrument instrument);
+    void PortLost(Instrument instrument) override;
     // Starts or stops the watch of mirror (0), Magnescale (1) or motor (2). Starting a watch that runs
     // changes nothing. BoundsFailure for any other index.
     void TimerONOFF(std::int16_t Index, bool bONOFF);
@@ -74,6 +82,9 @@ public:
     // To be called when `LiveOpen` or `intTotalManipulatorNumber` has changed: the rows of camera and
     // manipulators say so.
     void StateChange();
+    // Likewise.
+    void TotalManipulatorNumber(std::int16_t) override { StateChange(); }
+    void CameraGone() override { StateChange(); }
 
 private:
     // Rows of the panel; the first four are the indexes of the number boxes, the first three the instruments

@@ -12,6 +12,7 @@
 #include "controls/usrKVCheckButton.h"
 #include "controls/usrKVXscroll.h"
 #include "core/ground/Positions.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/view/FormSkinned.h"
 #include "experiment/bird/BirdCanvas.h"
@@ -23,7 +24,12 @@ namespace travo {
 
 // Window 1 of the operator's settings. It commands nothing; of the shared state it writes the shift alone.
 // Hidden or shown, it composes anew whenever it is told a position and whenever its size changes.
-class FormBirdView : public FormSkinned {
+class FormBirdView : public FormSkinned,
+                     public HearsMagnification,
+                     public HearsView,
+                     public HearsNeedle,
+                     public HearsCell,
+                     public HearsMirror {
     Q_OBJECT
 
 public:
@@ -52,11 +58,13 @@ public:
     FormBirdView(const System& system, const QString& programFolder);
 
     // The mirror controller is connected: the view mark is drawn. No redraw.
-    void chkMirror(bool isConnected) { scene_.chkMirror = isConnected; }
+    void chkMirror(bool isConnected) override { scene_.chkMirror = isConnected; }
     bool chkMirror() const { return scene_.chkMirror; }
     // 1 is 0.35x, 2 is 2x, 3 is 4x. No redraw: the next composition draws the mark for it, the next
     // ChangeViewXYZ puts that one in its place.
-    void ChangeMagnification(std::int16_t Magnification) { scene_.intBirdMagnification = Magnification; }
+    void ChangeMagnification(std::int16_t Magnification) override {
+        scene_.intBirdMagnification = Magnification;
+    }
     // True hides the shafts of the needles. No redraw.
     void ChangeVNeedleONOFF(bool ONOFF) { scene_.bLineOFF = ONOFF; }
 
@@ -75,13 +83,13 @@ public:
     // mirror frame, its Z the focus. Redraws.
     void ChangeNeedleXYZ(std::int16_t ManipulatorNumber,
                          const std::array<PositionXYZ, NeedleCount>& NeedleXYZ, const PositionXYZ& CurrentXYZ,
-                         const PositionXYZ& OriNeedle);
+                         const PositionXYZ& OriNeedle) override;
     // The view, in the mirror frame, has moved: readout and mark follow. Redraws. OverflowFailure, with
     // nothing changed, where the place does not fit the common frame.
-    void ChangeViewXYZ(const PositionXYZ& CurrentXYZ);
+    void ChangeViewXYZ(const PositionXYZ& CurrentXYZ) override;
     // Cell Index (0 to 7, else BoundsFailure) has been stored at `CellXYZ`, in the mirror frame. Redraws.
     // OverflowFailure as above.
-    void ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ);
+    void ChangeCellXYZ(std::int16_t Index, const PositionXYZ& CellXYZ) override;
 
     // The button that hides the shafts is pressed in. Writing sets the button and the shafts. No redraw.
     bool LineONOff() const { return lines_.Value(); }

@@ -13,6 +13,7 @@
 #include "controls/usrKVCheckButton.h"
 #include "core/ground/Positions.h"
 #include "core/state/LiveLink.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "devices/links/clsCommunication.h"
 
@@ -21,7 +22,7 @@ namespace travo {
 // A cell is 0 to 7 (A to H), a row 0 to 3 of one of two pages: page one holds A to D, page two E to H. The
 // rows of the shared state hold mirror counts and gauge values as they came; the labels show the common
 // frame, Y with the opposite sign.
-class CtlCellPosition : public PanelCanvas, public PanelSteps {
+class CtlCellPosition : public PanelCanvas, public PanelSteps, public HearsZeroPosition {
     Q_OBJECT
 
 public:
@@ -52,7 +53,7 @@ public:
 
     // Takes the new zero, ZeroXYZ(2), from the Z of every stored cell and shows it, on both pages. X and Y
     // stay. OverflowFailure where a difference does not fit 32 bits; the cells before it are done by then.
-    void ChangeZeroPosition();
+    void ChangeZeroPosition() override;
 
 private:
     static constexpr std::size_t RowCount = 4;

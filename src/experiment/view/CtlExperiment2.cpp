@@ -222,7 +222,7 @@ void CtlExperiment2::PresentViewPressed() {
 
 // What the instruments allow.
 
-void CtlExperiment2::ChangeMagnification() {
+void CtlExperiment2::ChangeMagnification(std::int16_t) {
     if (bSynchroONOFF_) {
         return;
     }
@@ -244,11 +244,12 @@ void CtlExperiment2::ChangeMagnification() {
     }
 }
 
-void CtlExperiment2::checkMotor(bool ONOFF) {
-    EnableCells(ONOFF);
+void CtlExperiment2::checkMotor(std::int16_t ONOFF) {
+    const bool areOn = ONOFF != 0;
+    EnableCells(areOn);
     if (MirrorCanMove() && !bSynchroONOFF_) {
-        directButton_.Enabled(ONOFF);
-        EnableViewButtons(ONOFF);
+        directButton_.Enabled(areOn);
+        EnableViewButtons(areOn);
     }
 }
 

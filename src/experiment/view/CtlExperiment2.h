@@ -14,6 +14,7 @@
 #include "core/state/FailureHandler.h"
 #include "core/state/LiveLink.h"
 #include "core/state/NeedleReader.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "devices/links/clsCommunication.h"
 #include "experiment/view/FollowedView.h"
@@ -31,7 +32,13 @@ namespace travo {
 // raise goes to the caller, or to the event loop where the operator's press is the cause. Nothing is rolled
 // back. A press that would act on a needle looks first where the lit one may not be the one that the hardware
 // has: the hardware moves the needle that it has, whatever is lit.
-class CtlExperiment2 : public PanelCanvas, public PanelSteps {
+class CtlExperiment2 : public PanelCanvas,
+                       public PanelSteps,
+                       public HearsMagnification,
+                       public HearsTick,
+                       public HearsTotalManipulatorNumber,
+                       public HearsManipulatorChange,
+                       public HearsMirrorMotors {
     Q_OBJECT
 
 public:
@@ -65,17 +72,17 @@ public:
 
     // The needle, index 0 to 3, has been read as the one that the hardware has: it is shown as what moves.
     // BoundsFailure for an index that has no lamp.
-    void ManipulatorChange(std::int16_t ManipulatorNumber);
-    // The magnification has been written. Does nothing in the synchronised mode.
-    void ChangeMagnification();
+    void ManipulatorChange(std::int16_t ManipulatorNumber) override;
+    // The shared state has the magnification already. Does nothing in the synchronised mode.
+    void ChangeMagnification(std::int16_t Magnification) override;
     // The synchronised step, to be called at every tick of the position loop with the view in the mirror
     // frame. Does nothing outside the synchronised mode.
-    void ChangeCurrentXYZ(const PositionXYZ& CurrentXYZ);
+    void ChangeCurrentXYZ(const PositionXYZ& CurrentXYZ) override;
     // The highest connected needle index, 0 to 4; any other is none, and the view alone moves. A fifth
     // manipulator has no button.
-    void TotalManipulatorNumber(std::int16_t ManipulatorNumber);
-    // The mirror's motors are on; of a 16-bit report every value but 0 is.
-    void checkMotor(bool ONOFF);
+    void TotalManipulatorNumber(std::int16_t ManipulatorNumber) override;
+    // The mirror's motors are on; every value but 0 is.
+    void checkMotor(std::int16_t ONOFF) override;
     // Leaves the synchronised mode from code.
     void SynchroFalse();
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "controls/usrKVButton.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/view/FormSkinned.h"
 #include "devices/links/clsCommunication.h"
@@ -17,7 +18,7 @@ namespace travo {
 
 // Window 2 of the operator's settings. The mirror cannot be moved from it at 0.35x, nor once its motors have
 // been reported off. Failures of what a press does go up to the caller.
-class FormMirrorCtl : public FormSkinned {
+class FormMirrorCtl : public FormSkinned, public HearsMagnification, public HearsMirrorMotors {
     Q_OBJECT
 
 public:
@@ -35,9 +36,9 @@ public:
 
     // Enables or disables the pad: with the motors reported on and a Magnification other than 1 (0.35x) it
     // is enabled. To be told of every report of the magnification, the shared state first.
-    void ChangeMagnification(std::int16_t Magnification);
+    void ChangeMagnification(std::int16_t Magnification) override;
     // Likewise; ONOFF is 0 for motors off, anything else on. To be told of every report of the motors.
-    void checkMotor(std::int16_t ONOFF);
+    void checkMotor(std::int16_t ONOFF) override;
 
     // The focus buttons go by the motor's port; the pad by the mirror's port, the motors as they were last
     // reported and the present magnification.

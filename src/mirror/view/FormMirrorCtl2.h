@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "controls/usrKVCheckButton.h"
+#include "core/state/News.h"
 #include "core/state/SharedState.h"
 #include "core/view/FormSkinned.h"
 #include "devices/links/clsCommunication.h"
@@ -15,7 +16,7 @@ namespace travo {
 // Window 4 of the operator's settings: two groups of buttons of which one each is pressed in. A press sends
 // a command; what the controller then reports comes back by ChangeMagnification and checkMotor. Failures of
 // what a press does go up to the caller.
-class FormMirrorCtl2 : public FormSkinned {
+class FormMirrorCtl2 : public FormSkinned, public HearsMagnification, public HearsMirrorMotors {
     Q_OBJECT
 
 public:
@@ -31,10 +32,10 @@ public:
     FormMirrorCtl2(const System& system, const QString& programFolder);
 
     // Presses in the button of that magnification: 1 is 0.35x, 2 is 2x, 3 is 4x; any other raises all three.
-    void ChangeMagnification(std::int16_t Magnification);
+    void ChangeMagnification(std::int16_t Magnification) override;
     // 1 shows the motors on, 0 off; any other leaves On and Off as they are. The magnification is locked
     // while they are off (0) and free otherwise.
-    void checkMotor(std::int16_t ONOFF);
+    void checkMotor(std::int16_t ONOFF) override;
 
     // All five buttons go by the mirror's port, those of the magnification also by the motors. A present
     // magnification of 2x or 4x is pressed in; 0.35x and none known leave the buttons as they are.

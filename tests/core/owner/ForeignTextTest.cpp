@@ -14,6 +14,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 #include "platform/Windows1252.h"
 #include "platform/qt/QtMessageBoxes.h"
 
@@ -71,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(All, ForeignText, ::testing::ValuesIn(Texts),
 TEST_P(ForeignText, CellsOfThePortListAndTheirToolTips) {
     serialPortList_.entries = {{1, Sent(), Sent(), QStringLiteral("in use")}};
     Start();
-    CtlConnection& panel = window_->Panels().CtlConnection1;
+    CtlConnection& panel = PanelOf<CtlConnection>(*window_);
     QTest::mouseClick(panel.findChild<QWidget*>(QStringLiteral("usrKVButton1(3)")), Qt::LeftButton);
     auto* const table = panel.findChild<QTableWidget*>(QStringLiteral("tblPort"));
     ASSERT_NE(table, nullptr);

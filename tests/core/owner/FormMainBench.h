@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QTest>
+#include <array>
 #include <memory>
 
 #include "core/owner/FormMain.h"
@@ -57,11 +58,10 @@ protected:
     }
     void Open(int tab) { Click(Tab(tab)); }
     QWidget& Panel(int tab) {
-        FormMainPanels& panels = window_->Panels();
-        const std::array<QWidget*, 6> all{&panels.CtlExperiment1,   &panels.CtlCalibration1,
-                                          &panels.CtlCellPosition1, &panels.CtlEscape1,
-                                          &panels.CtlConnection1,   &panels.CtlUser1};
-        return *all.at(static_cast<std::size_t>(tab));
+        static constexpr std::array Names{"CtlExperiment1", "CtlCalibration1", "CtlCellPosition1",
+                                          "CtlEscape1",     "CtlConnection1",  "CtlUser1"};
+        return *window_->findChild<QWidget*>(QLatin1String(Names.at(static_cast<std::size_t>(tab))),
+                                             Qt::FindDirectChildrenOnly);
     }
     // A control of a panel by its name for people.
     QAbstractButton& Button(int tab, const QString& name) {

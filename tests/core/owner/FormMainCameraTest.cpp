@@ -6,6 +6,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -26,7 +27,7 @@ protected:
         return QTest::qWaitFor([this] { return window_->State().LiveOpen; }, 20000);
     }
     usrKVCheckButton& Button() {
-        return *window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(
+        return *PanelOf<CtlUser>(*window_).findChild<usrKVCheckButton*>(
             QStringLiteral("usrKVCheckButton1(0)"));
     }
     void Close() {

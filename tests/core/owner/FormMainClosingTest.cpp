@@ -3,6 +3,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -28,7 +29,7 @@ TEST_F(FormMainClosing, AWindowsButtonThatChangesAfterTheClosingIsSavedWhenThePa
     ASSERT_TRUE(Start());
     Answer(platform::BoxAnswer::OK);
     EXPECT_TRUE(window_->close());
-    window_->Panels().CtlUser1.LiveButtonChange(false);
+    PanelOf<CtlUser>(*window_).LiveButtonChange(false);
     window_.reset();
     EXPECT_TRUE(ReadSettings().contains("[Window]\r\n0=0\r\n"));
 }

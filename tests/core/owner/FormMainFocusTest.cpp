@@ -3,6 +3,7 @@
 
 #include "controls/FocusMark.h"
 #include "core/owner/FormMainBench.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -26,7 +27,7 @@ protected:
     }
     void StepMode() {
         Open(User);
-        Click(*window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")));
+        Click(*PanelOf<CtlUser>(*window_).findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")));
         ASSERT_TRUE(Picture(0).isHidden());
     }
     QWidget& StepButton(int index) {
@@ -139,7 +140,7 @@ TEST_F(FormMainFocusTest, ComingBackToStepModeTheFocusIsOnTheOneThatIsEnabledAtS
         Click(StepButton(1));
     }
     Click(UserButton());
-    Click(*window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(0)")));
+    Click(*PanelOf<CtlUser>(*window_).findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(0)")));
     EXPECT_EQ(window_->focusWidget(), &Picture(Experiment));
     StepMode();
     EXPECT_FALSE(StepButton(0).isEnabled());
@@ -216,7 +217,7 @@ TEST_F(FormMainFocusTest, TabStillGoesFromControlToControl) {
     view.setFocus(Qt::TabFocusReason);
     Key(Qt::Key_Tab);
     EXPECT_NE(window_->focusWidget(), &view);
-    EXPECT_TRUE(window_->Panels().CtlExperiment1.isAncestorOf(window_->focusWidget()));
+    EXPECT_TRUE(PanelOf<CtlExperiment2>(*window_).isAncestorOf(window_->focusWidget()));
 }
 
 }  // namespace

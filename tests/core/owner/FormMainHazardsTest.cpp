@@ -3,6 +3,7 @@
 
 #include "core/owner/FormMainBench.h"
 #include "core/owner/FormMainTitle.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -66,7 +67,7 @@ TEST_F(FormMainHazardsTest, AnEscapeOfANeedleThatTheDriverRefusedIsNotStored) {
     Click(Button(Escape, QStringLiteral("Set needle 2")));
     EXPECT_EQ(Home(1), Unset);
     EXPECT_TRUE(boxes_.shown.empty());
-    EXPECT_EQ(window_->Panels().CtlExperiment1.intMoveTarget(), 0) << "its lamp is where the hardware is";
+    EXPECT_EQ(PanelOf<CtlExperiment2>(*window_).intMoveTarget(), 0) << "its lamp is where the hardware is";
     Click(Button(Escape, QStringLiteral("Set needle 1")));
     EXPECT_EQ(Home(0), window_->State().Needles()[0]);
     Click(Button(Escape, QStringLiteral("Set needle 2")));
@@ -93,8 +94,8 @@ TEST_F(FormMainHazardsTest, ALampOfTheCalibrationPanelAloneGoesBackAloneAndTheVi
     Open(Escape);
     Click(Button(Escape, QStringLiteral("Set needle 3")));
     EXPECT_EQ(Home(2), Unset);
-    EXPECT_EQ(window_->Panels().CtlCalibration1.LitNeedle(), 0);
-    EXPECT_EQ(window_->Panels().CtlExperiment1.intMoveTarget(), CtlExperiment2::View);
+    EXPECT_EQ(PanelOf<CtlCalibration>(*window_).LitNeedle(), 0);
+    EXPECT_EQ(PanelOf<CtlExperiment2>(*window_).intMoveTarget(), CtlExperiment2::View);
 }
 
 // The calibration panel.
@@ -110,7 +111,7 @@ TEST_F(FormMainHazardsTest, AResetOfANeedleThatTheDriverRefusedClearsNoCalibrati
     EXPECT_EQ(ReadSettings(), settings);
     EXPECT_TRUE(window_->State().CalibrationON(0));
     EXPECT_TRUE(window_->State().CalibrationON(1));
-    EXPECT_EQ(window_->Panels().CtlCalibration1.LitNeedle(), 0);
+    EXPECT_EQ(PanelOf<CtlCalibration>(*window_).LitNeedle(), 0);
 }
 
 TEST_F(FormMainHazardsTest, AResetThatIsClickedAheadOfTheReadingClearsTheNeedleThatIsLit) {

@@ -4,6 +4,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 namespace {
@@ -28,8 +29,8 @@ protected:
 
     SharedState& State() { return window_->State(); }
     QString RowState(int row) {
-        return window_->Panels()
-            .CtlConnection1.findChild<QLabel*>(QStringLiteral("lblState(%1)").arg(row))
+        return PanelOf<CtlConnection>(*window_)
+            .findChild<QLabel*>(QStringLiteral("lblState(%1)").arg(row))
             ->text();
     }
     QByteArray Details() const {

@@ -5,6 +5,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -38,19 +39,19 @@ protected:
         return *panel.findChild<Control*>(QString::fromLatin1(name));
     }
     usrKVCheckButton& Needle(int index) {
-        return *window_->Panels().CtlExperiment1.findChild<usrKVCheckButton*>(
+        return *PanelOf<CtlExperiment2>(*window_).findChild<usrKVCheckButton*>(
             QStringLiteral("usrKVCheckButton1(%1)").arg(index));
     }
     usrKVCheckButton& Synchro() {
-        return On<usrKVCheckButton>(window_->Panels().CtlExperiment1, "usrKVCheckButton3(0)");
+        return On<usrKVCheckButton>(PanelOf<CtlExperiment2>(*window_), "usrKVCheckButton3(0)");
     }
-    usrKVButton& Move() { return On<usrKVButton>(window_->Panels().CtlExperiment1, "usrKVButton1"); }
+    usrKVButton& Move() { return On<usrKVButton>(PanelOf<CtlExperiment2>(*window_), "usrKVButton1"); }
     usrKVButton& NeedleEscape() {
-        return On<usrKVButton>(window_->Panels().CtlExperiment1, "usrKVButton2(1)");
+        return On<usrKVButton>(PanelOf<CtlExperiment2>(*window_), "usrKVButton2(1)");
     }
     bool Lit(int lamp) {
-        return !window_->Panels()
-                    .CtlExperiment1.findChild<QWidget*>(QStringLiteral("imgMManiNo(%1)").arg(lamp))
+        return !PanelOf<CtlExperiment2>(*window_)
+                    .findChild<QWidget*>(QStringLiteral("imgMManiNo(%1)").arg(lamp))
                     ->isHidden();
     }
     std::string EnabledNeedles() {

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -40,7 +41,7 @@ protected:
 TEST_F(FormMainTest, LoadSelectsTheExperimentPanelWithoutStoppingTheWatchesJustStarted) {
     WriteSettings("[COMPort]\r\nMirror=1\r\nMagnescale=2\r\nMotor=3\r\n");
     ASSERT_TRUE(Start());
-    EXPECT_TRUE(window_->Panels().CtlExperiment1.isVisible());
+    EXPECT_TRUE(PanelOf<CtlExperiment2>(*window_).isVisible());
     int running = 0;
     for (const FakeTimer* const timer : timers_.created) {
         running += timer->Enabled() && timer->interval == 150 ? 1 : 0;
@@ -52,7 +53,7 @@ TEST_F(FormMainTest, MinimisingIsNoChangeOfPanel) {
     WriteSettings("[COMPort]\r\nMirror=1\r\n");
     ASSERT_TRUE(Start());
     Tab(10);
-    window_->Panels().CtlConnection1.TimerONOFF(0, true);
+    PanelOf<CtlConnection>(*window_).TimerONOFF(0, true);
     window_->showMinimized();
     window_->showNormal();
     int running = 0;
@@ -65,11 +66,11 @@ TEST_F(FormMainTest, MinimisingIsNoChangeOfPanel) {
 TEST_F(FormMainTest, AClickOnATabPictureShowsItsPanelInTheSharedRectangle) {
     ASSERT_TRUE(Start());
     Tab(16);
-    EXPECT_TRUE(window_->Panels().CtlConnection1.isVisible());
-    EXPECT_FALSE(window_->Panels().CtlExperiment1.isVisible());
-    EXPECT_EQ(window_->Panels().CtlConnection1.geometry(), QRect(18, 88, 486, 520));
+    EXPECT_TRUE(PanelOf<CtlConnection>(*window_).isVisible());
+    EXPECT_FALSE(PanelOf<CtlExperiment2>(*window_).isVisible());
+    EXPECT_EQ(PanelOf<CtlConnection>(*window_).geometry(), QRect(18, 88, 486, 520));
     Tab(11);
-    EXPECT_TRUE(window_->Panels().CtlUser1.isVisible());
+    EXPECT_TRUE(PanelOf<CtlUser>(*window_).isVisible());
 }
 
 TEST_F(FormMainTest, EveryPanelBearsTheNameOfItsTabAndTheTabOnShowIsSelected) {
@@ -98,7 +99,7 @@ TEST_F(FormMainTest, EveryPanelBearsTheNameOfItsTabAndTheTabOnShowIsSelected) {
 TEST_F(FormMainTest, StepModeSelectsNoTab) {
     ASSERT_TRUE(Start());
     Tab(17);
-    QTest::mouseClick(window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
+    QTest::mouseClick(PanelOf<CtlUser>(*window_).findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
                       Qt::LeftButton);
     for (SkinTab* const tab : window_->findChildren<SkinTab*>()) {
         EXPECT_FALSE(QAccessible::queryAccessibleInterface(tab)->state().selected);
@@ -108,24 +109,24 @@ TEST_F(FormMainTest, StepModeSelectsNoTab) {
 TEST_F(FormMainTest, StepModeIsChosenOnTheUserPanelAndWalkedByItsButtons) {
     ASSERT_TRUE(Start());
     Tab(17);
-    QTest::mouseClick(window_->Panels().CtlUser1.findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
+    QTest::mouseClick(PanelOf<CtlUser>(*window_).findChild<QWidget*>(QStringLiteral("usrKVCheckButton3(1)")),
                       Qt::LeftButton);
-    EXPECT_TRUE(window_->Panels().CtlConnection1.isVisible());
-    EXPECT_EQ(window_->Panels().CtlConnection1.geometry(), QRect(18, 20, 486, 520));
+    EXPECT_TRUE(PanelOf<CtlConnection>(*window_).isVisible());
+    EXPECT_EQ(PanelOf<CtlConnection>(*window_).geometry(), QRect(18, 20, 486, 520));
     QTest::mouseClick(
         window_->findChild<QWidget*>(QStringLiteral("usrKVButton2(1)"), Qt::FindDirectChildrenOnly),
         Qt::LeftButton);
-    EXPECT_FALSE(window_->Panels().CtlConnection1.isVisible());
+    EXPECT_FALSE(PanelOf<CtlConnection>(*window_).isVisible());
     QTest::mouseClick(
         window_->findChild<QWidget*>(QStringLiteral("usrKVCheckButton1"), Qt::FindDirectChildrenOnly),
         Qt::LeftButton);
-    EXPECT_TRUE(window_->Panels().CtlUser1.isVisible());
+    EXPECT_TRUE(PanelOf<CtlUser>(*window_).isVisible());
 }
 
 TEST_F(FormMainTest, TheSizeButtonBringsTheWindowBackToItsDesignSize) {
     ASSERT_TRUE(Start());
     window_->resize(700, 760);
-    EXPECT_EQ(window_->Panels().CtlExperiment1.geometry(), QRect(18, 88, 666, 656));
+    EXPECT_EQ(PanelOf<CtlExperiment2>(*window_).geometry(), QRect(18, 88, 666, 656));
     QTest::mouseClick(
         window_->findChild<QWidget*>(QStringLiteral("usrKVButton1"), Qt::FindDirectChildrenOnly),
         Qt::LeftButton);
@@ -138,7 +139,7 @@ TEST_F(FormMainTest, TheDesignSizeIsTheSmallest) {
     EXPECT_EQ(window_->size(), QSize(520, 624));
 }
 
-TEST_F(FormMainTest, AMagnificationTellsTheExperimentPanelAndThenTheCamera) {
+TEST_F(FormMainTest, AMagnificationIsToldToTheCameraThatIsOpen) {
     ASSERT_TRUE(Start());
     window_->Objects().Live->Create();
     window_->State().LiveOpen = true;
@@ -158,8 +159,8 @@ TEST_F(FormMainTest, ALoadThatFailsLeavesTheSettingsFileUntouched) {
 TEST_F(FormMainTest, StoredSafeguardsReachTheUserPanelAndTheNeedleMoves) {
     WriteSettings("[User_Value]\r\nOffsetOFF=1\r\nContactOFF=1\r\n");
     ASSERT_TRUE(Start());
-    EXPECT_EQ(window_->Panels().CtlUser1.OffsetONOff(), 1);
-    EXPECT_EQ(window_->Panels().CtlUser1.ContactONOff(), 1);
+    EXPECT_EQ(PanelOf<CtlUser>(*window_).OffsetONOff(), 1);
+    EXPECT_EQ(PanelOf<CtlUser>(*window_).ContactONOff(), 1);
     Answer(platform::BoxAnswer::OK);
     EXPECT_TRUE(window_->close());
     EXPECT_TRUE(ReadSettings().contains("OffsetOFF=1\r\nContactOFF=1\r\n"));
@@ -170,7 +171,7 @@ TEST_F(FormMainTest, TheWindowWithTheNeedlesOpensAndClosesWithItsButtonAndIsFoun
     EXPECT_FALSE(window_->Windows().ManiInfo.isVisible());
     Tab(17);
     auto* const button =
-        window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(3)"));
+        PanelOf<CtlUser>(*window_).findChild<usrKVCheckButton*>(QStringLiteral("usrKVCheckButton1(3)"));
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(window_->Windows().ManiInfo.isVisible());
     QTest::mouseClick(window_->Windows().ManiInfo.findChild<QWidget*>(QStringLiteral("usrKVButton1(0)")),

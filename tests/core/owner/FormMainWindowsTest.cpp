@@ -6,6 +6,7 @@
 
 #include "core/owner/FormMain.h"
 #include "core/owner/OwnerFixture.h"
+#include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
@@ -36,7 +37,7 @@ protected:
         return {&Windows().BirdView, &Windows().MirrorCtl, &Windows().ManiInfo, &Windows().MirrorCtl2};
     }
     usrKVCheckButton& WindowButton(int index) {
-        return *window_->Panels().CtlUser1.findChild<usrKVCheckButton*>(
+        return *PanelOf<CtlUser>(*window_).findChild<usrKVCheckButton*>(
             QStringLiteral("usrKVCheckButton1(%1)").arg(index));
     }
     static void Click(QWidget& parent, const char* name) {
@@ -175,13 +176,13 @@ TEST_F(FormMainWindowsTest, ANeedleReadAndACellStoredAreDrawn) {
     ASSERT_TRUE(Start(CalibrationText(0) + CalibrationText(1) + "[COMPort]\r\nMirror=1\r\n"));
     const QImage before = Picture();
     driver_.position[0] = {10050, 22000, 5000};
-    window_->Loop().ManipulatorReload();
+    timers_.created.at(0)->Fire();
     const QImage moved = Picture();
     EXPECT_NE(moved, before);
     window_->State().CurrentXY(20, 20);
     const QImage viewed = Picture();
-    window_->Panels().CtlCellPosition1.Shown();
-    Click(window_->Panels().CtlCellPosition1, "usrKVButton1(1)");
+    PanelOf<CtlCellPosition>(*window_).Shown();
+    Click(PanelOf<CtlCellPosition>(*window_), "usrKVButton1(1)");
     EXPECT_NE(Picture(), viewed);
 }
 

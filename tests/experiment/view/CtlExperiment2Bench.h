@@ -86,7 +86,7 @@ public:
     }
     void Magnification(std::int16_t magnification) {
         rig.state.CurrentMagnification(magnification);
-        panel.ChangeMagnification();
+        panel.ChangeMagnification(magnification);
         rig.journal.clear();
     }
     // A tick of the position loop reads the needle that the hardware has.

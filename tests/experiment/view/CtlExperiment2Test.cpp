@@ -231,7 +231,7 @@ TEST(CtlExperiment2, AnyMotorReportButZeroIsOn) {
     bench.Store(0);
     for (const std::int16_t report : std::initializer_list<std::int16_t>{1, 2, -1}) {
         bench.panel.checkMotor(false);
-        bench.panel.checkMotor(report != 0);
+        bench.panel.checkMotor(report);
         EXPECT_EQ(bench.EnabledCells(), "A") << report;
     }
     constexpr std::int16_t Two = 2;

@@ -12,7 +12,7 @@
 
 #include "Pairs.h"
 #include "experiment/bird/FormBirdView.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo::bench {
 namespace {

@@ -13,9 +13,9 @@
 #include "core/state/clsDebugLog.h"
 #include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
+#include "support/StandIns.h"
 
 namespace travo::bench {
 

@@ -11,8 +11,8 @@
 
 #include "core/state/FailureHandler.h"
 #include "devices/links/clsMirror.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
+#include "support/StandIns.h"
 
 namespace travo::bench {
 namespace {

@@ -6,10 +6,10 @@
 #include "core/state/SharedState.h"
 #include "platform/PrivateProfile.h"
 #include "support/FakeLiveCamera.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPortList.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
+#include "support/StandIns.h"
 
 namespace {
 

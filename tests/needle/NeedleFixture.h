@@ -14,9 +14,9 @@
 #include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

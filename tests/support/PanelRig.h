@@ -19,9 +19,9 @@
 #include "needle/clsObjectiveUpDown.h"
 #include "platform/qt/QtPrivateProfile.h"
 #include "support/FakeLiveCamera.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

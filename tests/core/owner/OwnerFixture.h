@@ -17,10 +17,10 @@
 #include "core/owner/StartUp.h"
 #include "platform/qt/QtPrivateProfile.h"
 #include "support/FakeLiveCamera.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPortList.h"
 #include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

@@ -14,9 +14,9 @@
 #include "core/state/SharedState.h"
 #include "core/state/clsDebugLog.h"
 #include "devices/links/LinkListener.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
 #include "support/LogTexts.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

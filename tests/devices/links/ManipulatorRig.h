@@ -12,8 +12,8 @@
 #include "core/state/FailureHandler.h"
 #include "core/state/clsDebugLog.h"
 #include "devices/links/clsManipulator.h"
-#include "support/FakeMachine.h"
 #include "support/LogTexts.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

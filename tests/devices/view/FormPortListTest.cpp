@@ -8,8 +8,8 @@
 #include <QTest>
 
 #include "controls/usrKVButton.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPortList.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 namespace {

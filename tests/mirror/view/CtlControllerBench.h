@@ -60,7 +60,7 @@ protected:
     }
 
     QWidget window;
-    CtlController pad{{rig.communication, rig.mirrorMove, display}, SkinHome(), &window};
+    CtlController pad{{rig.communication, rig.mirrorMove, rig.display}, SkinHome(), &window};
     usrKVButton other{&window};
 };
 

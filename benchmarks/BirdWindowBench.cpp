@@ -58,9 +58,8 @@ struct Refresh {
 
     Quiet quiet;
     SharedState state{quiet};
-    test::Journal journal;
-    test::FakeBoxes boxes{journal};
-    FormBirdView window{{{quiet, quiet}, state, boxes, quiet}, QStringLiteral(SKIN_HOME)};
+    test::FakeMachine machine;
+    FormBirdView window{{{quiet, quiet}, state, machine.boxes, quiet}, QStringLiteral(SKIN_HOME)};
     std::int32_t place = 0;
 };
 

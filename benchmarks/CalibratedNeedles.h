@@ -14,7 +14,6 @@
 #include "devices/links/clsCommunication.h"
 #include "needle/clsNeedleMove.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::bench {
@@ -26,7 +25,7 @@ class NoListener : public SharedState::Listener {
 
 // The needles come in from four sides, each turned by up to 15 degrees in plan view and tilted by up to
 // 20 degrees, and every second one was measured the other way round.
-class CalibratedNeedles {
+class CalibratedNeedles : public test::FakeMachine {
 public:
     explicit CalibratedNeedles(std::uint32_t seed) : random_(seed) {
         for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
@@ -56,21 +55,13 @@ public:
         }
     }
 
-    test::Journal journal;
-    test::FakeBoxes boxes{journal};
-    test::FakeClock clock;
-    test::FakeEventLoop eventLoop{clock};
-    test::FakePointer pointer;
-    test::FakeDriverState driver;
-    test::FakeDriverLibrary library{driver, journal};
     clsDebugLog log{clock};
     FailureHandler failures{log, boxes};
     NoListener listener;
     SharedState state{listener};
-    test::FakeSerialPorts serialPorts{journal};
     test::InstrumentsListener instruments{journal};
     clsCommunication communication{
-        {{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
+        {{driverLibrary, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
     clsObjectiveUpDown objective{communication, failures};
     clsNeedleMove needles{state, communication, objective, failures, boxes};
 

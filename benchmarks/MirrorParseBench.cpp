@@ -12,7 +12,6 @@
 #include "core/state/FailureHandler.h"
 #include "devices/links/clsMirror.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPorts.h"
 
 namespace travo::bench {
 namespace {
@@ -62,17 +61,14 @@ private:
 
 // The link on a port that hands over so many bytes at a time.
 Reading OfLink(const std::string& text, std::size_t pieceSize) {
-    test::Journal journal;
-    test::FakeClock clock;
-    test::FakeBoxes boxes(journal);
-    clsDebugLog log(clock);
-    FailureHandler failures(log, boxes);
-    test::FakeSerialPorts ports(journal);
+    test::FakeMachine machine;
+    clsDebugLog log(machine.clock);
+    FailureHandler failures(log, machine.boxes);
     Receiver receiver;
-    clsMirror link(ports, failures, receiver);
+    clsMirror link(machine.serialPorts, failures, receiver);
     const std::string_view all = text;
     for (std::size_t place = 0; place < all.size(); place += pieceSize) {
-        ports.created.front()->Receive(all.substr(place, pieceSize));
+        machine.serialPorts.created.front()->Receive(all.substr(place, pieceSize));
     }
     return receiver.reading;
 }

@@ -5,10 +5,7 @@
 #include "core/owner/PositionLoop.h"
 #include "core/state/SharedState.h"
 #include "platform/PrivateProfile.h"
-#include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPortList.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace {
@@ -80,30 +77,18 @@ void Calibrate(clsNeedleMove& maps) {
 }
 
 void OneTick(benchmark::State& run) {
-    Journal journal;
-    FakeBoxes boxes(journal);
-    FakeClock clock;
-    FakeEventLoop eventLoop(clock);
-    FakePointer pointer;
-    FakeDisplay display;
-    FakeFolders folders(journal);
-    FakeSingleInstance singleInstance(journal);
-    FakeTimers timers;
-    FakeLiveCamera liveCamera(journal);
-    FakeSerialPortList serialPortList;
-    FakeSerialPorts serialPorts(journal);
-    InstrumentsListener instruments(journal);
+    FakeMachine standIns;
+    InstrumentsListener instruments(standIns.journal);
     QuietDriverLibrary driverLibrary;
     NoProfile profile;
-    const platform::Machine machine{clock,         display,        eventLoop, folders, liveCamera,
-                                    driverLibrary, boxes,          pointer,   profile, serialPortList,
-                                    serialPorts,   singleInstance, timers};
+    const platform::Machine machine =
+        standIns.Seams(profile, {.camera = nullptr, .driverLibrary = &driverLibrary});
     Quiet quiet;
     SharedState state(quiet);
     FormMainObjects objects(machine, state, instruments, quiet);
     objects.Create();
     Calibrate(*objects.cNeedleMove);
-    PositionLoop loop(state, objects, boxes, timers, quiet);
+    PositionLoop loop(state, objects, standIns.boxes, standIns.timers, quiet);
     loop.Connect();
     loop.Start();
     for ([[maybe_unused]] auto _ : run) {

@@ -1,5 +1,7 @@
 """The buttons of the panels that keep values: connection, cell position, escape, user."""
+import table
 from case import Case
+from tree import is_true
 
 # Box, a number to begin with, and the highest that its arrow reaches.
 TEXT_BOXES = (("Mirror port", 1, 99), ("Magnescale port", 2, 99), ("Motor port", 3, 99),
@@ -52,7 +54,13 @@ class Connection(Case):
         self.choose("Connection")
         self.press("Connection", "Show serial ports")
         window = self.wait(self.find_box, "the window with the serial ports")
-        self.assertTrue(window.name)
+        place, = table.dialogs()
+        self.assertEqual((window.name, place.dialog), (place.name, "Show serial ports"))
+        below = list(window.all_below())
+        for row in place.rows:
+            found = [control.look() for control in below if control.name == row.name]
+            self.assertEqual([(seen.role, seen.description) for seen in found], [(row.role, row.help)])
+            self.assertTrue(all(is_true(word, seen.states) for seen in found for word in row.at), row.name)
         self.close_box(window, "Close")
 
     def test_the_camera_is_connected(self):

@@ -31,14 +31,24 @@ class Place:
     name: str
     tab: str | None
     window: str | None
+    dialog: str | None
     rows: tuple
 
 
 def read():
-    """All places, the main window first."""
+    """All places that stay, the main window first."""
+    return [place for place in _all_places() if not place.dialog]
+
+
+def dialogs():
+    """The places that are there only while they are open."""
+    return [place for place in _all_places() if place.dialog]
+
+
+def _all_places():
     with open(os.path.join(os.path.dirname(os.path.realpath(__file__)), "controls.toml"), "rb") as file:
         told = tomllib.load(file)
-    return [Place(place["name"], place.get("tab"), place.get("window"),
+    return [Place(place["name"], place.get("tab"), place.get("window"), place.get("dialog"),
                   tuple(Row(row["name"], row["role"], row.get("help", ""), row.get("text"),
                             tuple(row["at"].split()), tuple(row.get("actions", ()))) for row in place["controls"]))
             for place in told["place"]]

@@ -15,7 +15,6 @@
 #include "needle/clsNeedleMove.h"
 #include "needle/clsNeedleSynchro.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::test {
@@ -36,7 +35,7 @@ inline constexpr CalibrationMap::Points ReversedNeedle{
 inline constexpr CalibrationMap::Points CrosswiseNeedle{
     {{10000, 10000, 5000}, {6000, 7000, 5000}, {6000, 13000, 5000}, {10000, 10000, 6000}}};
 
-class NeedleTest : public ::testing::Test {
+class NeedleTest : public ::testing::Test, public FakeMachine {
 protected:
     NeedleTest() {
         log.LogFilePath(folder.filePath(QStringLiteral("debugTRAVO.txt")));
@@ -120,21 +119,13 @@ protected:
     };
 
     QTemporaryDir folder;
-    Journal journal;
-    FakeBoxes boxes{journal};
-    FakeClock clock;
-    FakeEventLoop eventLoop{clock};
-    FakePointer pointer;
-    FakeDriverState driver;
-    FakeDriverLibrary library{driver, journal};
     clsDebugLog log{clock};
     FailureHandler failures{log, boxes};
     NoListener listener;
     SharedState state{listener};
-    FakeSerialPorts serialPorts{journal};
     InstrumentsListener instruments{journal};
     clsCommunication communication{
-        {{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
+        {{driverLibrary, clock, eventLoop, pointer}, serialPorts, eventLoop}, state, failures, instruments};
     clsObjectiveUpDown objective{communication, failures};
     clsNeedleMove needles{state, communication, objective, failures, boxes};
 };

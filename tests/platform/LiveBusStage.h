@@ -1,4 +1,4 @@
-// The camera link on a real bus of its own, with a fake camera program that plays scenarios.
+// The camera object on a real bus of its own, with a fake camera program that plays scenarios.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,10 +6,10 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <map>
+#include <string>
+#include <vector>
 
 #include "platform/qt/QtLiveCamera.h"
-#include "support/LiveDesk.h"
 #include "support/PrivateBus.h"
 
 namespace travo::test {
@@ -22,6 +22,8 @@ inline const QString Service = QStringLiteral("TRAVOLive.Live");
 inline constexpr QtLiveCamera::Limits Patient{};
 inline constexpr QtLiveCamera::Limits Hasty{std::chrono::milliseconds(2000), std::chrono::milliseconds(300),
                                             std::chrono::milliseconds(300)};
+
+using Texts = std::vector<std::string>;
 
 // What the object tells, in order.
 class Told : public platform::LiveCamera::Listener {
@@ -39,13 +41,16 @@ public:
     Texts texts;
 };
 
-class BusStage : public LiveStage {
+class BusStage {
 public:
     explicit BusStage(const QtLiveCamera::Limits& limits = Patient) : camera(limits) { Install(); }
-    ~BusStage() override { QDBusConnection::disconnectFromBus(ControlName); }
+    ~BusStage() { QDBusConnection::disconnectFromBus(ControlName); }
 
-    platform::LiveCamera& Camera() override { return camera; }
-    Texts Calls() override {
+    BusStage(const BusStage&) = delete;
+    BusStage& operator=(const BusStage&) = delete;
+
+    // What the program has been called, in order, since it was asked last.
+    Texts Calls() {
         Texts calls;
         const QString path = bus.File(QStringLiteral("calls"));
         for (const QString& line : ReadText(path).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
@@ -53,17 +58,6 @@ public:
         }
         WriteText(path, QString());
         return calls;
-    }
-    void Tell(LiveStep step, const LiveDesk& desk) override {
-        const std::map<LiveStep, QString> wishes{{LiveStep::WindowClose, QStringLiteral("WindowClose")},
-                                                 {LiveStep::WindowHide, QStringLiteral("WindowHide")},
-                                                 {LiveStep::BirdViewSave, QStringLiteral("BirdViewSave")},
-                                                 {LiveStep::Lost, QStringLiteral("Die")}};
-        if (const auto wish = wishes.find(step); wish != wishes.end()) {
-            const std::size_t before = desk.told.size();
-            Work(wish->second);
-            EXPECT_TRUE(ServeUntil([&] { return desk.told.size() > before; }));
-        }
     }
 
     void Install() {

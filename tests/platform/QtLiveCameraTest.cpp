@@ -14,17 +14,6 @@ const QLatin1String ShowWindow("LiveShowWindow");
 const QLatin1String Attach("LiveAttach");
 const QLatin1String Magnification("LiveChangeMagnification");
 
-class LiveBusTableTest : public ::testing::TestWithParam<LiveRow> {};
-
-TEST_P(LiveBusTableTest, LeadsWhereTheTableSaysOverARealBus) {
-    BusStage stage;
-    CheckLiveRow(GetParam(), stage);
-}
-
-std::string RowName(const ::testing::TestParamInfo<LiveRow>& info) { return LiveRowName(info.param); }
-
-INSTANTIATE_TEST_SUITE_P(Rows, LiveBusTableTest, ::testing::ValuesIn(LiveTable()), RowName);
-
 TEST(QtLiveCamera, WaitsTenSecondsForAStartAndTwoForACallAndForARelease) {
     EXPECT_EQ(Patient.start, std::chrono::seconds(10));
     EXPECT_EQ(Patient.call, std::chrono::seconds(2));
@@ -39,14 +28,10 @@ TEST(QtLiveCamera, WithoutASessionBusCreateRaisesAndTheRestIsHarmless) {
     Told told;
     EXPECT_THROW(camera.Create(told), LiveCameraFailure);
     EXPECT_THROW(camera.Call(ShowWindow), LiveCameraFailure);
+    camera.Announce(Attach);
     camera.Release();
     qputenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + empty.path() + "/nobody").toLocal8Bit());
     EXPECT_THROW(camera.Create(told), LiveCameraFailure);
-    LiveDesk desk(camera);
-    desk.StartUp();
-    desk.link.LiveActionStart();
-    desk.link.LiveActionEnd();
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
 }
 
 TEST(QtLiveCamera, ABusThatRefusesUsIsAFailureAndNotTheEnd) {
@@ -69,17 +54,24 @@ TEST(QtLiveCamera, FindsTheBusInTheRuntimeFolder) {
     EXPECT_NO_THROW(stage.camera.Create(told));
 }
 
-TEST(QtLiveCamera, AnAbsentProgramIsAFailureAtOnceAndALaterTryFindsIt) {
+TEST(QtLiveCamera, AnAbsentProgramIsAFailureAtOnce) {
     BusStage stage;
     stage.bus.Uninstall(Service);
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
-    stage.Install();
-    EXPECT_TRUE(ServeUntil([&] {
-        desk.Click(true);  // until the bus has read its folder again
-        return desk.state.LiveOpen;
-    }));
+    Told told;
+    EXPECT_THROW(stage.camera.Create(told), LiveCameraFailure);
+}
+
+TEST(QtLiveCamera, CallsNeverStartTheProgram) {
+    BusStage stage;
+    Told told;
+    stage.camera.Create(told);
+    stage.Work(QStringLiteral("Die"));
+    EXPECT_TRUE(told.Wait({"Lost"}));
+    EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
+    stage.camera.Announce(Magnification, 1);
+    EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
+    EXPECT_EQ(stage.Owner(), QString());
+    EXPECT_EQ(stage.Started(), 1);
 }
 
 TEST(QtLiveCamera, AProgramThatEndsBeforeItIsReadyIsAFailure) {
@@ -98,26 +90,6 @@ TEST(QtLiveCamera, AProgramThatNeverComesUpIsAFailureAtTheLimit) {
     EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, AnEmptyProgramFailsAtTheFirstCall) {
-    BusStage stage;
-    stage.Play("empty");
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_FALSE(desk.buttonPressed);
-}
-
-TEST(QtLiveCamera, ASlowProgramIsWaitedFor) {
-    BusStage stage;
-    stage.Play("slow");
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{});
-    EXPECT_EQ(stage.Calls(), (Texts{"LiveAttach", "LiveShowWindow"}));
-}
-
 TEST(QtLiveCamera, AnAnswerThatComesTooLateIsNotTakenForThatOfTheNextCall) {
     BusStage stage(Hasty);
     Told told;
@@ -131,21 +103,6 @@ TEST(QtLiveCamera, AnAnswerThatComesTooLateIsNotTakenForThatOfTheNextCall) {
     EXPECT_NO_THROW(stage.camera.Call(Attach));
 }
 
-TEST(QtLiveCamera, AProgramThatDiesInTheMiddleOfACallFailsThatCall) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Play("dies");
-    desk.Click(false);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    stage.Play("");
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
-    EXPECT_EQ(desk.told, Texts{"Died"}) << "the loss of its name is no second death";
-    EXPECT_EQ(stage.Started(), 2);
-}
-
 TEST(QtLiveCamera, TheLossOfTheProgramIsToldOnce) {
     BusStage stage;
     Told told;
@@ -153,61 +110,6 @@ TEST(QtLiveCamera, TheLossOfTheProgramIsToldOnce) {
     stage.Work(QStringLiteral("Die"));
     EXPECT_TRUE(told.Wait({"Lost"}));
     EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
-}
-
-TEST(QtLiveCamera, AHangingProgramIsWaitedForByNobodyAndDeadAtTheLimit) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Play("hangs");
-    desk.state.CurrentMagnification(2);
-    EXPECT_EQ(desk.told, Texts{}) << "the magnification has gone on";
-    EXPECT_TRUE(ServeUntil([&] { return !desk.told.empty(); }));
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_EQ(desk.reported, Texts{});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_FALSE(desk.buttonPressed);
-}
-
-TEST(QtLiveCamera, AProgramThatAnswersWithAnErrorIsDead) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Play("refuses");
-    desk.link.LiveActionStart();
-    EXPECT_TRUE(ServeUntil([&] { return !desk.told.empty(); }));
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-}
-
-TEST(QtLiveCamera, AProgramThatComesBackIsUsedAgain) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Play("hangs");
-    desk.Click(false);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    stage.Play("");
-    stage.Calls();
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
-    EXPECT_EQ(stage.Calls(), (Texts{"LiveAttach", "LiveShowWindow"}));
-    EXPECT_EQ(stage.Started(), 1);
-}
-
-TEST(QtLiveCamera, CallsNeverStartTheProgram) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Tell(LiveStep::Lost, desk);
-    EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
-    desk.link.LiveActionStart();
-    desk.state.LiveOpen = true;
-    EXPECT_THROW(desk.link.LiveShowWindow(), LiveCameraFailure);
-    EXPECT_EQ(stage.Owner(), QString());
-    EXPECT_EQ(stage.Started(), 1);
 }
 
 TEST(QtLiveCamera, CallsGoToTheProgramOfTheCreationOnly) {
@@ -232,36 +134,6 @@ TEST(QtLiveCamera, TheMagnificationGoesAsASixteenBitNumber) {
     stage.camera.Announce(Magnification, 3);
     stage.camera.Call(ShowWindow);
     EXPECT_EQ(stage.Calls(), (Texts{"LiveChangeMagnification 3 n", "LiveShowWindow"}));
-}
-
-TEST(QtLiveCamera, ANewCreationWaitsForTheReleaseOfTheNameOfAClosingProgram) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    const QString first = stage.Owner();
-    stage.Play("lingers");
-    stage.Tell(LiveStep::WindowClose, desk);
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
-    EXPECT_EQ(desk.reported, Texts{});
-    EXPECT_NE(stage.Owner(), first);
-    EXPECT_EQ(stage.Started(), 2);
-}
-
-TEST(QtLiveCamera, AClosingProgramThatKeepsItsNameIsAFailureAndNotUsedAgain) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
-    desk.Click(true);
-    stage.Play("stays");
-    stage.Tell(LiveStep::WindowClose, desk);
-    stage.Calls();
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
-    EXPECT_FALSE(desk.buttonPressed);
-    EXPECT_EQ(stage.Calls(), Texts{});
-    stage.Work(QStringLiteral("ReleaseName"));
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
 }
 
 TEST(QtLiveCamera, AnEventNeverComesFromWithinACall) {

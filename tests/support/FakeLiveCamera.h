@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/LiveCamera.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/SerialPort.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "devices/links/clsCommunication.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

@@ -2,195 +2,102 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <QFile>
+#include <QImage>
+#include <QTest>
 
 namespace travo::test {
 
 namespace {
 
-using Step = LiveStep;
-using Now = LiveSituation;
+constexpr int PaintLimit = 20000;  // milliseconds
+// Tabs as they are numbered; a tab that is not selected shows one of two further pictures.
+constexpr int ConnectionTab = 4;
+constexpr int UserTab = 5;
+constexpr int Tabs = 6;
 
-const Texts AttachAndShow{"LiveAttach", "LiveShowWindow"};
-const Texts Show{"LiveShowWindow"};
-const Texts Hide{"LiveHideWindow"};
-const Texts Attach{"LiveAttach"};
-const Texts Nothing{};
-
-void Bring(LiveDesk& desk, LiveStage& stage, Now situation) {
-    if (situation == Now::NoCamera) {
-        return;
-    }
-    desk.Do(Step::PressButton);
-    if (situation == Now::Hidden) {
-        desk.Do(Step::RaiseButton);
-    }
-    if (situation == Now::ClosedByItself) {
-        stage.Tell(Step::WindowClose, desk);
-    }
-}
-
-void CheckSituation(const LiveDesk& desk, Now situation) {
-    const bool open = situation == Now::Visible || situation == Now::Hidden;
-    const auto object = open                         ? LiveLink::Object::Living
-                        : situation == Now::NoCamera ? LiveLink::Object::None
-                                                     : LiveLink::Object::Stale;
-    EXPECT_EQ(desk.link.State(), object);
-    EXPECT_EQ(desk.state.LiveOpen, open);
-    EXPECT_EQ(desk.buttonPressed, situation == Now::Visible);
-}
+const QString Question =
+    QStringLiteral("Do you want to end? This will clear all saved cell and escape positions.");
 
 }  // namespace
 
-template <typename Body>
-void LiveDesk::Handle(const std::string& text, Body body) {
-    try {
-        body();
-    } catch (const std::exception&) {
-        reported.push_back(text);
-    }
+LiveDesk::LiveDesk(platform::LiveCamera& camera, AtLastEnd atLastEnd) : ear_(camera) {
+    machine_.folders.program = program_.path();
+    machine_.folders.applicationData = data_.path();
+    QFile settings(program_.filePath(QStringLiteral("KVData.ini")));
+    EXPECT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write(atLastEnd == AtLastEnd::CameraOpen ? "[Window]\r\n0=0\r\n" : "[Window]\r\n0=1\r\n");
+    settings.close();
+    // What the bird's-eye view loads where the camera tells that it has saved its picture.
+    QImage still(640, 480, QImage::Format_RGB32);
+    still.fill(Qt::gray);
+    EXPECT_TRUE(still.save(program_.filePath(QStringLiteral("BirdView.bmp"))));
+    window_ =
+        std::make_unique<FormMain>(machine_.Seams(profile_, {.camera = &ear_, .driverLibrary = nullptr}));
+    EXPECT_TRUE(window_->Start());
+}
+
+template <class Control>
+Control& LiveDesk::Find(const QString& panel, const QString& name) const {
+    return *window_->findChild<QWidget*>(panel)->findChild<Control*>(name);
 }
 
 void LiveDesk::StartUp() {
-    buttonPressed = true;
-    Handle("Error : Camera Load", [this] {
-        link.Create();
-        link.LiveShowWindow();
-        state.LiveOpen = true;
-    });
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return window_->findChild<QObject*>(QStringLiteral("FirstPaint")) == nullptr; },
+        PaintLimit));
 }
 
-void LiveDesk::Click(bool pressed) {
-    buttonPressed = pressed;
-    Handle("Error : Window Load", [this] {
-        if (!state.LiveOpen) {
-            link.Clear();
-            bool created = false;
-            Handle("Error : Camera Load", [&] {
-                link.Create();
-                created = true;
-            });
-            if (!created) {
-                buttonPressed = false;
-                return;
-            }
-            link.LiveAttach();
-            state.LiveOpen = true;
-        }
-        if (buttonPressed) {
-            link.LiveShowWindow();
-        } else {
-            link.LiveHideWindow();
-        }
-    });
-}
-
-void LiveDesk::AttachButton() {
-    Handle("Error : Camera Load", [this] {
-        if (!state.LiveOpen) {
-            link.Clear();
-            link.Create();
-        }
-        link.LiveAttach();
-        state.LiveOpen = true;
-    });
-}
-
-void LiveDesk::Do(LiveStep step) {
-    switch (step) {
-        case Step::StartUp:
-            return StartUp();
-        case Step::PressButton:
-            return Click(true);
-        case Step::RaiseButton:
-            return Click(false);
-        case Step::AttachButton:
-            return AttachButton();
-        case Step::Closing:
-            return Closing();
-        default:
+void LiveDesk::OpenTab(int tab) {
+    for (const int picture : {tab + Tabs, tab + 2 * Tabs}) {
+        auto* const unselected = window_->findChild<QWidget*>(QStringLiteral("imgTab(%1)").arg(picture));
+        if (unselected->isVisible()) {
+            QTest::mouseClick(unselected, Qt::LeftButton);
             return;
+        }
     }
 }
 
-void LiveDesk::Live_WindowHide() {
-    told.emplace_back("WindowHide");
-    buttonPressed = false;
-    link.AnnounceHideWindow();
+void LiveDesk::ClickOn(QWidget& control) {
+    EXPECT_TRUE(control.isVisible()) << control.objectName().toStdString();
+    QTest::mouseClick(&control, Qt::LeftButton);
 }
 
-void LiveDesk::Live_WindowClose() {
-    told.emplace_back("WindowClose");
-    EXPECT_FALSE(state.LiveOpen);
-    buttonPressed = false;
+void LiveDesk::ShowConnectionPanel() { OpenTab(ConnectionTab); }
+
+bool LiveDesk::ButtonPressed() const {
+    return Find<usrKVCheckButton>(QStringLiteral("CtlUser1"), QStringLiteral("usrKVCheckButton1(0)")).Value();
 }
 
-void LiveDesk::LiveDied() {
-    told.emplace_back("Died");
-    EXPECT_FALSE(state.LiveOpen);
-    buttonPressed = false;
+void LiveDesk::Click() {
+    OpenTab(UserTab);
+    ClickOn(Find<QWidget>(QStringLiteral("CtlUser1"), QStringLiteral("usrKVCheckButton1(0)")));
 }
 
-std::string LiveRowName(const LiveRow& row) {
-    static const std::map<Now, std::string> situations{{Now::NoCamera, "NoCamera"},
-                                                       {Now::Visible, "Visible"},
-                                                       {Now::Hidden, "Hidden"},
-                                                       {Now::ClosedByItself, "ClosedByItself"}};
-    static const std::map<Step, std::string> steps{{Step::StartUp, "StartUp"},
-                                                   {Step::PressButton, "PressButton"},
-                                                   {Step::RaiseButton, "RaiseButton"},
-                                                   {Step::AttachButton, "AttachButton"},
-                                                   {Step::Closing, "Closing"},
-                                                   {Step::WindowClose, "WindowClose"},
-                                                   {Step::WindowHide, "WindowHide"},
-                                                   {Step::BirdViewSave, "BirdViewSave"},
-                                                   {Step::Lost, "Lost"}};
-    return situations.at(row.before) + "_" + steps.at(row.step);
+void LiveDesk::Click(bool pressed) {
+    EXPECT_NE(ButtonPressed(), pressed) << "a click cannot bring the camera button there";
+    Click();
+    EXPECT_EQ(ButtonPressed(), pressed);
 }
 
-const std::vector<LiveRow>& LiveTable() {
-    static const std::vector<LiveRow> table{
-        {Now::NoCamera, Step::StartUp, Now::Visible, Show, {}},
-        {Now::NoCamera, Step::PressButton, Now::Visible, AttachAndShow, {}},
-        {Now::NoCamera, Step::RaiseButton, Now::Hidden, {"LiveAttach", "LiveHideWindow"}, {}},
-        {Now::NoCamera, Step::AttachButton, Now::Hidden, Attach, {}},
-        {Now::NoCamera, Step::Closing, Now::NoCamera, Nothing, {}},
-        {Now::Visible, Step::PressButton, Now::Visible, Show, {}},
-        {Now::Visible, Step::RaiseButton, Now::Hidden, Hide, {}},
-        {Now::Visible, Step::AttachButton, Now::Visible, Attach, {}},
-        {Now::Visible, Step::Closing, Now::Visible, Hide, {}},
-        {Now::Visible, Step::WindowClose, Now::ClosedByItself, Nothing, {"WindowClose"}},
-        {Now::Visible, Step::WindowHide, Now::Hidden, Hide, {"WindowHide"}},
-        {Now::Visible, Step::BirdViewSave, Now::Visible, Nothing, {"BirdViewSave"}},
-        {Now::Visible, Step::Lost, Now::ClosedByItself, Nothing, {"Died"}},
-        {Now::Hidden, Step::PressButton, Now::Visible, Show, {}},
-        {Now::Hidden, Step::RaiseButton, Now::Hidden, Hide, {}},
-        {Now::Hidden, Step::AttachButton, Now::Hidden, Attach, {}},
-        {Now::Hidden, Step::Closing, Now::Hidden, Hide, {}},
-        {Now::Hidden, Step::WindowClose, Now::ClosedByItself, Nothing, {"WindowClose"}},
-        {Now::Hidden, Step::WindowHide, Now::Hidden, Hide, {"WindowHide"}},
-        {Now::Hidden, Step::BirdViewSave, Now::Hidden, Nothing, {"BirdViewSave"}},
-        {Now::Hidden, Step::Lost, Now::ClosedByItself, Nothing, {"Died"}},
-        {Now::ClosedByItself, Step::PressButton, Now::Visible, AttachAndShow, {}},
-        {Now::ClosedByItself, Step::RaiseButton, Now::Hidden, {"LiveAttach", "LiveHideWindow"}, {}},
-        {Now::ClosedByItself, Step::AttachButton, Now::Hidden, Attach, {}},
-        {Now::ClosedByItself, Step::Closing, Now::ClosedByItself, Nothing, {}},
-    };
-    return table;
+void LiveDesk::AttachButton() {
+    ShowConnectionPanel();
+    ClickOn(Find<QWidget>(QStringLiteral("CtlConnection1"), QStringLiteral("usrKVButton1(8)")));
 }
 
-void CheckLiveRow(const LiveRow& row, LiveStage& stage) {
-    LiveDesk desk(stage.Camera());
-    Bring(desk, stage, row.before);
-    CheckSituation(desk, row.before);
-    stage.Calls();
-    desk.told.clear();
-    desk.Do(row.step);
-    stage.Tell(row.step, desk);
-    CheckSituation(desk, row.after);
-    EXPECT_EQ(stage.Calls(), row.calls);
-    EXPECT_EQ(desk.told, row.told);
-    EXPECT_EQ(desk.reported, Texts{});
+void LiveDesk::Closing() {
+    machine_.boxes.answers = {platform::BoxAnswer::OK};
+    EXPECT_TRUE(window_->close());
+}
+
+Texts LiveDesk::Boxes() const {
+    Texts texts;
+    for (const QString& text : machine_.boxes.Texts()) {
+        if (text != Question) {
+            texts.push_back(text.toStdString());
+        }
+    }
+    return texts;
 }
 
 }  // namespace travo::test

@@ -1,90 +1,66 @@
-// The system's side of the live camera, as start-up, panels and closing work the link; and the table of
-// what comes of each step in each state, for any camera behind the seam.
+// The running program before a live camera, whichever stands behind the seam: its window is worked with the
+// mouse as the operator works it. All else of the machine is made of stand-ins.
 #pragma once
 
+#include <QTemporaryDir>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "core/state/LiveLink.h"
-#include "core/state/SharedState.h"
+#include "core/owner/FormMain.h"
+#include "platform/qt/QtPrivateProfile.h"
+#include "support/CameraEar.h"
+#include "support/FakeMachine.h"
 
 namespace travo::test {
 
 using Texts = std::vector<std::string>;
 
-// What the operator and the panels do, and what the camera tells.
-enum class LiveStep {
-    StartUp,       // start-up with the camera open at the last closing
-    PressButton,   // the camera button
-    RaiseButton,   // the camera button
-    AttachButton,  // button 8 of the connection panel
-    Closing,       // the main window closes
-    WindowClose,   // the operator closes the camera
-    WindowHide,    // the operator hides the camera
-    BirdViewSave,  // the camera has saved its picture
-    Lost           // the camera's process has gone
-};
-
-enum class LiveSituation { NoCamera, Visible, Hidden, ClosedByItself };
-
-class LiveDesk : private SharedState::Listener, private LiveLink::Listener {
+class LiveDesk {
 public:
-    explicit LiveDesk(platform::LiveCamera& camera) : link(camera, state, *this) {}
+    // What the settings file says of the camera. Where it was open, it comes with StartUp below.
+    enum class AtLastEnd { CameraClosed, CameraOpen };
 
+    // The program has started, and its window is on show but not painted.
+    explicit LiveDesk(platform::LiveCamera& camera, AtLastEnd atLastEnd = AtLastEnd::CameraClosed);
+
+    // The window is painted, and what waits for that is done.
     void StartUp();
-    // A click on the camera button; pressed is the state that it leaves the button in.
+    // A click on the camera button, which then stands as said; fails the test where it does not.
     void Click(bool pressed);
+    // A click on it, wherever it stands then.
+    void Click();
+    // Button 8 of the connection panel.
     void AttachButton();
-    void Closing() { link.AnnounceHideWindow(); }
-    // The steps of the system itself; those of the camera do nothing here.
-    void Do(LiveStep step);
+    // The operator closes the window and answers the question with OK.
+    void Closing();
 
-    SharedState state{*this};
-    LiveLink link;
-    bool buttonPressed = false;
-    Texts reported;  // by handlers
-    Texts told;      // by the link
+    // Brings the panel with button 8 to the front. Each click above brings its panel there itself; a camera
+    // that is open is told of a change.
+    void ShowConnectionPanel();
+
+    // How things stand, as the program has it.
+    SharedState& State() { return window_->State(); }
+    LiveLink& Link() { return *window_->Objects().Live; }
+    bool ButtonPressed() const;
+    // The texts of the boxes but the question of the close.
+    Texts Boxes() const;
+    // What the camera has told and the program has taken up.
+    const Texts& Told() const { return ear_.told; }
+    void ForgetTold() { ear_.told.clear(); }
 
 private:
-    template <typename Body>
-    void Handle(const std::string& text, Body body);
+    void OpenTab(int tab);
+    static void ClickOn(QWidget& control);
+    template <class Control>
+    Control& Find(const QString& panel, const QString& name) const;
 
-    void MagnificationChanged(std::int16_t magnification) override {
-        link.AnnounceMagnification(magnification);
-    }
-    void ViewChanged() override {}
-    void Live_BirdViewSave() override { told.emplace_back("BirdViewSave"); }
-    void Live_WindowHide() override;
-    void Live_WindowClose() override;
-    void LiveDied() override;
+    QTemporaryDir program_;
+    QTemporaryDir data_;
+    FakeMachine machine_;
+    platform::QtPrivateProfile profile_;
+    CameraEar ear_;
+    std::unique_ptr<FormMain> window_;
 };
-
-// A camera with the means to see and to work its other side.
-class LiveStage {
-public:
-    virtual ~LiveStage() = default;
-    virtual platform::LiveCamera& Camera() = 0;
-    // The calls that the camera has got, in order, since it was asked last.
-    virtual Texts Calls() = 0;
-    // Lets the camera do its own side of the step and waits until the desk has heard of it.
-    virtual void Tell(LiveStep step, const LiveDesk& desk) = 0;
-};
-
-struct LiveRow {
-    LiveSituation before;
-    LiveStep step;
-    LiveSituation after;
-    Texts calls;
-    Texts told;
-};
-
-// The row as a test's name.
-std::string LiveRowName(const LiveRow& row);
-
-// Every step in every situation in which it can be taken.
-const std::vector<LiveRow>& LiveTable();
-
-// Brings a new desk into the situation, takes the step, and compares.
-void CheckLiveRow(const LiveRow& row, LiveStage& stage);
 
 }  // namespace travo::test

@@ -18,25 +18,18 @@
 #include "needle/clsNeedleSynchro.h"
 #include "needle/clsObjectiveUpDown.h"
 #include "platform/qt/QtPrivateProfile.h"
-#include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::test {
 
-class PanelRig : private SharedState::Listener, private LiveLink::Listener {
+class PanelRig : public FakeMachine, private SharedState::Listener, private LiveLink::Listener {
 public:
     PanelRig() {
         log.LogFilePath(folder.filePath(QStringLiteral("debugTRAVO.txt")));
         ini.IniFilePath(folder.filePath(QStringLiteral("KVData.ini")));
         driver.position.fill({1000, 1000, 1000});
     }
-
-    // Ports are created by the links in the order gauge, mirror, motor.
-    FakeSerialPort& GaugePort() { return *serialPorts.created.at(0); }
-    FakeSerialPort& MirrorPort() { return *serialPorts.created.at(1); }
-    FakeSerialPort& MotorPort() { return *serialPorts.created.at(2); }
 
     // Opens mirror, gauge and motor as ports 1, 2 and 3 and forgets what was sent for it.
     void OpenPorts() {
@@ -68,16 +61,6 @@ public:
     QString ProgramFolder() const { return folder.path(); }
 
     QTemporaryDir folder;
-    Journal journal;
-    FakeBoxes boxes{journal};
-    FakeClock clock;
-    FakeEventLoop eventLoop{clock};
-    FakePointer pointer;
-    FakeTimers timers;
-    FakeDriverState driver;
-    FakeDriverLibrary driverLibrary{driver, journal};
-    FakeSerialPorts serialPorts{journal};
-    FakeLiveCamera camera{journal};
     InstrumentsListener instruments{journal};
     platform::QtPrivateProfile profile;
 

@@ -36,13 +36,11 @@ protected:
         return shown;
     }
 
-    void ExpectPlace(const char* name, int index, const QRect& place, const QString& humanName, int scale) {
+    void ExpectPlace(const char* name, int index, const QRect& place, int scale) {
         auto& control = Find<QWidget>(name, index);
         EXPECT_EQ(QRect(control.mapTo(&window, QPoint(0, 0)), control.size()),
                   QRect(place.topLeft() * scale, place.size() * scale))
             << name << index;
-        const bool isLabel = qobject_cast<const NumberLabel*>(&control) != nullptr;
-        EXPECT_EQ(isLabel ? control.accessibleDescription() : control.accessibleName(), humanName);
     }
     void ExpectPlaces(int scale);
 
@@ -53,18 +51,13 @@ protected:
 
 void FormManiInfoTest::ExpectPlaces(int scale) {
     for (int i = 0; i < 4; ++i) {
-        const QString needle = QStringLiteral("Needle %1 ").arg(i + 1);
         const int top = 44 + 64 * i;
-        ExpectPlace("Image2", i, {12, top, 64, 52}, needle + QStringLiteral("connected"), scale);
-        ExpectPlace("Image2", i + 4, {12, top, 64, 52}, needle + QStringLiteral("not connected"), scale);
-        ExpectPlace("lblName", 2 * i, {88, top, 100, 26}, needle + QStringLiteral("calibration caption"),
-                    scale);
-        ExpectPlace("lblName", 2 * i + 1, {88, top + 26, 100, 26},
-                    needle + QStringLiteral("re-calibration caption"), scale);
-        ExpectPlace("lblCalibration", i, {192, top, 136, 26}, needle + QStringLiteral("calibration time"),
-                    scale);
-        ExpectPlace("lblReCalibration", i, {192, top + 26, 136, 26},
-                    needle + QStringLiteral("re-calibration time"), scale);
+        ExpectPlace("Image2", i, {12, top, 64, 52}, scale);
+        ExpectPlace("Image2", i + 4, {12, top, 64, 52}, scale);
+        ExpectPlace("lblName", 2 * i, {88, top, 100, 26}, scale);
+        ExpectPlace("lblName", 2 * i + 1, {88, top + 26, 100, 26}, scale);
+        ExpectPlace("lblCalibration", i, {192, top, 136, 26}, scale);
+        ExpectPlace("lblReCalibration", i, {192, top + 26, 136, 26}, scale);
         EXPECT_EQ(Find<SkinImage>("Image2", i).path(), QStringLiteral("mani-connected-%1").arg(i + 1));
         EXPECT_EQ(Find<SkinImage>("Image2", i + 4).path(), QStringLiteral("mani-missing-%1").arg(i + 1));
     }
@@ -163,7 +156,7 @@ TEST_F(FormManiInfoTest, ADragOnItsPictureMovesItAndADragOfItsBorderResizesIt) {
     EXPECT_EQ(moves, 3);
 }
 
-TEST_F(FormManiInfoTest, EveryControlStandsInItsPlaceUnderItsName) {
+TEST_F(FormManiInfoTest, EveryControlStandsInItsPlace) {
     window.ShowWindow();
     ExpectPlaces(1);
 }

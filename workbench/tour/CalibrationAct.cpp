@@ -104,7 +104,7 @@ void PlayCalibrationAct(Stage& stage) {
     play.hands.TakeTheKeys();
     WaitForInstruments(stage);
     OpenCamera(play);
-    PlayMagnificationWarning(play);
+    LookAtTheWarning(play);
     PlayCalibrations(play, DefaultSettings);
     Restart(play);
     PlayCalibratedLandings(play, DefaultCells, true);

@@ -72,24 +72,6 @@ void Hands::PressAt(const QString& name, const QPoint& place) {
     QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, there);
 }
 
-void Hands::DoubleClickAt(const QString& name, const QPoint& place) {
-    QWidget& control = Control(name);
-    const QPoint there = OnWindow(control, name, place);
-    QTest::mouseDClick(control.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, there);
-}
-
-void Hands::Drag(const QString& name, const QPoint& from, const QPoint& to) {
-    QWidget& control = Control(name);
-    const QPoint begin = OnWindow(control, name, from);
-    const QPoint end = control.mapTo(control.window(), to);
-    QWindow* const window = control.window()->windowHandle();
-    QTest::mouseMove(window, begin);
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, begin);
-    QTest::mouseMove(window, (begin + end) / 2);
-    QTest::mouseMove(window, end);
-    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end);
-}
-
 void Hands::DragToSize(const QSize& size) {
     QWindow& window = *Window().windowHandle();
     const QPoint corner(Window().width() - 1, Window().height() - 1);
@@ -145,15 +127,11 @@ QString Hands::Read(const QString& name) const {
 
 bool Hands::OnShow(const QString& name) const { return !OnShowBy(Window(), name).isEmpty(); }
 
-bool Hands::Enabled(const QString& name) const { return Control(name).isEnabled(); }
-
 bool Hands::PressedIn(const QString& name) const {
     const auto* const button = qobject_cast<QAbstractButton*>(&Control(name));
     Require(button != nullptr && button->isCheckable(), name.toStdString() + " has no two states");
     return button->isChecked();
 }
-
-QSize Hands::SizeOf(const QString& name) const { return Control(name).size(); }
 
 QImage Hands::Look(const QString& name) const {
     return Control(name).grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -174,10 +152,6 @@ QString Hands::ShownPanel() const {
         }
     }
     return shown;
-}
-
-bool Hands::HasPanel(const QString& panel) const {
-    return stage_.Program().findChild<QWidget*>(panel, Qt::FindDirectChildrenOnly) != nullptr;
 }
 
 }  // namespace workbench::tour

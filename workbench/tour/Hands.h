@@ -27,9 +27,6 @@ public:
     void Press(const QString& name);
     // Clicks at a place of a control, in pixels from its upper left corner, be it disabled.
     void PressAt(const QString& name, const QPoint& place);
-    void DoubleClickAt(const QString& name, const QPoint& place);
-    // Presses at one place of a control, moves to the other, and lets go there.
-    void Drag(const QString& name, const QPoint& from, const QPoint& to);
     // Takes a window without a system's frame by its lower right corner and brings it to that size.
     void DragToSize(const QSize& size);
     // Waits until the window has the keys; a click on it would bring them.
@@ -40,10 +37,8 @@ public:
     // The text of a label or box.
     QString Read(const QString& name) const;
     bool OnShow(const QString& name) const;
-    bool Enabled(const QString& name) const;
     // Of a two-state button.
     bool PressedIn(const QString& name) const;
-    QSize SizeOf(const QString& name) const;
     // What a control shows, in plain pixels.
     QImage Look(const QString& name) const;
 
@@ -51,8 +46,6 @@ public:
     void OpenPanel(const QString& tab, const QString& panel);
     // Object name of the panel on show, empty for none.
     QString ShownPanel() const;
-    // The main window has a panel of that object name, on show or not.
-    bool HasPanel(const QString& panel) const;
 
 private:
     QWidget& Window() const;

@@ -40,38 +40,6 @@ void SendToTargets(Stage& stage, std::int32_t needle) {
     Require(worst <= LandingGoal, NeedleName(needle) + " landed too far from its target");
 }
 
-void BeRefusedForContact(Stage& stage) {
-    // Needle 1 lies across the field; needle 2 is to go to the far side of it.
-    ChooseNeedle(stage, 0);
-    const PositionXYZ home = TruePlace(stage, 0);
-    SendNeedle(stage, 0, {300, 300, 0});
-    LandingError(stage, 0, {300, 300, 0});
-    stage.WaitOneTick();
-    ChooseNeedle(stage, 1);
-    const PositionXYZ before = stage.Workbench().CountsOf(2);
-    stage.Boxes().Expect(
-        QStringLiteral("WARNING!\r\n"
-                       "There is a possibility  the needles will come in contact.\r\n"
-                       "Movement is discontinued.  Please move the needles manually."));
-    SendNeedle(stage, 1, {-300, 300, 0});
-    Require(stage.Workbench().CountsOf(2) == before, "needle 2 moved although it was refused");
-    RequireNoCrossing(stage);
-    PrintLine("needle 2 across needle 1: refused for contact, nothing moved, no true crossing");
-    ChooseNeedle(stage, 0);
-    SendNeedle(stage, 0, home);
-    LandingError(stage, 0, home);
-    stage.WaitOneTick();
-}
-
-void BeRefusedForRange(Stage& stage) {
-    ChooseNeedle(stage, 2);
-    const PositionXYZ before = stage.Workbench().CountsOf(3);
-    stage.Boxes().Expect(QStringLiteral("Manipulator : Outside the movement range"));
-    SendNeedle(stage, 2, {0, 0, 20000});
-    Require(stage.Workbench().CountsOf(3) == before, "needle 3 moved although its target is out of range");
-    PrintLine("needle 3 beyond its range: refused, nothing moved");
-}
-
 void PullTheDriverAndReconnect(Stage& stage) {
     for (int read = 0; read < travo::PositionLoop::FailedReadsBeforeQuestion; ++read) {
         stage.Boxes().Expect(QStringLiteral("Manipulator : Communication failed"));
@@ -90,30 +58,17 @@ void PullTheDriverAndReconnect(Stage& stage) {
     PrintLine("reconnected through the dialog: four needles are read again");
 }
 
-void FindTheCalibrationAgain(Stage& stage) {
-    stage.CloseProgram();
-    stage.OpenProgram();
-    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
-        Require(stage.State().CalibrationON(needle), NeedleName(needle) + " has lost its calibration");
-    }
-    PrintLine("closed and started anew: all four calibrations are there");
-    SendToTargets(stage, 3);
-}
-
 }  // namespace
 
 void PlayNeedleAct(Stage& stage) {
-    PrintHeading("Act 1: needles, sent through contact check, maps, stand-offs and range check");
+    PrintHeading("Act 1: needles on the driver alone");
     stage.OpenProgram();
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         SendToTargets(stage, needle);
     }
     RequireNoCrossing(stage);
     PrintLine("no true crossing of two shafts");
-    BeRefusedForContact(stage);
-    BeRefusedForRange(stage);
     PullTheDriverAndReconnect(stage);
-    FindTheCalibrationAgain(stage);
     RequireNoCrossing(stage);
     stage.CloseProgram();
 }

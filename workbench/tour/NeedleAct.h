@@ -1,4 +1,4 @@
-// First act: needles on the driver alone, sent through contact check, maps and range check.
+// First act: needles on the driver alone, which then fails and comes back.
 #pragma once
 
 #include "workbench/tour/Stage.h"

@@ -1,8 +1,6 @@
 #include "workbench/tour/PanelAct.h"
 
-#include "workbench/live/LiveClient.h"
 #include "workbench/tour/Handling.h"
-#include "workbench/tour/PanelCameraAct.h"
 #include "workbench/tour/PanelCellAct.h"
 #include "workbench/tour/PanelConnectAct.h"
 #include "workbench/tour/PanelMoveAct.h"
@@ -23,12 +21,9 @@ void PlayPanelAct(Stage& stage) {
     PlayPanelMoveAct(play);
     PlayPanelUserAct(play);
     PlayPanelSynchroAct(play);
-    PlayPanelCameraAct(play);
     RequireNoCrossing(stage);
     stage.CloseProgram();
-    live::LiveClient camera;
-    stage.WaitUntil([&] { return !camera.Running(); }, "the camera program outlives its last caller");
-    PrintLine("closed through its question, and the camera with it; no true crossing in the whole act");
+    PrintLine("closed through its question; no true crossing in the whole act");
 }
 
 }  // namespace workbench::tour

@@ -5,8 +5,8 @@
 
 namespace workbench::tour {
 
-// Connects the three ports of a program that knows none, and presses every test; leaves 2x set. Raises
-// ActFailure at the first finding that is not as it should be.
+// Connects the three ports of a program that knows none on their real wires; leaves 2x set. Raises ActFailure
+// at the first finding that is not as it should be.
 void PlayPanelConnectAct(PanelPlay& play);
 
 }  // namespace workbench::tour

@@ -58,44 +58,6 @@ void SendView(PanelPlay& play) {
     Require(worst <= ViewTolerance, "the view missed a cell");
 }
 
-void JumpDirectly(PanelPlay& play) {
-    play.hands.Press(QStringLiteral("Direct"));
-    for (const std::int32_t cell : {1, BarringCell, 3}) {
-        play.hands.Press(CellButton(cell));
-        const StoredCell& stored = play.cells[static_cast<std::size_t>(cell)];
-        WaitForCell(play, stored);
-        Require(ViewMiss(play, stored) <= ViewTolerance, "the view missed a cell in direct mode");
-    }
-    play.hands.Press(QStringLiteral("Direct"));
-    play.stage.RequireBoxesAsExpected();
-    PrintLine("direct mode: the view jumps to B, G and D as soon as each is chosen");
-}
-
-void BeRefusedAt035(PanelPlay& play) {
-    SetMagnification(play, 1);
-    for (const QString& dead : {QStringLiteral("View"), QStringLiteral("Direct")}) {
-        Require(!play.hands.Enabled(dead), dead.toStdString() + " is open at 0.35x");
-    }
-    const auto before = play.stage.Workbench().Mirror().atRest;
-    play.hands.Press(CellButton(0));
-    play.stage.Boxes().Expect(QStringLiteral("Tiltig mirror doesn't move at 0.35x."));
-    PressMove(play);
-    Require(play.stage.Workbench().Mirror().atRest == before, "the mirror moved at 0.35x");
-    SetMagnification(play, 2);
-    Require(play.hands.Enabled(QStringLiteral("View")), "the view stays locked at 2x");
-    PrintLine("Move of the view at 0.35x: refused in its box, mirror still; open again at 2x");
-}
-
-void SwitchMirrorMotors(PanelPlay& play, bool on) {
-    play.stage.Objects().cCommunication->SendMotorLock(on ? 1 : 0);
-    play.stage.WaitUntil([&] { return play.stage.State().bMirrorMotorONOFF == on; },
-                         "the mirror's motors are not reported as switched");
-    Require(play.stage.Workbench().Mirror().motorsOn == on, "the world has the mirror's motors otherwise");
-    for (std::int32_t cell = 0; cell < travo::CellCount; ++cell) {
-        Require(play.hands.Enabled(CellButton(cell)) == on, "the cells do not follow the mirror's motors");
-    }
-}
-
 void BeRefusedForContact(PanelPlay& play) {
     SendNeedleToCell(play, 0, BarringCell);
     BeRefusedBehindNeedle1(play);
@@ -117,11 +79,6 @@ void PlayPanelMoveAct(PanelPlay& play) {
     play.hands.OpenPanel(QStringLiteral("Experiment"), QStringLiteral("CtlExperiment1"));
     SendNeedles(play);
     SendView(play);
-    JumpDirectly(play);
-    BeRefusedAt035(play);
-    SwitchMirrorMotors(play, false);
-    SwitchMirrorMotors(play, true);
-    PrintLine("mirror motors off and on: the world's as well, and the cells' buttons go dead and come back");
     BeRefusedForContact(play);
     play.stage.RequireBoxesAsExpected();
 }

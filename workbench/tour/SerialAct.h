@@ -1,4 +1,4 @@
-// Second act: mirror, focus and gauge on their wires.
+// Second act: mirror, focus and gauge on their wires, and a zero point that all of them count from.
 #pragma once
 
 #include "workbench/tour/Stage.h"

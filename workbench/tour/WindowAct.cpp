@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QPixmap>
+#include <utility>
 
 #include "core/state/SettingsKeys.h"
 #include "workbench/live/LiveClient.h"
@@ -9,7 +10,6 @@
 #include "workbench/tour/Handling.h"
 #include "workbench/tour/Report.h"
 #include "workbench/tour/WindowMarkerAct.h"
-#include "workbench/tour/WindowMirrorAct.h"
 #include "workbench/tour/WindowPlay.h"
 #include "workbench/tour/WindowProgramAct.h"
 #include "workbench/tour/WindowRestartAct.h"
@@ -19,23 +19,19 @@ namespace workbench::tour {
 
 namespace {
 
-void OpenWindow(Stage& stage, QWidget& window, const QString& button) {
-    Hands hands(stage);
-    Require(!hands.PressedIn(button) && !window.isVisible(), button.toStdString() + " is open already");
-    hands.Press(button);
-    Require(hands.PressedIn(button), button.toStdString() + ": its button does not stay pressed");
-    stage.WaitUntil([&] { return window.isVisible() && window.isActiveWindow(); },
-                    button.toStdString() + " does not come to the front");
-}
-
 void OpenWindows(Stage& stage) {
-    Hands(stage).OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));
-    travo::FormMainWindows& windows = stage.Program().Windows();
-    OpenWindow(stage, windows.BirdView, BirdViewButton);
-    OpenWindow(stage, windows.MirrorCtl, MirrorButton);
-    OpenWindow(stage, windows.ManiInfo, NeedlesButton);
-    OpenWindow(stage, windows.MirrorCtl2, MagnificationButton);
-    Hands(stage).Press(CameraButton);
+    Hands hands(stage);
+    hands.OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));
+    for (const auto& [button, title] : {std::pair{BirdViewButton, BirdViewTitle},
+                                        {MirrorButton, MirrorTitle},
+                                        {NeedlesButton, NeedlesTitle},
+                                        {MagnificationButton, MagnificationTitle}}) {
+        hands.Press(button);
+        QWidget& window = SmallWindow(title);
+        stage.WaitUntil([&] { return window.isVisible() && window.isActiveWindow(); },
+                        button.toStdString() + " does not come to the front");
+    }
+    hands.Press(CameraButton);
     Require(stage.State().LiveOpen, "the camera does not open");
     stage.RequireBoxesAsExpected();
     PrintLine(
@@ -43,14 +39,12 @@ void OpenWindows(Stage& stage) {
 }
 
 void SavePictures(Stage& stage) {
-    travo::FormMainWindows& windows = stage.Program().Windows();
     const QDir pictures(stage.Where().pictures);
-    const auto save = [&](QWidget& window, const QString& name) {
-        window.grab().save(pictures.filePath(name));
-    };
-    save(windows.MirrorCtl, QStringLiteral("window-mirror.png"));
-    save(windows.MirrorCtl2, QStringLiteral("window-magnification.png"));
-    save(windows.ManiInfo, QStringLiteral("window-needles.png"));
+    for (const auto& [title, name] : {std::pair{MirrorTitle, QStringLiteral("window-mirror.png")},
+                                      {MagnificationTitle, QStringLiteral("window-magnification.png")},
+                                      {NeedlesTitle, QStringLiteral("window-needles.png")}}) {
+        SmallWindow(title).grab().save(pictures.filePath(name));
+    }
 }
 
 }  // namespace
@@ -65,9 +59,8 @@ void PlayWindowAct(Stage& stage) {
     WaitFor035x(play);
     OpenWindows(stage);
     PlayWindowStillAct(stage);
-    PlayWindowMagnificationAct(stage);
-    PlayWindowPadAct(stage);
-    PlayWindowFocusAct(stage);
+    PressMagnification(stage, 2);
+    TurnMirror(stage, 0, 0);
     SavePictures(stage);
     PlayWindowMarkerAct(stage);
     PlayWindowRestartAct(stage);

@@ -178,8 +178,8 @@ void HideLines(Stage& stage) {
     Require(shown > 0.95, "a needle's line is not drawn along its true shaft");
 }
 
-void SaveBird(Stage& stage, const QString& name) {
-    stage.Program().Windows().BirdView.grab().save(QDir(stage.Where().pictures).filePath(name));
+void SaveBird(const Stage& stage, const QString& name) {
+    SmallWindow(BirdViewTitle).grab().save(QDir(stage.Where().pictures).filePath(name));
 }
 
 }  // namespace
@@ -203,7 +203,7 @@ void PlayWindowMarkerAct(Stage& stage) {
     BringNeedles(play, NeedlePlaces.front());
     SaveBird(stage, QStringLiteral("window-bird-whole.png"));
     AtBirdView(stage).Press(QStringLiteral("Design size"));
-    Require(stage.Program().Windows().BirdView.size() == DesignSize, "the size button gives another size");
+    Require(SmallWindow(BirdViewTitle).size() == DesignSize, "the size button gives another size");
     LookAtCells(play);
     LookAtView(stage);
     BringNeedles(play, NeedlePlaces.back());

@@ -1,5 +1,6 @@
 #include "workbench/tour/WindowPlay.h"
 
+#include <QApplication>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -21,10 +22,26 @@ const QString MirrorButton = QStringLiteral("Mirror window");
 const QString NeedlesButton = QStringLiteral("Needle window");
 const QString MagnificationButton = QStringLiteral("Magnification window");
 
-Hands AtBirdView(Stage& stage) { return {stage, stage.Program().Windows().BirdView}; }
-Hands AtMirror(Stage& stage) { return {stage, stage.Program().Windows().MirrorCtl}; }
-Hands AtMagnification(Stage& stage) { return {stage, stage.Program().Windows().MirrorCtl2}; }
-Hands AtNeedles(Stage& stage) { return {stage, stage.Program().Windows().ManiInfo}; }
+const QString BirdViewTitle = QStringLiteral("Bird's-eye view");
+const QString MirrorTitle = QStringLiteral("Mirror and focus");
+const QString NeedlesTitle = QStringLiteral("Needles");
+const QString MagnificationTitle = QStringLiteral("Magnification");
+
+QWidget& SmallWindow(const QString& title) {
+    QWidget* found = nullptr;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->windowTitle() == title) {
+            found = window;
+        }
+    }
+    Require(found != nullptr, "there is no window " + title.toStdString());
+    return *found;
+}
+
+Hands AtBirdView(Stage& stage) { return {stage, SmallWindow(BirdViewTitle)}; }
+Hands AtMirror(Stage& stage) { return {stage, SmallWindow(MirrorTitle)}; }
+Hands AtMagnification(Stage& stage) { return {stage, SmallWindow(MagnificationTitle)}; }
+Hands AtNeedles(Stage& stage) { return {stage, SmallWindow(NeedlesTitle)}; }
 
 QImage BirdPicture(Stage& stage) { return AtBirdView(stage).Look(QStringLiteral("Picture")); }
 

@@ -20,6 +20,13 @@ Hands AtMirror(Stage& stage);
 Hands AtMagnification(Stage& stage);
 Hands AtNeedles(Stage& stage);
 
+// The small window of that title, shown or not; ActFailure where the program has none.
+QWidget& SmallWindow(const QString& title);
+extern const QString BirdViewTitle;
+extern const QString MirrorTitle;
+extern const QString NeedlesTitle;
+extern const QString MagnificationTitle;
+
 // Names of the controls of the user panel.
 extern const QString CameraButton;
 extern const QString BirdViewButton;

@@ -39,10 +39,9 @@ struct Layout {
     bool operator==(const Layout&) const = default;
 };
 
-Layout LayoutNow(Stage& stage) {
-    const travo::FormMainWindows& windows = stage.Program().Windows();
-    return {windows.BirdView.geometry(), windows.MirrorCtl.geometry(), windows.MirrorCtl2.geometry(),
-            windows.ManiInfo.geometry()};
+Layout LayoutNow() {
+    return {SmallWindow(BirdViewTitle).geometry(), SmallWindow(MirrorTitle).geometry(),
+            SmallWindow(MagnificationTitle).geometry(), SmallWindow(NeedlesTitle).geometry()};
 }
 
 void MoveWindow(Stage& stage, QWidget& window, const QPoint& place) {
@@ -52,18 +51,18 @@ void MoveWindow(Stage& stage, QWidget& window, const QPoint& place) {
 }
 
 void PutAbout(Stage& stage) {
-    travo::FormMainWindows& windows = stage.Program().Windows();
-    MoveWindow(stage, windows.BirdView, BirdPlace);
+    MoveWindow(stage, SmallWindow(BirdViewTitle), BirdPlace);
     AtBirdView(stage).DragToSize(BirdSize);
-    MoveWindow(stage, windows.MirrorCtl, MirrorPlace);
+    MoveWindow(stage, SmallWindow(MirrorTitle), MirrorPlace);
     AtMirror(stage).DragToSize(MirrorSize);
-    MoveWindow(stage, windows.MirrorCtl2, MagnificationPlace);
-    MoveWindow(stage, windows.ManiInfo, NeedlesPlace);
+    MoveWindow(stage, SmallWindow(MagnificationTitle), MagnificationPlace);
+    MoveWindow(stage, SmallWindow(NeedlesTitle), NeedlesPlace);
     // The window system's word on all of this comes later.
     stage.WaitOneTick();
-    Require(windows.BirdView.geometry() == QRect(BirdPlace, BirdSize) &&
-                windows.MirrorCtl.geometry() == QRect(MirrorPlace, MirrorSize) &&
-                windows.MirrorCtl2.pos() == MagnificationPlace && windows.ManiInfo.pos() == NeedlesPlace,
+    Require(SmallWindow(BirdViewTitle).geometry() == QRect(BirdPlace, BirdSize) &&
+                SmallWindow(MirrorTitle).geometry() == QRect(MirrorPlace, MirrorSize) &&
+                SmallWindow(MagnificationTitle).pos() == MagnificationPlace &&
+                SmallWindow(NeedlesTitle).pos() == NeedlesPlace,
             "a window does not stay where it is put");
 }
 
@@ -71,7 +70,7 @@ void CloseNeedles(Stage& stage) {
     Hands hands(stage);
     hands.OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));
     AtNeedles(stage).Press(QStringLiteral("Close"));
-    Require(!stage.Program().Windows().ManiInfo.isVisible() && !hands.PressedIn(NeedlesButton),
+    Require(!SmallWindow(NeedlesTitle).isVisible() && !hands.PressedIn(NeedlesButton),
             "the needle window's CLOSE does not close it");
 }
 
@@ -85,7 +84,7 @@ void Restart(Stage& stage) {
 }
 
 void FindWindows(Stage& stage, const Layout& before) {
-    Require(LayoutNow(stage) == before, "a window has not come back to its place and size");
+    Require(LayoutNow() == before, "a window has not come back to its place and size");
     const Hands user(stage);
     const std::array<std::pair<QString, bool>, 5> open{{{CameraButton, true},
                                                         {BirdViewButton, true},
@@ -95,9 +94,8 @@ void FindWindows(Stage& stage, const Layout& before) {
     for (const auto& [button, isOpen] : open) {
         Require(user.PressedIn(button) == isOpen, button.toStdString() + " does not say how it was left");
     }
-    const travo::FormMainWindows& windows = stage.Program().Windows();
-    Require(windows.BirdView.isVisible() && windows.MirrorCtl.isVisible() && windows.MirrorCtl2.isVisible() &&
-                !windows.ManiInfo.isVisible(),
+    Require(SmallWindow(BirdViewTitle).isVisible() && SmallWindow(MirrorTitle).isVisible() &&
+                SmallWindow(MagnificationTitle).isVisible() && !SmallWindow(NeedlesTitle).isVisible(),
             "other windows are open than before");
     const Hands bird = AtBirdView(stage);
     Require(bird.PressedIn(Adjust) && bird.OnShow(QStringLiteral("Contrast")), "the lower panel is closed");
@@ -130,7 +128,7 @@ void FindShiftAndLines(Stage& stage) {
 void PlayWindowRestartAct(Stage& stage) {
     PutAbout(stage);
     CloseNeedles(stage);
-    const Layout before = LayoutNow(stage);
+    const Layout before = LayoutNow();
     Restart(stage);
     Hands hands(stage);
     hands.OpenPanel(QStringLiteral("User"), QStringLiteral("CtlUser1"));

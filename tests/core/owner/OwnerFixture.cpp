@@ -12,11 +12,6 @@ OwnerFixture::OwnerFixture() {
     Restart();
 }
 
-platform::Machine OwnerFixture::Seams() {
-    return {clock_,   display_, eventLoop_,      folders_,     liveCamera_,     driverLibrary_, boxes_,
-            pointer_, profile_, serialPortList_, serialPorts_, singleInstance_, timers_};
-}
-
 void OwnerFixture::Restart() {
     closing_.reset();
     startUp_.reset();

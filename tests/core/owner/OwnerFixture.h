@@ -16,10 +16,7 @@
 #include "core/owner/PositionLoop.h"
 #include "core/owner/StartUp.h"
 #include "platform/qt/QtPrivateProfile.h"
-#include "support/FakeLiveCamera.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPortList.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::test {
@@ -87,7 +84,7 @@ class OwnerFixture : public testing::Test,
 protected:
     OwnerFixture();
 
-    platform::Machine Seams();
+    platform::Machine Seams() { return standIns_.Seams(profile_); }
     // Builds the owner's objects anew, as a new start of the program would.
     void Restart();
     // Start-up, load and camera; false when the program would end.
@@ -103,9 +100,9 @@ protected:
     static QByteArray CalibrationText(int needle);
 
     // The ports of the links, in their order of creation: gauge, mirror, motor.
-    FakeSerialPort& GaugePort() { return *serialPorts_.created.at(0); }
-    FakeSerialPort& MirrorPort() { return *serialPorts_.created.at(1); }
-    FakeSerialPort& MotorPort() { return *serialPorts_.created.at(2); }
+    FakeSerialPort& GaugePort() { return standIns_.GaugePort(); }
+    FakeSerialPort& MirrorPort() { return standIns_.MirrorPort(); }
+    FakeSerialPort& MotorPort() { return standIns_.MotorPort(); }
 
     std::string Last() const { return journal_.empty() ? std::string() : journal_.back(); }
     std::ptrdiff_t CountOf(const std::string& entry) const;
@@ -181,20 +178,20 @@ protected:
 
     QTemporaryDir program_;
     QTemporaryDir data_;
-    Journal journal_;
-    FakeBoxes boxes_{journal_};
-    FakeClock clock_;
-    FakeEventLoop eventLoop_{clock_};
-    FakePointer pointer_;
-    FakeDisplay display_;
-    FakeFolders folders_{journal_};
-    FakeLiveCamera liveCamera_{journal_};
-    FakeSingleInstance singleInstance_{journal_};
-    FakeTimers timers_;
-    FakeDriverState driver_;
-    FakeDriverLibrary driverLibrary_{driver_, journal_};
-    FakeSerialPortList serialPortList_;
-    FakeSerialPorts serialPorts_{journal_};
+    FakeMachine standIns_;
+    Journal& journal_ = standIns_.journal;
+    FakeBoxes& boxes_ = standIns_.boxes;
+    FakeClock& clock_ = standIns_.clock;
+    FakeEventLoop& eventLoop_ = standIns_.eventLoop;
+    FakePointer& pointer_ = standIns_.pointer;
+    FakeDisplay& display_ = standIns_.display;
+    FakeFolders& folders_ = standIns_.folders;
+    FakeLiveCamera& liveCamera_ = standIns_.camera;
+    FakeSingleInstance& singleInstance_ = standIns_.singleInstance;
+    FakeTimers& timers_ = standIns_.timers;
+    FakeDriverState& driver_ = standIns_.driver;
+    FakeSerialPortList& serialPortList_ = standIns_.serialPortList;
+    FakeSerialPorts& serialPorts_ = standIns_.serialPorts;
     InstrumentsListener instruments_{journal_};
     JournalProfile profile_{journal_};
 

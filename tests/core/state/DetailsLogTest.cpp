@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo {
 namespace {

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "core/ground/Arithmetic.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo {
 namespace {

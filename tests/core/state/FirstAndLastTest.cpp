@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

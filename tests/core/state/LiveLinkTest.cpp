@@ -4,197 +4,123 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "support/FakeLiveCamera.h"
-#include "support/LiveDesk.h"
 
 namespace travo::test {
 
 namespace {
 
-class FakeStage : public LiveStage {
-public:
-    platform::LiveCamera& Camera() override { return camera; }
-    Texts Calls() override {
-        Texts calls;
-        for (const std::string& entry : journal) {
-            if (entry.starts_with("Live")) {
-                calls.push_back(entry);
-            }
-        }
+// The link with a camera that the test plays; what the link tells comes into the same journal.
+class LiveLinkTest : public ::testing::Test, private SharedState::Listener, private LiveLink::Listener {
+protected:
+    // As whoever opens the camera leaves it.
+    void Open() {
+        link.Create();
+        state.LiveOpen = true;
         journal.clear();
-        return calls;
-    }
-    void Tell(LiveStep step, const LiveDesk&) override {
-        switch (step) {
-            case LiveStep::WindowClose:
-                return camera.TellWindowClose();
-            case LiveStep::WindowHide:
-                return camera.TellWindowHide();
-            case LiveStep::BirdViewSave:
-                return camera.TellBirdViewSave();
-            case LiveStep::Lost:
-                return camera.TellLost();
-            default:
-                return;
-        }
     }
 
     Journal journal;
     FakeLiveCamera camera{journal};
-};
+    SharedState state{*this};
+    LiveLink link{camera, state, *this};
 
-class LiveLinkTest : public ::testing::Test {
-protected:
-    void Open() {
-        desk.Click(true);
-        stage.Calls();
+private:
+    void MagnificationChanged(std::int16_t) override {}
+    void ViewChanged() override {}
+    void Live_BirdViewSave() override { journal.emplace_back("told BirdViewSave"); }
+    void Live_WindowHide() override { journal.emplace_back("told WindowHide"); }
+    void Live_WindowClose() override { TellThatItIsClosed("told WindowClose"); }
+    void LiveDied() override { TellThatItIsClosed("told Died"); }
+    void TellThatItIsClosed(const char* what) {
+        EXPECT_FALSE(state.LiveOpen) << "before anybody is told";
+        journal.emplace_back(what);
     }
-
-    FakeStage stage;
-    LiveDesk desk{stage.camera};
-    LiveLink& link = desk.link;
 };
 
-class LiveLinkTableTest : public ::testing::TestWithParam<LiveRow> {};
-
-TEST_P(LiveLinkTableTest, LeadsWhereTheTableSays) {
-    FakeStage stage;
-    CheckLiveRow(GetParam(), stage);
-}
-
-std::string RowName(const ::testing::TestParamInfo<LiveRow>& info) { return LiveRowName(info.param); }
-
-INSTANTIATE_TEST_SUITE_P(Rows, LiveLinkTableTest, ::testing::ValuesIn(LiveTable()), RowName);
+const Journal Nothing;
 
 TEST_F(LiveLinkTest, IsEmptyAtFirstAndEmptyAgainWhenCleared) {
     EXPECT_EQ(link.State(), LiveLink::Object::None);
     link.Create();
     EXPECT_EQ(link.State(), LiveLink::Object::Living);
-    EXPECT_FALSE(desk.state.LiveOpen);
+    EXPECT_FALSE(state.LiveOpen);
     link.Clear();
     EXPECT_EQ(link.State(), LiveLink::Object::None);
-    EXPECT_EQ(stage.journal, Journal{"live created"});
+    EXPECT_EQ(journal, Journal{"live created"});
 }
 
 TEST_F(LiveLinkTest, ReleasingLetsTheCameraProgramEnd) {
     Open();
     link.Release();
-    EXPECT_EQ(stage.journal, Journal{"live released"});
+    EXPECT_EQ(journal, Journal{"live released"});
     link.Release();
-    EXPECT_EQ(stage.journal, Journal{"live released"});
+    EXPECT_EQ(journal, Journal{"live released"});
 }
 
-TEST_F(LiveLinkTest, WithNoLiveProgramInstalledCameraLoadIsShownOnceAndTheProgramRunsOn) {
-    stage.camera.absent = true;
-    desk.StartUp();
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
-    EXPECT_FALSE(desk.state.LiveOpen);
+TEST_F(LiveLinkTest, ACameraThatCannotBeCreatedLeavesTheLinkEmpty) {
+    camera.absent = true;
+    EXPECT_THROW(link.Create(), platform::LiveCameraFailure);
     EXPECT_EQ(link.State(), LiveLink::Object::None);
-    EXPECT_EQ(desk.told, Texts{});
-    link.LiveActionStart();
-    link.LiveActionEnd();
-    desk.Closing();
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
+    EXPECT_EQ(journal, Nothing);
 }
 
-TEST_F(LiveLinkTest, PressingTheCameraButtonWithNoCameraProgramLeavesTheButtonRaised) {
-    stage.camera.absent = true;
-    desk.Click(true);
-    EXPECT_FALSE(desk.buttonPressed);
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
-    stage.camera.absent = false;
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
-}
-
-TEST_F(LiveLinkTest, ACloseFromTheCameraSideAndAPressCreateANewObjectAndDoNotTouchTheOldOne) {
+TEST_F(LiveLinkTest, WhatTheCameraTellsIsPassedOn) {
     Open();
-    stage.camera.TellWindowClose();
+    camera.TellBirdViewSave();
+    camera.TellWindowHide();
+    EXPECT_TRUE(state.LiveOpen);
+    camera.TellWindowClose();
+    EXPECT_EQ(journal, (Journal{"told BirdViewSave", "told WindowHide", "told WindowClose"}));
     EXPECT_EQ(link.State(), LiveLink::Object::Stale);
-    desk.Click(true);
-    EXPECT_EQ(stage.camera.created, 2);
-    EXPECT_EQ(stage.journal, (Journal{"live created", "LiveAttach", "LiveShowWindow"}));
 }
 
-TEST_F(LiveLinkTest, HidingFromTheCameraSideRaisesTheButtonAndSendsLiveHideWindowBackOnce) {
+TEST_F(LiveLinkTest, ALostCameraHasDied) {
     Open();
-    stage.camera.TellWindowHide();
-    EXPECT_FALSE(desk.buttonPressed);
-    EXPECT_TRUE(desk.state.LiveOpen);
-    EXPECT_EQ(stage.Calls(), Texts{"LiveHideWindow"});
-}
-
-TEST_F(LiveLinkTest, ChangingTheMagnificationWhileLiveOpenIsFalseTellsTheLiveProgramNothing) {
-    desk.state.CurrentMagnification(2);
-    desk.Click(true);
-    EXPECT_EQ(stage.Calls(), (Texts{"LiveAttach", "LiveShowWindow"}));
-    desk.state.CurrentMagnification(3);
-    EXPECT_EQ(stage.Calls(), Texts{"LiveChangeMagnification 3"});
+    camera.TellLost();
+    EXPECT_EQ(journal, Journal{"told Died"});
+    EXPECT_EQ(link.State(), LiveLink::Object::Stale);
 }
 
 TEST_F(LiveLinkTest, AStaleObjectTellsNothingMore) {
     Open();
-    stage.camera.TellWindowClose();
-    desk.told.clear();
-    stage.camera.TellWindowClose();
-    stage.camera.TellWindowHide();
-    stage.camera.TellBirdViewSave();
-    stage.camera.TellLost();
-    EXPECT_EQ(desk.told, Texts{});
-    EXPECT_EQ(stage.Calls(), Texts{});
+    camera.TellWindowClose();
+    journal.clear();
+    camera.TellWindowClose();
+    camera.TellWindowHide();
+    camera.TellBirdViewSave();
+    camera.TellLost();
+    EXPECT_EQ(journal, Nothing);
 }
 
 TEST_F(LiveLinkTest, AClearedObjectTellsNothingMore) {
     Open();
     link.Clear();
-    stage.camera.TellBirdViewSave();
-    stage.camera.TellLost();
-    EXPECT_EQ(desk.told, Texts{});
+    camera.TellBirdViewSave();
+    camera.TellLost();
+    EXPECT_EQ(journal, Nothing);
 }
 
 TEST_F(LiveLinkTest, ActionStartAndActionEndReachALivingObjectAlsoBeforeLiveOpenIsTrue) {
     link.Create();
+    journal.clear();
     link.LiveActionStart();
     link.LiveActionEnd();
-    EXPECT_EQ(stage.Calls(), (Texts{"LiveActionStart", "LiveActionEnd"}));
+    EXPECT_EQ(journal, (Journal{"LiveActionStart", "LiveActionEnd"}));
 }
 
 TEST_F(LiveLinkTest, ActionStartAndActionEndDoNothingWithoutALivingObject) {
     link.LiveActionStart();
     link.LiveActionEnd();
     Open();
-    stage.camera.TellWindowClose();
+    camera.TellWindowClose();
+    journal.clear();
     link.LiveActionStart();
     link.LiveActionEnd();
-    EXPECT_EQ(stage.Calls(), Texts{});
-}
-
-TEST_F(LiveLinkTest, AWindowButtonOnADeadCameraIsWindowLoadWithTheButtonRaised) {
-    Open();
-    stage.camera.failing = {"LiveHideWindow"};
-    desk.Click(false);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_FALSE(desk.buttonPressed);
-    EXPECT_EQ(link.State(), LiveLink::Object::Stale);
-}
-
-TEST_F(LiveLinkTest, AFailedFirstCallLeavesLiveOpenFalse) {
-    stage.camera.failing = {"LiveAttach"};
-    desk.Click(true);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_FALSE(desk.buttonPressed);
-}
-
-TEST_F(LiveLinkTest, AFailedShowAtStartUpIsCameraLoad) {
-    stage.camera.failing = {"LiveShowWindow"};
-    desk.StartUp();
-    EXPECT_EQ(desk.reported, Texts{"Error : Camera Load"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_FALSE(desk.buttonPressed);
+    EXPECT_EQ(journal, Nothing);
 }
 
 struct NamedCall {
@@ -210,31 +136,26 @@ TEST_F(LiveLinkTest, TheFirstCallThatFailsKillsTheObjectAndIsRaised) {
     };
     for (const auto& [name, call] : calls) {
         SCOPED_TRACE(name);
-        stage.camera.failing = {};
-        desk.Click(true);
-        desk.told.clear();
-        stage.camera.failing = {name};
+        camera.failing = {name};
+        Open();
         EXPECT_THROW(call(link), platform::LiveCameraFailure);
-        EXPECT_EQ(desk.told, Texts{"Died"});
-        EXPECT_FALSE(desk.state.LiveOpen);
-        EXPECT_FALSE(desk.buttonPressed);
-        stage.Calls();
+        EXPECT_EQ(journal, (Journal{name, "told Died"}));
+        EXPECT_FALSE(state.LiveOpen);
+        journal.clear();
         EXPECT_THROW(call(link), platform::LiveCameraFailure);
-        EXPECT_EQ(stage.Calls(), Texts{}) << "a dead object is not called";
-        EXPECT_EQ(desk.told, Texts{"Died"}) << "and dies once";
+        EXPECT_EQ(journal, Nothing) << "a dead object is not called, and dies once";
     }
 }
 
-TEST_F(LiveLinkTest, ACloseGoesOnWithACameraThatDoesNotHide) {
+TEST_F(LiveLinkTest, HidingItForThoseWhomAnIllCameraMustNotDisturbRaisesNothing) {
     Open();
-    stage.camera.failing = {"LiveHideWindow"};
-    EXPECT_NO_THROW(desk.Closing());
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.state.LiveOpen);
-    EXPECT_EQ(desk.reported, Texts{}) << "no box";
-    stage.Calls();
-    EXPECT_NO_THROW(desk.Closing());
-    EXPECT_EQ(stage.Calls(), Texts{});
+    camera.failing = {"LiveHideWindow"};
+    EXPECT_NO_THROW(link.AnnounceHideWindow());
+    EXPECT_EQ(journal, (Journal{"LiveHideWindow", "told Died"}));
+    EXPECT_FALSE(state.LiveOpen);
+    journal.clear();
+    EXPECT_NO_THROW(link.AnnounceHideWindow());
+    EXPECT_EQ(journal, Nothing);
 }
 
 TEST_F(LiveLinkTest, AnAnnouncementThatFailsKillsTheObjectWhenTheEventLoopSaysSoAndDisturbsNobody) {
@@ -251,63 +172,46 @@ TEST_F(LiveLinkTest, AnAnnouncementThatFailsKillsTheObjectWhenTheEventLoopSaysSo
     };
     for (const auto& [name, call] : calls) {
         SCOPED_TRACE(name);
-        stage.camera.failing = {};
-        desk.Click(true);
-        desk.told.clear();
-        stage.camera.failing = {name};
+        camera.failing = {name};
+        Open();
         EXPECT_NO_THROW(call(link));
-        EXPECT_EQ(desk.told, Texts{}) << "nobody has waited for the answer";
-        EXPECT_TRUE(desk.state.LiveOpen);
-        stage.camera.TellFailure();
-        EXPECT_EQ(desk.told, Texts{"Died"});
-        EXPECT_FALSE(desk.state.LiveOpen);
-        EXPECT_FALSE(desk.buttonPressed);
-        EXPECT_EQ(desk.reported, Texts{}) << "no box";
-        stage.Calls();
+        EXPECT_EQ(journal.size(), 1U) << "nobody has waited for the answer";
+        EXPECT_TRUE(state.LiveOpen);
+        camera.TellFailure();
+        EXPECT_EQ(journal.back(), "told Died");
+        EXPECT_FALSE(state.LiveOpen);
+        journal.clear();
         EXPECT_NO_THROW(call(link));
-        EXPECT_EQ(stage.Calls(), Texts{});
+        EXPECT_EQ(journal, Nothing);
     }
 }
 
-TEST_F(LiveLinkTest, AWindowButtonBehindAnAnnouncementThatFailedIsWindowLoadWithTheButtonRaised) {
+TEST_F(LiveLinkTest, ACallBehindAnAnnouncementThatFailedFindsItOutAndTheObjectDiesOnce) {
     Open();
-    stage.camera.failing = {"LivePanelLeave"};
+    camera.failing = {"LivePanelLeave"};
     link.AnnouncePanelLeave();
-    desk.Click(false);
-    EXPECT_EQ(desk.reported, Texts{"Error : Window Load"});
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.buttonPressed);
-    stage.camera.TellFailure();
-    EXPECT_EQ(desk.told, Texts{"Died"}) << "it dies once";
+    EXPECT_THROW(link.LiveHideWindow(), platform::LiveCameraFailure);
+    EXPECT_EQ(journal, (Journal{"LivePanelLeave", "told Died"}));
+    camera.TellFailure();
+    EXPECT_EQ(journal.size(), 2U);
 }
 
 TEST_F(LiveLinkTest, AnnouncementsTestLiveOpenFirst) {
     link.Create();
-    link.AnnounceMagnification(2);
-    link.AnnouncePanelLeave();
-    link.AnnounceCalibPoints();
-    link.AnnounceCalibCenter();
-    link.AnnounceHideWindow();
-    EXPECT_EQ(stage.Calls(), Texts{});
-    desk.state.LiveOpen = true;
-    link.AnnounceMagnification(2);
-    link.AnnouncePanelLeave();
-    link.AnnounceCalibPoints();
-    link.AnnounceCalibCenter();
-    link.AnnounceHideWindow();
-    EXPECT_EQ(stage.Calls(), (Texts{"LiveChangeMagnification 2", "LivePanelLeave", "LiveCalibPoints",
-                                    "LiveCalibCenter", "LiveHideWindow"}));
-}
-
-TEST_F(LiveLinkTest, AfterTheLossOfTheCameraAPressOfTheButtonCreatesANewOne) {
-    Open();
-    stage.camera.TellLost();
-    EXPECT_EQ(desk.told, Texts{"Died"});
-    EXPECT_FALSE(desk.buttonPressed);
-    desk.Click(true);
-    EXPECT_TRUE(desk.state.LiveOpen);
-    EXPECT_TRUE(desk.buttonPressed);
-    EXPECT_EQ(desk.reported, Texts{});
+    journal.clear();
+    const auto announceAll = [this] {
+        link.AnnounceMagnification(2);
+        link.AnnouncePanelLeave();
+        link.AnnounceCalibPoints();
+        link.AnnounceCalibCenter();
+        link.AnnounceHideWindow();
+    };
+    announceAll();
+    EXPECT_EQ(journal, Nothing);
+    state.LiveOpen = true;
+    announceAll();
+    EXPECT_EQ(journal, (Journal{"LiveChangeMagnification 2", "LivePanelLeave", "LiveCalibPoints",
+                                "LiveCalibCenter", "LiveHideWindow"}));
 }
 
 }  // namespace

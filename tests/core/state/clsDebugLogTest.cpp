@@ -12,7 +12,7 @@
 #include <csignal>
 
 #include "core/ground/Arithmetic.h"
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 namespace travo {
 namespace {

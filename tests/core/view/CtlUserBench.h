@@ -17,7 +17,8 @@ protected:
     ~CtlUserPanel() override { panel.reset(); }
 
     CtlUser::System System() {
-        return {rig.state, live, rig.needleMove, rig.objective, rig.failures, rig.profile, folders, *this};
+        return {rig.state,    live,        rig.needleMove, rig.objective,
+                rig.failures, rig.profile, rig.folders,    *this};
     }
 
     CtlUser& Panel() {
@@ -79,7 +80,6 @@ protected:
     void LiveDied() override { Panel().LiveButtonChange(true); }
 
     PanelRig rig;
-    FakeFolders folders{rig.journal};
     LiveLink live{rig.camera, rig.state, *this};
     bool windowsFail = false;
     std::unique_ptr<CtlUser> panel;

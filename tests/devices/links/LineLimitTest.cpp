@@ -30,21 +30,23 @@ class LineLimit : public LinkRig,
                   public clsMagnescale::Receiver {
 protected:
     LineLimit() {
-        mirror.emplace(ports, failures, *this);
-        motor.emplace(ports, eventLoop, state, *this, failures);
-        gauge.emplace(ports, failures, *this);
+        mirror.emplace(serialPorts, failures, *this);
+        motor.emplace(serialPorts, eventLoop, state, *this, failures);
+        gauge.emplace(serialPorts, failures, *this);
         mirror->PortOpen(1);
         motor->PortOpen(2);
         gauge->PortOpen(3);
-        for (FakeSerialPort* const port : ports.created) {
+        for (FakeSerialPort* const port : serialPorts.created) {
             port->TakeOutput();
         }
         journal.clear();
     }
 
-    void FromMirror(std::string_view text) { ports.created[0]->Receive(text); }
-    void FromMotor(std::string_view text) { ports.created[1]->Receive(text); }
-    void FromGauge(std::string_view text) { ports.created[2]->Receive(text, platform::ClearToSendEvent); }
+    void FromMirror(std::string_view text) { serialPorts.created[0]->Receive(text); }
+    void FromMotor(std::string_view text) { serialPorts.created[1]->Receive(text); }
+    void FromGauge(std::string_view text) {
+        serialPorts.created[2]->Receive(text, platform::ClearToSendEvent);
+    }
 
     // A line of so many bytes that gives X 5.
     static std::string MirrorLineOf(std::size_t size) { return "aD2R" + std::string(size - 5, '0') + "5"; }

@@ -9,8 +9,8 @@
 #include "devices/links/clsMirror.h"
 #include "devices/links/clsMotor.h"
 #include "platform/Windows1252.h"
-#include "support/FakeMachine.h"
 #include "support/FakeSerialPorts.h"
+#include "support/StandIns.h"
 
 namespace travo::test {
 

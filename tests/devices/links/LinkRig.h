@@ -15,12 +15,11 @@
 #include "core/state/clsDebugLog.h"
 #include "devices/links/LinkListener.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPorts.h"
 #include "support/LogTexts.h"
 
 namespace travo::test {
 
-class LinkRig : public ::testing::Test, public virtual LinkListener {
+class LinkRig : public ::testing::Test, public FakeMachine, public virtual LinkListener {
 protected:
     LinkRig() { log.LogFilePath(folder.filePath(QStringLiteral("log.txt"))); }
 
@@ -67,13 +66,8 @@ protected:
     }
 
     QTemporaryDir folder;
-    Journal journal;
-    FakeClock clock;
-    FakeEventLoop eventLoop{clock};
-    FakeBoxes boxes{journal};
     clsDebugLog log{clock};
     FailureHandler failures{log, boxes};
-    FakeSerialPorts ports{journal};
     std::set<std::string> failing;  // entries of the journal whose call then raises
     bool throwsNumbers = false;     // what it raises is no std::exception
 };

@@ -31,7 +31,7 @@ inline std::function<void()> Once(std::function<void()> procedure) {
 }
 
 // Manipulator 1 stands at (100, 200, 300) and is selected.
-class ManipulatorRig {
+class ManipulatorRig : public FakeMachine {
 public:
     ManipulatorRig() {
         log.LogFilePath(folder.filePath(QStringLiteral("log.txt")));
@@ -39,7 +39,7 @@ public:
         Build();
     }
 
-    clsManipulator::Machine Machine() { return {library, clock, eventLoop, pointer}; }
+    clsManipulator::Machine Machine() { return {driverLibrary, clock, eventLoop, pointer}; }
 
     // A new link on the machine as it stands now; the journal starts anew.
     void Build() {
@@ -62,13 +62,6 @@ public:
     // The texts of the log's lines.
     QStringList Logged() const { return LogTexts(log); }
 
-    Journal journal;
-    FakeClock clock;
-    FakeEventLoop eventLoop{clock};
-    FakePointer pointer;
-    FakeBoxes boxes{journal};
-    FakeDriverState driver;
-    FakeDriverLibrary library{driver, journal};
     QTemporaryDir folder;
     clsDebugLog log{clock};
     FailureHandler failures{log, boxes};

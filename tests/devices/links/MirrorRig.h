@@ -10,9 +10,9 @@ namespace travo::test {
 
 class MirrorRig : public LinkRig, public clsMirror::Receiver {
 protected:
-    MirrorRig() { link.emplace(ports, failures, *this); }
+    MirrorRig() { link.emplace(serialPorts, failures, *this); }
 
-    FakeSerialPort& Port() { return *ports.created.front(); }
+    FakeSerialPort& Port() { return *serialPorts.created.front(); }
 
     // Opens the port and forgets what that sent.
     void Open() {

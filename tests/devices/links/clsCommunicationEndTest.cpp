@@ -8,7 +8,6 @@
 #include "core/state/SharedState.h"
 #include "devices/links/ManipulatorRig.h"
 #include "devices/links/clsCommunication.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::test {
@@ -45,7 +44,6 @@ protected:
 
     NoListener listener;
     SharedState state{listener};
-    FakeSerialPorts serialPorts{journal};
     InstrumentsListener instruments{journal};
     std::optional<clsCommunication> facade;
 };

@@ -1,4 +1,5 @@
 // The serial half of the facade: every operation to its link, every received value into the state.
+#include <functional>
 #include <optional>
 
 #include "devices/links/LinkRig.h"
@@ -25,7 +26,8 @@ private:
 // Says how many ports there were when the driver object was made.
 class NotingLibrary : public platform::ManipulatorDriverLibrary {
 public:
-    NotingLibrary(const FakeSerialPorts& ports, Journal& journal) : ports_(ports), journal_(journal) {}
+    NotingLibrary(const FakeSerialPorts& serialPorts, Journal& journal)
+        : ports_(serialPorts), journal_(journal) {}
     std::unique_ptr<platform::ManipulatorDriver> Create() override {
         portsBefore = ports_.created.size();
         return std::make_unique<FakeDriver>(driver_, journal_);
@@ -41,8 +43,9 @@ private:
 class SerialFacade : public LinkRig {
 protected:
     SerialFacade() {
-        facade.emplace(clsCommunication::Machine{{library, clock, eventLoop, pointer}, ports, eventLoop},
-                       state, failures, instruments);
+        facade.emplace(
+            clsCommunication::Machine{{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state,
+            failures, instruments);
     }
 
     void OpenAll() {
@@ -51,9 +54,6 @@ protected:
         facade->MotorPortOpen(3);
         journal.clear();
     }
-    FakeSerialPort& GaugePort() { return *ports.created.at(0); }
-    FakeSerialPort& MirrorPort() { return *ports.created.at(1); }
-    FakeSerialPort& MotorPort() { return *ports.created.at(2); }
 
     // Every outbound operation of the serial instruments but the opening and closing.
     void SendAll() {
@@ -75,8 +75,7 @@ protected:
         facade->MotorErgoConnect("RZ1");
     }
 
-    FakePointer pointer;
-    NotingLibrary library{ports, journal};
+    NotingLibrary library{serialPorts, journal};
     JournalState listener{journal};
     SharedState state{listener};
     InstrumentsListener instruments{journal};
@@ -87,12 +86,33 @@ const Journal Nothing;
 
 TEST_F(SerialFacade, TheLinksAreCreatedInTheOrderGaugeMirrorManipulatorMotor) {
     EXPECT_EQ(library.portsBefore, 2u);
-    ASSERT_EQ(ports.created.size(), 3u);
+    ASSERT_EQ(serialPorts.created.size(), 3u);
     OpenAll();
     EXPECT_EQ(GaugePort().settings, "2400,N,8,1");
     EXPECT_EQ(GaugePort().commPort, 2);
     EXPECT_EQ(MirrorPort().commPort, 1);
     EXPECT_EQ(MotorPort().commPort, 3);
+}
+
+// What a link does at its opening, its first commands included, it does within the opening of its port.
+TEST_F(SerialFacade, WhatFailsInTheOpeningOfAPortClosesItAndNobodyIsTold) {
+    struct Row {
+        FakeSerialPort& port;
+        std::function<void()> open;
+    };
+    const Row rows[] = {{GaugePort(), [this] { facade->MagnescalePortOpen(2); }},
+                        {MirrorPort(), [this] { facade->MirrorPortOpen(1); }},
+                        {MotorPort(), [this] { facade->MotorPortOpen(3); }}};
+    for (const Row& row : rows) {
+        row.port.failOutput = true;
+        EXPECT_NO_THROW(row.open());
+        EXPECT_FALSE(row.port.open) << row.port.commPort;
+        row.port.failOutput = false;
+        serialPorts.missing = {row.port.commPort};
+        EXPECT_NO_THROW(row.open());
+        EXPECT_FALSE(row.port.open) << row.port.commPort;
+    }
+    EXPECT_TRUE(Silent());
 }
 
 TEST_F(SerialFacade, TheLinksAreReleasedInTheSameOrder) {

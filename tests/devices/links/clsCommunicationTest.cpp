@@ -9,7 +9,6 @@
 #include "core/ground/Arithmetic.h"
 #include "core/state/SharedState.h"
 #include "devices/links/ManipulatorRig.h"
-#include "support/FakeSerialPorts.h"
 #include "support/InstrumentsListener.h"
 
 namespace travo::test {
@@ -36,7 +35,6 @@ protected:
 
     NoListener listener;
     SharedState state{listener};
-    FakeSerialPorts serialPorts{journal};
     InstrumentsListener instruments{journal};
     std::optional<clsCommunication> facade;
 };

@@ -9,9 +9,9 @@ namespace {
 
 class Gauge : public LinkRig, public clsMagnescale::Receiver {
 protected:
-    Gauge() { link.emplace(ports, failures, *this); }
+    Gauge() { link.emplace(serialPorts, failures, *this); }
 
-    FakeSerialPort& Port() { return *ports.created.front(); }
+    FakeSerialPort& Port() { return *serialPorts.created.front(); }
     void Open() {
         link->PortOpen(2);
         Port().TakeOutput();
@@ -51,48 +51,12 @@ TEST_F(Gauge, PortOpenAsksForAReading) {
     EXPECT_EQ(journal, (Journal{"port 2 open", "port 2 > Ar\r\n"}));
 }
 
-TEST_F(Gauge, PortOpenClosesAnOpenPortFirst) {
-    Open();
-    link->PortOpen(5);
-    EXPECT_EQ(journal, (Journal{"port 2 close", "port 5 open", "port 5 > Ar\r\n"}));
-}
-
-TEST_F(Gauge, APortThatDoesNotOpenIsSilentAndStaysClosed) {
-    ports.missing = {2};
-    link->PortOpen(2);
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_EQ(journal, Journal{"port 2 open"});
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Gauge, AFailedFirstRequestClosesThePortInSilence) {
-    Port().failOutput = true;
-    link->PortOpen(2);
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Gauge, PortCloseClosesOnlyAnOpenPort) {
-    link->PortClose();
-    EXPECT_EQ(journal, Nothing);
-    Open();
-    link->PortClose();
-    EXPECT_EQ(journal, Journal{"port 2 close"});
-    EXPECT_TRUE(Silent());
-}
-
 TEST_F(Gauge, AFailureInPortCloseIsReported) {
     Open();
     Port().failClose = true;
     link->PortClose();
     EXPECT_EQ(Reported(), QStringLiteral("Error : Magnescale : Communication Port Close failed"));
     Port().failClose = false;
-}
-
-TEST_F(Gauge, TheLinkClosesAnOpenPortWhenItEnds) {
-    Open();
-    link.reset();
-    EXPECT_EQ(journal, Journal{"port 2 close"});
 }
 
 void SendAll(clsMagnescale& link) {

@@ -260,7 +260,7 @@ TEST_F(ManipulatorLink, ConnectTestReturns501MillisecondsAfterTheJogAndDoesNotWa
 
 TEST_F(ManipulatorLink, ConnectTestWaitsOnForWhatIsLeftWhenEventsWakeIt) {
     WakingEventLoop waking(clock);
-    clsManipulator subject({library, clock, waking, pointer}, failures);
+    clsManipulator subject({driverLibrary, clock, waking, pointer}, failures);
     std::int16_t number = 1;
     subject.ConnectTest(number);
     EXPECT_EQ(waking.asked, (std::vector<std::int64_t>{501, 401, 301, 201, 101, 1}));

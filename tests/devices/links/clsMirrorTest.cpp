@@ -27,73 +27,12 @@ TEST_F(Mirror, PortOpenSendsStatusErgoLockMotorXYAndMagnificationInThisOrder) {
                                 "port 1 > rD2R\r", "port 1 > rD1R\r", "port 1 > rMGR\r"}));
 }
 
-TEST_F(Mirror, PortOpenClosesAnOpenPortFirst) {
-    Open();
-    link->PortOpen(2);
-    ASSERT_GE(journal.size(), 2u);
-    EXPECT_EQ(journal[0], "port 1 close");
-    EXPECT_EQ(journal[1], "port 2 open");
-}
-
-TEST_F(Mirror, APortThatDoesNotOpenIsSilentAndStaysClosed) {
-    ports.missing = {4};
-    link->PortOpen(4);
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_EQ(Port().TakeOutput(), "");
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Mirror, AFailedFirstCommandClosesThePortInSilence) {
-    Port().failOutput = true;
-    link->PortOpen(1);
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_EQ(journal, (Journal{"port 1 open", "port 1 > cSAS1\r", "port 1 close"}));
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Mirror, PortOpenIsSilentEvenWhereThePortDoesNotClose) {
-    Open();
-    Port().failClose = true;
-    EXPECT_NO_THROW(link->PortOpen(2));
-    EXPECT_TRUE(Silent());
-    Port().failClose = false;
-}
-
-TEST_F(Mirror, PortCloseClosesOnlyAnOpenPort) {
-    link->PortClose();
-    EXPECT_EQ(journal, Journal{});
-    Open();
-    link->PortClose();
-    EXPECT_EQ(journal, Journal{"port 1 close"});
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_TRUE(Silent());
-}
-
 TEST_F(Mirror, AFailureInPortCloseIsReported) {
     Open();
     Port().failClose = true;
     link->PortClose();
     EXPECT_EQ(Reported(), QStringLiteral("Mirror : Communication failed"));
     Port().failClose = false;
-}
-
-TEST_F(Mirror, TheLinkClosesAnOpenPortWhenItEnds) {
-    Open();
-    link.reset();
-    EXPECT_EQ(journal, Journal{"port 1 close"});
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Mirror, TheLinkLeavesAClosedPortAloneWhenItEnds) {
-    link.reset();
-    EXPECT_EQ(journal, Journal{});
-}
-
-TEST_F(Mirror, TheLinkEndsInSilenceWhereThePortDoesNotClose) {
-    Open();
-    Port().failClose = true;
-    link.reset();
-    EXPECT_TRUE(Silent());
 }
 
 struct Command {

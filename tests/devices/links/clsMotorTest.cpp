@@ -15,9 +15,9 @@ class NoListener : public SharedState::Listener {
 
 class Motor : public LinkRig, public clsMotor::Panel {
 protected:
-    Motor() { link.emplace(ports, eventLoop, state, *this, failures); }
+    Motor() { link.emplace(serialPorts, eventLoop, state, *this, failures); }
 
-    FakeSerialPort& Port() { return *ports.created.front(); }
+    FakeSerialPort& Port() { return *serialPorts.created.front(); }
     void Open() {
         link->PortOpen(3);
         Port().TakeOutput();
@@ -52,42 +52,11 @@ TEST_F(Motor, PortOpenAsksWhoIsThereAndLocksTheButtons) {
     EXPECT_EQ(journal, (Journal{"port 3 open", "port 3 > WHO\r", "lock"}));
 }
 
-TEST_F(Motor, PortOpenClosesAnOpenPortFirst) {
-    Open();
-    link->PortOpen(4);
-    EXPECT_EQ(journal, (Journal{"port 3 close", "port 4 open", "port 4 > WHO\r", "lock"}));
-}
-
-TEST_F(Motor, APortThatDoesNotOpenIsSilentAndStaysClosed) {
-    ports.missing = {3};
-    link->PortOpen(3);
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_EQ(journal, Journal{"port 3 open"});
-    EXPECT_TRUE(Silent());
-}
-
 TEST_F(Motor, AFailureOfThePanelInPortOpenClosesThePortInSilence) {
     failing = {"lock"};
     link->PortOpen(3);
     EXPECT_FALSE(link->PortOpenCheck());
     EXPECT_EQ(journal.back(), "port 3 close");
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Motor, WhateverIsThrownInPortOpenClosesThePortInSilence) {
-    throwsNumbers = true;
-    failing = {"lock"};
-    EXPECT_NO_THROW(link->PortOpen(3));
-    EXPECT_FALSE(link->PortOpenCheck());
-    EXPECT_TRUE(Silent());
-}
-
-TEST_F(Motor, PortCloseClosesOnlyAnOpenPort) {
-    link->PortClose();
-    EXPECT_EQ(journal, Nothing);
-    Open();
-    link->PortClose();
-    EXPECT_EQ(journal, Journal{"port 3 close"});
     EXPECT_TRUE(Silent());
 }
 
@@ -97,12 +66,6 @@ TEST_F(Motor, AFailureInPortCloseIsReported) {
     link->PortClose();
     EXPECT_EQ(Reported(), QStringLiteral("Motor : Communication failed"));
     Port().failClose = false;
-}
-
-TEST_F(Motor, TheLinkClosesAnOpenPortWhenItEnds) {
-    Open();
-    link.reset();
-    EXPECT_EQ(journal, Journal{"port 3 close"});
 }
 
 struct Command {

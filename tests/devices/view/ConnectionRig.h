@@ -9,7 +9,6 @@
 
 #include "controls/ControlNames.h"
 #include "devices/view/CtlConnection.h"
-#include "support/FakeSerialPortList.h"
 #include "support/LogTexts.h"
 #include "support/PanelRig.h"
 
@@ -108,7 +107,7 @@ protected:
         rig.journal.push_back(isConnected ? "chkMirror true" : "chkMirror false");
     }
 
-    FakeSerialPortList list;
+    FakeSerialPortList& list = rig.serialPortList;
     CtlConnection panel{
         {rig.state, rig.communication, rig.ini, rig.live, rig.failures, rig.pointer, list, rig.timers, *this},
         rig.ProgramFolder(),

@@ -16,20 +16,6 @@ class CtlConnectionPanel : public ConnectionRig {};
 
 const QString CameraLoad = QStringLiteral("Error : Camera Load");
 
-TEST_F(CtlConnectionPanel, EveryControlHasANameOfItsOwn) {
-    QStringList names;
-    QStringList objectNames;
-    for (const QWidget* const control : panel.findChildren<QWidget*>()) {
-        names << (qobject_cast<const NumberLabel*>(control) != nullptr ? control->accessibleDescription()
-                                                                       : control->accessibleName());
-        objectNames << control->objectName();
-        EXPECT_FALSE(names.back().isEmpty()) << objectNames.back().toStdString();
-    }
-    EXPECT_EQ(names.size(), 26);
-    EXPECT_EQ(names.removeDuplicates(), 0);
-    EXPECT_EQ(objectNames.removeDuplicates(), 0);
-}
-
 TEST_F(CtlConnectionPanel, TheButtonsBearTheirSkins) {
     const char* const skins[] = {"SET", "SET", "SET", "OPEN", "TEST", "TEST", "TEST", "TEST", "SET"};
     for (int index = 0; index < 9; ++index) {

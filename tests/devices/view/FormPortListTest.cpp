@@ -9,7 +9,6 @@
 
 #include "controls/usrKVButton.h"
 #include "support/FakeMachine.h"
-#include "support/FakeSerialPortList.h"
 
 namespace travo::test {
 namespace {
@@ -33,11 +32,11 @@ protected:
         }
         return texts;
     }
-    FakeTimer& Timer() { return *timers.created.front(); }
+    FakeTimer& Timer() { return *machine.timers.created.front(); }
 
-    FakeTimers timers;
-    FakeSerialPortList list;
-    FormPortList window{list, timers, nullptr};
+    FakeMachine machine;
+    FakeSerialPortList& list = machine.serialPortList;
+    FormPortList window{list, machine.timers, nullptr};
 };
 
 TEST_F(PortListWindow, NothingIsReadBeforeItIsOpened) {

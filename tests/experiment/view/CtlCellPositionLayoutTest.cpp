@@ -1,4 +1,4 @@
-// Where the controls of the cell position panel stand, and by which names they are known.
+// Where the controls of the cell position panel stand.
 #include <gtest/gtest.h>
 
 #include "experiment/view/CtlCellPosition.h"
@@ -14,41 +14,31 @@ class NoOwner : public CtlCellPosition::Owner {
 
 class CtlCellPositionLayout : public ::testing::Test {
 protected:
-    void Expect(const QString& control, const QRect& place, const QString& name, const QString& skin = {}) {
+    void Expect(const QString& control, const QRect& place, const QString& skin = {}) {
         const auto* const found = panel.findChild<QWidget*>(control);
         ASSERT_NE(found, nullptr) << control.toStdString();
         EXPECT_EQ(found->geometry(), QRect(place.topLeft() * scale, place.size() * scale))
             << control.toStdString();
-        const bool isLabel = qobject_cast<const NumberLabel*>(found) != nullptr;
-        EXPECT_EQ(isLabel ? found->accessibleDescription() : found->accessibleName(), name);
         if (const auto* const button = qobject_cast<const SkinButton*>(found)) {
             EXPECT_EQ(button->path(), skin);
-            EXPECT_FALSE(button->toolTip().isEmpty());
         } else if (const auto* const image = qobject_cast<const SkinImage*>(found)) {
             EXPECT_EQ(image->path(), skin);
         }
     }
 
     void ExpectAll() {
-        Expect(QStringLiteral("usrKVCheckButton2"), {12, 12, 462, 52}, QStringLiteral("Page E to H"),
-               QStringLiteral("CellPosSelect"));
-        Expect(QStringLiteral("imgCellPos(0)"), {24, 108, 56, 282}, QStringLiteral("Rows A to D"),
-               QStringLiteral("cellletters-0"));
-        Expect(QStringLiteral("imgCellPos(1)"), {24, 108, 56, 282}, QStringLiteral("Rows E to H"),
-               QStringLiteral("cellletters-1"));
+        Expect(QStringLiteral("usrKVCheckButton2"), {12, 12, 462, 52}, QStringLiteral("CellPosSelect"));
+        Expect(QStringLiteral("imgCellPos(0)"), {24, 108, 56, 282}, QStringLiteral("cellletters-0"));
+        Expect(QStringLiteral("imgCellPos(1)"), {24, 108, 56, 282}, QStringLiteral("cellletters-1"));
         for (int row = 0; row < 4; ++row) {
             Expect(QStringLiteral("usrKVButton1(%1)").arg(row), {376, 108 + 74 * row, 86, 60},
-                   QStringLiteral("Set row %1").arg(row + 1), QStringLiteral("SET"));
+                   QStringLiteral("SET"));
         }
-        Expect(QStringLiteral("usrKVButton1(4)"), {376, 430, 86, 60}, QStringLiteral("Reset zero point"),
-               QStringLiteral("RESET"));
-        Expect(QStringLiteral("txtCellZPos"), {280, 430, 84, 60}, QStringLiteral("Z field"));
+        Expect(QStringLiteral("usrKVButton1(4)"), {376, 430, 86, 60}, QStringLiteral("RESET"));
+        Expect(QStringLiteral("txtCellZPos"), {280, 430, 84, 60});
         for (int i = 0; i < 24; ++i) {
             Expect(QStringLiteral("lblCellPos(%1)").arg(i),
-                   {84 + 96 * (i % 3), 108 + 74 * (i / 3 % 4), 92, 60},
-                   QStringLiteral("Cell %1 %2")
-                       .arg(QLatin1Char("ABCDEFGH"[i / 3]))
-                       .arg(QLatin1Char("XYZ"[i % 3])));
+                   {84 + 96 * (i % 3), 108 + 74 * (i / 3 % 4), 92, 60});
         }
     }
 
@@ -58,7 +48,7 @@ protected:
     CtlCellPosition panel{{rig.state, rig.communication, rig.live, owner}, rig.ProgramFolder()};
 };
 
-TEST_F(CtlCellPositionLayout, EveryControlStandsInItsPlaceUnderItsName) {
+TEST_F(CtlCellPositionLayout, EveryControlStandsInItsPlace) {
     panel.resize(486, 520);
     panel.show();
     ExpectAll();

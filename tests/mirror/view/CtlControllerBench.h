@@ -61,7 +61,7 @@ protected:
     }
 
     QWidget window;
-    CtlController pad{{rig.communication, rig.mirrorMove, display}, &window};
+    CtlController pad{{rig.communication, rig.mirrorMove, rig.display}, &window};
     usrKVButton other{&window};
 };
 

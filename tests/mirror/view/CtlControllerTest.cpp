@@ -247,8 +247,8 @@ TEST_F(CtlControllerTest, WhenItIsResizedThePictureIsASquareOfTheSmallerSideAtTh
 
 TEST_F(CtlControllerTest, OnADisplayOfAnotherScaleTheSamePlacesHitTheSameAreas) {
     for (const double units : {12.0, 10.0, 7.5, 20.0}) {
-        display.horizontal = units;
-        display.vertical = units;
+        rig.display.horizontal = units;
+        rig.display.vertical = units;
         for (int area = 0; area <= 17; ++area) {
             Press(area);
             EXPECT_EQ(pad.PictureShown(), area) << units;
@@ -283,7 +283,7 @@ TEST_F(CtlControllerTest, EachOfThe19StatesHasItsOwnPictureOfTheSkin) {
 }
 
 TEST_F(CtlControllerTest, WithoutPicturesAPlainOneBearsItsName) {
-    CtlController plain({rig.communication, rig.mirrorMove, display}, &window);
+    CtlController plain({rig.communication, rig.mirrorMove, rig.display}, &window);
     plain.setAccessibleName(QStringLiteral("Mirror pad"));
     const QImage shot = plain.grab().toImage();
     std::set<QRgb> colours;

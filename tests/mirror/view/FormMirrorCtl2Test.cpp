@@ -370,20 +370,17 @@ TEST_F(FormMirrorCtl2Test, DraggingACornerResizesTheWindowAndItsControlsFollowIt
     EXPECT_EQ(Button(Off).geometry(), QRect(282, 268, 246, 92));
 }
 
-TEST_F(FormMirrorCtl2Test, EveryControlStandsInItsPlaceUnderItsName) {
+TEST_F(FormMirrorCtl2Test, EveryControlStandsInItsPlace) {
     window.ShowWindow();
     EXPECT_EQ(window.size(), QSize(276, 192));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Magnification"));
-    const char* const names[] = {"Magnification 0.35x", "Magnification 2x", "Magnification 4x"};
     const char* const skins[] = {"ctlmag035", "ctlmag2", "ctlmag4", "On", "Off"};
     for (int index = 0; index < 3; ++index) {
-        ExpectPlace(window, QStringLiteral("usrKVCheckButton1(%1)").arg(index), {12 + 86 * index, 58, 80, 50},
-                    QLatin1String(names[index]), QStringLiteral("Change to this magnification"));
+        ExpectPlace(window, QStringLiteral("usrKVCheckButton1(%1)").arg(index),
+                    {12 + 86 * index, 58, 80, 50});
     }
-    ExpectPlace(window, QStringLiteral("usrKVCheckButton1(3)"), {12, 134, 123, 46},
-                QStringLiteral("Motors on"), QStringLiteral("Switch the mirror motors on"));
-    ExpectPlace(window, QStringLiteral("usrKVCheckButton1(4)"), {141, 134, 123, 46},
-                QStringLiteral("Motors off"), QStringLiteral("Switch the mirror motors off"));
+    ExpectPlace(window, QStringLiteral("usrKVCheckButton1(3)"), {12, 134, 123, 46});
+    ExpectPlace(window, QStringLiteral("usrKVCheckButton1(4)"), {141, 134, 123, 46});
     for (int index = 0; index < 5; ++index) {
         EXPECT_EQ(Button(index).path(), QLatin1String(skins[index]));
     }

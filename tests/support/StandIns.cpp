@@ -1,4 +1,4 @@
-#include "support/FakeMachine.h"
+#include "support/StandIns.h"
 
 #include <QDir>
 #include <stdexcept>

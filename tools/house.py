@@ -32,6 +32,7 @@ FLOORS = {  # leaf folder: floor
     "launcher": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
     "workbench/options": 1,
+    "workbench/protocol": 1,
     "workbench/socket": 1,
     "workbench/world": 2,
     "workbench/instruments": 3,

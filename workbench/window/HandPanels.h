@@ -5,15 +5,14 @@
 #include <functional>
 #include <string>
 
+#include "workbench/window/Ask.h"
+
 class QButtonGroup;
 class QComboBox;
 class QGridLayout;
 class QPushButton;
 
 namespace workbench {
-
-// Takes a command line without its LF and gives the answer.
-using Ask = std::function<std::string(const std::string& line)>;
 
 // A large button; its objectName is its text.
 QPushButton* LargeButton(QWidget& parent, const QString& text, std::function<void()> pressed);

@@ -10,7 +10,8 @@ namespace {
 
 class ToldAccess : public QAccessibleWidget {
 public:
-    ToldAccess(QWidget& widget, Told& told) : QAccessibleWidget(&widget, told.AccessibleRole()), told_(told) {}
+    ToldAccess(QWidget& widget, Told& told)
+        : QAccessibleWidget(&widget, told.AccessibleRole()), told_(told) {}
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
@@ -60,11 +61,11 @@ void InstallBenchAccess() { QAccessible::installFactory(AccessOf); }
 
 bool TakesPress(const QWidget& widget) {
     const QWidget* const modal = QApplication::activeModalWidget();
-    return widget.isEnabled() && (modal == nullptr || modal == widget.window() || modal->isAncestorOf(&widget));
+    return widget.isEnabled() &&
+           (modal == nullptr || modal == widget.window() || modal->isAncestorOf(&widget));
 }
 
-void TellAlert(QWidget& widget, const QString& sentence) {
-    widget.setAccessibleDescription(sentence);
+void TellAlert(QWidget& widget) {
     QAccessibleEvent alert(&widget, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

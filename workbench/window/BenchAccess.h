@@ -14,7 +14,8 @@ class Told {
 public:
     virtual ~Told() = default;
     virtual QAccessible::Role AccessibleRole() const = 0;
-    // The actions in their order, the first one being what a click of the mouse does. Each is done by its name.
+    // The actions in their order, the first one being what a click of the mouse does. Each is done by its
+    // name.
     virtual QStringList AccessibleActions() const { return {}; }
     // Nothing where a click of the mouse would not reach the widget.
     virtual void DoAccessibleAction(const QString&) {}
@@ -29,11 +30,11 @@ public:
 // Lets Qt ask for the accessible face of every widget that is Told. A second call changes nothing.
 void InstallBenchAccess();
 
-// Whether a click of the mouse would reach a widget: enabled, and not behind a modal window. One on a tab that
-// is not shown is reached by its keys all the same.
+// Whether a click of the mouse would reach a widget: enabled, and not behind a modal window. One on a tab
+// that is not shown is reached by its keys all the same.
 bool TakesPress(const QWidget& widget);
 
-// Tells screen readers a sentence at once.
-void TellAlert(QWidget& widget, const QString& sentence);
+// Has screen readers say at once what a widget's name says.
+void TellAlert(QWidget& widget);
 
 }  // namespace workbench

@@ -1,6 +1,7 @@
 #include "workbench/window/BenchButton.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "workbench/window/BenchPalette.h"
 
@@ -14,6 +15,11 @@ bool IsPressKey(const QKeyEvent& event) {
            (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier);
 }
 
+// Of the ring under the pointer, which lies inside the outline.
+constexpr double RingWidth = 3;
+constexpr double RingInset = 2.5;
+constexpr double RingRadius = 4;
+
 QString PressAction() { return QStringLiteral("Press"); }
 
 }  // namespace
@@ -25,6 +31,7 @@ BenchButton::BenchButton(const ControlName& name, const QString& text, QWidget* 
     setAccessibleName(name.accessible);
     setText(text);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
 }
 
 void BenchButton::ShowText(const QString& newText) {
@@ -65,6 +72,19 @@ void BenchButton::keyReleaseEvent(QKeyEvent* event) {
         setDown(false);
         emit released();
         emit clicked(isChecked());
+    }
+}
+
+void BenchButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    PaintButton(painter);
+    if (isEnabled() && underMouse() && !isDown()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette::Ring, RingWidth));
+        painter.setBrush(Qt::NoBrush);
+        const double lip = IsDark() ? 0 : 2;
+        painter.drawRoundedRect(QRectF(rect()).adjusted(RingInset, RingInset, -RingInset, -RingInset - lip),
+                                RingRadius, RingRadius);
     }
 }
 

@@ -3,7 +3,6 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
-#include <algorithm>
 #include <cmath>
 
 #include "workbench/window/BenchPalette.h"
@@ -34,9 +33,7 @@ void LineAlong(QPainter& painter, double from, double to, double y, const QPen& 
     painter.drawLine(QPointF(from, y), QPointF(to, y));
 }
 
-QPen FlatPen(const QColor& colour, double width) {
-    return QPen(colour, width, Qt::SolidLine, Qt::FlatCap);
-}
+QPen FlatPen(const QColor& colour, double width) { return QPen(colour, width, Qt::SolidLine, Qt::FlatCap); }
 
 QColor Faded(QColor colour, double part) {
     colour.setAlphaF(static_cast<float>(part));
@@ -69,8 +66,8 @@ void PaintRaised(QPainter& painter, const QRectF& place, const FaceColours& colo
     const QRectF face = place.adjusted(half, half, -half, -2.5);
     Rounded(painter, face, Downward(face, colours.high, colours.low), QPen(colours.edge, colours.outline),
             Radius);
-    LineAlong(painter, place.left() + Radius, place.right() - Radius,
-              place.top() + colours.outline + 0.7, FlatPen(Faded(Qt::white, 0.9), 1.2));
+    LineAlong(painter, place.left() + Radius, place.right() - Radius, place.top() + colours.outline + 0.7,
+              FlatPen(Faded(Qt::white, 0.9), 1.2));
 }
 
 void PaintSunk(QPainter& painter, const QRectF& place, const FaceColours& colours) {
@@ -100,8 +97,8 @@ void PaintLatched(QPainter& painter, const QRectF& place, bool enabled, double r
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF face = place.adjusted(0.5, 0.5, -0.5, -0.5);
     const QColor edge = enabled ? palette::SlateEdge : palette::SlateOffEdge;
-    const QBrush fill = enabled ? QBrush(Downward(face, palette::SlateHigh, palette::SlateLow))
-                                : QBrush(palette::SlateOff);
+    const QBrush fill =
+        enabled ? QBrush(Downward(face, palette::SlateHigh, palette::SlateLow)) : QBrush(palette::SlateOff);
     Rounded(painter, face, fill, QPen(edge, 1), radius);
     LineAlong(painter, place.left() + 4, place.right() - 4, place.top() + 2,
               FlatPen(enabled ? palette::SlateShade : palette::SlateOffEdge, 1.8));
@@ -155,21 +152,10 @@ void Write(QPainter& painter, const Words& words) {
     painter.setPen(words.colour);
     QPointF from = words.baseline;
     if (words.anchor != Anchor::Start) {
-        const double width = QFontMetricsF(font).horizontalAdvance(words.text);
+        const double width = WidthOf(font, words.text);
         from.rx() -= words.anchor == Anchor::End ? width : width / 2;
     }
     painter.drawText(from, words.text);
-}
-
-QString ShownNumber(double value, int places) {
-    QString shown = QString::number(value, 'f', places);
-    if (shown.startsWith(QLatin1Char('-'))) {
-        const bool isNought = std::all_of(shown.cbegin() + 1, shown.cend(), [](QChar character) {
-            return character == QLatin1Char('0') || character == QLatin1Char('.');
-        });
-        shown = (isNought ? QString() : QString(QChar(0x2212))) + shown.mid(1);
-    }
-    return shown;
 }
 
 }  // namespace workbench

@@ -22,8 +22,8 @@ void PaintFace(QPainter& painter, const QRectF& place, Face face, Tone tone = To
 // A latched two-state button's face: slate, its upper edge dark. Off: flat grey-blue.
 void PaintLatched(QPainter& painter, const QRectF& place, bool enabled, double radius = 5);
 
-// The slot at the left edge that marks a two-state button, `margin` from its upper and lower edge. The lit colour
-// counts while it is latched and enabled.
+// The slot at the left edge that marks a two-state button, `margin` from its upper and lower edge. The lit
+// colour counts while it is latched and enabled.
 struct Slot {
     double margin;
     bool latched;
@@ -42,8 +42,8 @@ void PaintBox(QPainter& painter, const QRectF& place, const QColor& fill, const 
 // The slanted bars of what is simulated, 6 and 6 at 45 degrees, rising to the right.
 void PaintBars(QPainter& painter, const QRectF& place);
 
-// A line of text with its baseline at a point. Wider than `room` it is set smaller, so that it is never cut; a room
-// of 0 is any.
+// A line of text with its baseline at a point. Wider than `room` it is set smaller, so that it is never cut;
+// a room of 0 is any.
 struct Words {
     QString text;
     QPointF baseline;
@@ -53,8 +53,5 @@ struct Words {
     double room = 0;
 };
 void Write(QPainter& painter, const Words& words);
-
-// A number as it is shown, with `places` behind the point: a true minus sign, and never a negative nought.
-QString ShownNumber(double value, int places);
 
 }  // namespace workbench

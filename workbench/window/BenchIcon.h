@@ -9,10 +9,12 @@ class QPainter;
 namespace workbench {
 
 // A single chevron, upward at 0 degrees, turned clockwise.
-void PaintChevron(QPainter& painter, const QPointF& middle, double size, double degrees, const QColor& colour);
+void PaintChevron(QPainter& painter, const QPointF& middle, double size, double degrees,
+                  const QColor& colour);
 
 // A drawn-out glass needle that points down left: its outline and what fills it.
-void PaintNeedle(QPainter& painter, const QPointF& middle, double size, const QColor& line, const QColor& fill);
+void PaintNeedle(QPainter& painter, const QPointF& middle, double size, const QColor& line,
+                 const QColor& fill);
 
 // The key of the manipulator that is selected at the hardware.
 void PaintKey(QPainter& painter, const QPointF& middle, double size, const QColor& line, const QColor& fill);

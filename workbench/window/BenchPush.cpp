@@ -10,9 +10,9 @@
 namespace workbench {
 
 namespace {
-constexpr double Raised = 1;       // what stands on a raised face stands so much higher
+constexpr double Raised = 1;           // what stands on a raised face stands so much higher
 constexpr double BelowMiddle = 0.357;  // of the em, from a line's middle to its baseline
-constexpr double Margin = 8;       // of the text, both sides together
+constexpr double Margin = 8;           // of the text, both sides together
 }  // namespace
 
 BenchPush::BenchPush(const ControlName& name, const QString& text, QWidget* parent)
@@ -28,14 +28,20 @@ void BenchPush::Draw(Drawing drawing) {
     update();
 }
 
+void BenchPush::Bare() { bare_ = true; }
+
 void BenchPush::Clears() { clears_ = true; }
 
-void BenchPush::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void BenchPush::PaintButton(QPainter& painter) {
     const QRectF place(rect());
     const bool isUp = isEnabled() && !isDown();
-    PaintFace(painter, place, !isEnabled() ? Face::Off : isUp ? Face::Up : Face::Down,
-              clears_ && isEnabled() ? Tone::Retreat : Tone::Plain);
+    if (!bare_) {
+        PaintFace(painter, place,
+                  !isEnabled() ? Face::Off
+                  : isUp       ? Face::Up
+                               : Face::Down,
+                  clears_ && isEnabled() ? Tone::Retreat : Tone::Plain);
+    }
     const QColor ink = clears_ && isEnabled() ? palette::CoralDeepText : InkNow();
     const QPointF middle = place.center() - QPointF(0, isUp ? Raised : 0);
     if (drawing_) {

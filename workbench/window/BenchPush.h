@@ -16,15 +16,18 @@ public:
 
     void TextPixels(double pixels);
     void Draw(Drawing drawing);
+    // No face: what stands on it alone.
+    void Bare();
     // The tone of a button that clears: its text is bold.
     void Clears();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintButton(QPainter& painter) override;
 
 private:
     double pixels_ = 13;
     bool clears_ = false;
+    bool bare_ = false;
     Drawing drawing_;
 };
 

@@ -32,23 +32,25 @@ void BenchSegment::ShowLatched(bool latched) {
     }
 }
 
-void BenchSegment::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    const QRectF place(rect());
-    double up = 0;
-    if (IsDark()) {
-        PaintLatched(painter, place, isEnabled(), Radius);
+void BenchSegment::PaintButton(QPainter& painter) { PaintSegment(painter, *this, pixels_); }
+
+void PaintSegment(QPainter& painter, const BenchButton& button, double pixels) {
+    const QRectF place(button.rect());
+    const bool isUp = button.isEnabled() && !button.isDown() && !button.IsDark();
+    if (button.IsDark()) {
+        PaintLatched(painter, place, button.isEnabled(), Radius);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(isEnabled() ? palette::SimLit : palette::SlotOff);
-        painter.drawRoundedRect(QRectF(BarMargin, place.height() - 6, place.width() - 2 * BarMargin, BarHeight),
-                                BarHeight / 2, BarHeight / 2);
-        up = 1.5;
+        painter.setBrush(button.isEnabled() ? palette::SimLit : palette::SlotOff);
+        painter.drawRoundedRect(
+            QRectF(BarMargin, place.height() - 6, place.width() - 2 * BarMargin, BarHeight), BarHeight / 2,
+            BarHeight / 2);
     } else {
-        PaintFace(painter, place, !isEnabled() ? Face::Off : isDown() ? Face::Down : Face::Up);
-        up = isEnabled() && !isDown() ? 1 : 0;
+        PaintFace(painter, place, !button.isEnabled() ? Face::Off : isUp ? Face::Up : Face::Down);
     }
-    Write(painter, {text(), place.center() + QPointF(0, pixels_ * BelowMiddle - up),
-                    TextFont(pixels_, QFont::DemiBold), InkNow(), Anchor::Middle, place.width() - Margin});
+    const double up = button.IsDark() ? 1.5 : isUp ? 1 : 0;
+    Write(painter,
+          {button.text(), place.center() + QPointF(0, pixels * BelowMiddle - up),
+           TextFont(pixels, QFont::DemiBold), button.InkNow(), Anchor::Middle, place.width() - Margin});
 }
 
 }  // namespace workbench

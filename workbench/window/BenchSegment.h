@@ -5,6 +5,9 @@
 
 namespace workbench {
 
+// The face of a segment with its button's text, `pixels` high.
+void PaintSegment(QPainter& painter, const BenchButton& button, double pixels);
+
 class BenchSegment : public BenchButton {
 public:
     BenchSegment(const ControlName& name, const QString& text, QWidget* parent);
@@ -14,7 +17,7 @@ public:
     void ShowLatched(bool latched);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintButton(QPainter& painter) override;
 
 private:
     double pixels_ = 13;

@@ -48,8 +48,7 @@ void BenchSwitch::ShowLatched(bool latched) {
     }
 }
 
-void BenchSwitch::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void BenchSwitch::PaintButton(QPainter& painter) {
     const QRectF place(rect());
     if (IsDark()) {
         PaintLatched(painter, place, isEnabled());
@@ -70,8 +69,8 @@ void BenchSwitch::PaintText(QPainter& painter, const QPointF& middle) const {
     const double room = width() - TextMargin;
     const QFont font = TextFont(pixels_, QFont::DemiBold);
     if (second_.isEmpty()) {
-        Write(painter, {text(), middle + QPointF(0, pixels_ * BelowMiddle), font, InkNow(), Anchor::Middle,
-                        room});
+        Write(painter,
+              {text(), middle + QPointF(0, pixels_ * BelowMiddle), font, InkNow(), Anchor::Middle, room});
         return;
     }
     Write(painter, {text(), middle + QPointF(0, -2), font, InkNow(), Anchor::Middle, room});

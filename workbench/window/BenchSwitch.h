@@ -25,7 +25,7 @@ public:
     void ShowLatched(bool latched);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintButton(QPainter& painter) override;
 
 private:
     void PaintText(QPainter& painter, const QPointF& middle) const;

@@ -60,8 +60,7 @@ void FaultChip::Flash() {
     update();
 }
 
-void FaultChip::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void FaultChip::PaintButton(QPainter& painter) {
     const QRectF place(rect());
     const bool isUp = isEnabled() && !isDown() && !dark_.isActive() && !IsDark();
     if (IsDark() && isEnabled()) {
@@ -81,8 +80,11 @@ void FaultChip::paintEvent(QPaintEvent*) {
         painter.drawEllipse(QPointF(8, place.height() / 2 - up), 2.3, 2.3);
     }
     const QColor ink = IsDark() ? palette::OnFault : isEnabled() ? palette::Ink : palette::Off;
-    Write(painter, {Shown(), {TextLeft, place.height() / 2 - up + pixels_ * BelowMiddle},
-                    TextFont(pixels_, IsDark() ? QFont::Bold : QFont::DemiBold), ink, Anchor::Start,
+    Write(painter, {Shown(),
+                    {TextLeft, place.height() / 2 - up + pixels_ * BelowMiddle},
+                    TextFont(pixels_, IsDark() ? QFont::Bold : QFont::DemiBold),
+                    ink,
+                    Anchor::Start,
                     place.width() - TextLeft - TextRight});
 }
 

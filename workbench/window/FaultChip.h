@@ -1,5 +1,5 @@
-// A small button for one fault: a slot marks one that lasts, a dot one that is over at once. On, it is fault red
-// with bold white text.
+// A small button for one fault: a slot marks one that lasts, a dot one that is over at once. On, it is fault
+// red with bold white text.
 #pragma once
 
 #include <QTimer>
@@ -16,7 +16,8 @@ public:
 
     bool Lasts() const { return lasts_; }
     void TextPixels(double pixels);
-    // A lasting fault as it stands, and what is left of it as it is written behind the text; empty for nothing.
+    // A lasting fault as it stands, and what is left of it as it is written behind the text; empty for
+    // nothing.
     void ShowOn(bool on, const QString& left);
     // What is written on it now, with what is left.
     QString Shown() const;
@@ -24,7 +25,7 @@ public:
     void Flash();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintButton(QPainter& painter) override;
 
 private:
     bool lasts_;

@@ -61,7 +61,7 @@ void BenchButton::keyPressEvent(QKeyEvent* event) {
         event->ignore();
     } else if (!event->isAutoRepeat() && !isDown()) {
         setDown(true);
-        emit pressed();
+        pressed();
     }
 }
 
@@ -70,8 +70,8 @@ void BenchButton::keyReleaseEvent(QKeyEvent* event) {
         event->ignore();
     } else if (!event->isAutoRepeat() && isDown()) {
         setDown(false);
-        emit released();
-        emit clicked(isChecked());
+        released();
+        clicked(isChecked());
     }
 }
 

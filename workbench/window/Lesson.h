@@ -4,22 +4,15 @@
 #include <QPointF>
 #include <QString>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 
+#include "workbench/window/LessonTexts.h"
 #include "workbench/window/PlanSight.h"
 #include "workbench/window/Scene.h"
 
 namespace workbench {
-
-inline constexpr int LessonStepCount = 8;
-
-struct LessonStep {
-    QString title;
-    QString text;
-};
-// Steps 1 to 8, by index from 0.
-const std::array<LessonStep, LessonStepCount>& LessonSteps();
 
 // The three calibration marks, by index from 0: A, B, C.
 inline constexpr int MarkCount = 3;
@@ -28,11 +21,11 @@ const std::array<QPointF, MarkCount>& MarkOffsets();
 
 class Lesson {
 public:
-    // Looks at one reading, at a time in ms that never runs back, and at what the plan shows. Only the next
-    // step is looked at, and the one after it when it is ticked.
+    // Looks at one reading, at a time in ms that never runs back, and at what the plan shows. Steps are
+    // looked at in their order, only the next one, and the one behind it when it is ticked.
     void Take(const Scene& scene, const PlanSight& sight, std::int64_t now);
     // Begins anew.
-    void Again();
+    void Again() { *this = Lesson(); }
 
     // How many are ticked, 0 to 8; the next one is number Done() + 1.
     int Done() const { return done_; }
@@ -47,11 +40,12 @@ public:
     QString DoneText() const;
     // "2 of 8"; small "2/8".
     QString CountText(bool small) const;
-    // Of step 1 to 8, as to be told by screen readers: "Step 3 of 8, next: Bring the tip to A, B, C".
+    // Of step 1 to 8, as screen readers tell it: "Step 3 of 8, next: Bring the tip to A, B, C"; "done" for
+    // those ahead of it, nothing for those behind it.
     QString StepText(int step) const;
 
 private:
-    // What was there before the objective went down: the last reading with the focus at rest.
+    // How tip and focal plane stood before the objective went down.
     struct Stand {
         Place tip;
         bool tipRests = false;
@@ -59,35 +53,29 @@ private:
         double focus = 0.0;
     };
 
-    bool TickNext(const Scene& scene, const PlanSight& sight, std::int64_t now);
-    bool Connected(const Scene& scene, std::int64_t now);
+    bool IsNextTicked(const Scene& scene, const PlanSight& sight, std::int64_t now);
     bool PickedAtTwo(const Scene& scene, std::int64_t now);
     bool MarksTouched(const Scene& scene);
     bool Stored(const Scene& scene);
     bool Aimed(const Scene& scene);
-    bool Sent(const Scene& scene);
+    bool Sent(const Scene& scene) const;
     bool Looked(const Scene& scene, const PlanSight& sight, std::int64_t now);
-    bool Closed(const Scene& scene, std::int64_t now);
     void TouchMarks(const Scene& scene);
-    void Remember(const Scene& scene);
+    bool Lasted(bool holds, std::int64_t least, std::int64_t now);
 
     int done_ = 0;
     std::array<bool, MarkCount> touched_{};
-    int markNeedle_ = 0;
+    int markNeedle_ = 0;  // the needle that touched them
     QString notice_;
     std::int64_t began_ = 0;
     std::int64_t ended_ = 0;
     std::optional<std::int64_t> since_;  // since when the condition of a step that must last has held
-    PlanSight sight_;
-    std::optional<Stand> stand_;
-    int cell_ = -1;           // index of the cell that step 5 was ticked by
-    int landingsBefore_ = 0;  // in the reading before
-    int landingsAtSend_ = 0;  // when the needle was sent
+    PlanSight sight_;                    // of the reading before
+    std::optional<Stand> stand_;         // of the last reading before this one with the focus at rest
+    std::size_t record_ = 0;             // the next record of the reading that no step has looked at
+    std::optional<QPointF> cell_;        // the cell that step 5 was ticked by
+    int landings_ = 0;                   // in the reading before
+    int landingsAtSend_ = 0;             // of those, when step 6 was ticked
 };
-
-// "Stored, but the tip was 12.3 units off. Once more."
-QString StoredOffText(double distance);
-// What stands behind DoneText: "Now break something: ..."
-QString LessonOverText();
 
 }  // namespace workbench

@@ -127,7 +127,7 @@ struct Scene {
     bool cameraRunning = false;
     // What is new since the reading before. A scene is handed on once.
     std::vector<TrafficRecord> traffic;
-    std::int64_t trafficNext = 1;  // the serial to ask for next
+    std::int64_t trafficNext = 0;  // the serial to ask for next
     std::int64_t trafficLost = 0;  // records that were gone before they were asked for, in this reading
 
     const SceneNeedle& Needle(int number) const { return needles[static_cast<std::size_t>(number - 1)]; }
@@ -140,6 +140,13 @@ bool AllOpen(const Scene& scene);
 bool AllShut(const Scene& scene);
 // A needle, the mirror or the focus is under way.
 bool AnythingMoves(const Scene& scene);
+// Distance of two places in plan, in common units.
+double PlanDistance(const QPointF& a, const QPointF& b);
+// Which way X counts advance a needle in plan view, as a vector of length 1: along its shaft, and where that
+// has no length, as the needle of that number (1 to 4) is mounted when nothing else is said.
+QPointF DirectionOf(const SceneNeedle& needle, int number);
+// Seconds until a needle rests: its longest way in counts at 4000 counts a second. 0 at rest.
+double SecondsToGo(const SceneNeedle& needle, int number);
 // The needle of the last landing still stands where it landed.
 bool LandingStands(const Scene& scene);
 

@@ -6,6 +6,9 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <map>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "workbench/window/Scene.h"
@@ -56,25 +59,41 @@ public:
     QString CopyText(std::vector<int> rows = {}) const;
 
 private:
-    // What is told of lines that are kept while they change: which one, and which state of it.
+    // A line and what is needed to add to it, and to tell whether it is shown as it stands.
     struct Kept {
         std::uint64_t id = 0;
         std::uint64_t revision = 0;
         TrafficLine line;
-        QString key;     // of what folds: which question; empty otherwise
-        QString answer;  // its latest value, in words
+        QString text;      // the meaning of its latest value
+        int asked = 0;     // how often its question came
+        int answered = 0;  // and an answer
+    };
+    // The line that a question and its answers share.
+    struct Open {
+        std::uint64_t id = 0;
+        QString kind;  // of its latest answer
     };
 
     void TakeRecord(const TrafficRecord& record);
-    bool Fold(const TrafficRecord& record, const WireMeaning& meaning);
+    Kept* LineOf(const Open& open);
+    bool TakeQuestionFrom(const QString& question);
+    static void Count(Kept& kept);
+    Kept* Foldable(const WireMeaning& meaning);
+    void Fold(Kept& kept, const TrafficRecord& record, const WireMeaning& meaning);
     void Append(const TrafficRecord& record, const WireMeaning& meaning);
+    bool IsShown(const Kept& kept) const { return IsShown(kept.line.wire); }
     void Synchronise();
+    void DropFirst();
     void ShowAnew();
+    QString RowText(const TrafficLine& line) const;
 
     std::deque<Kept> lines_;
     std::deque<Kept> shown_;
+    std::map<QString, Open> open_;
+    std::set<std::string> touched_;  // wires whose next line a fault has touched
     std::array<bool, TrafficWireCount> wires_{true, true, true, true};
     bool paused_ = false;
+    std::uint64_t pausedEnd_ = 0;  // lines from this one on came while paused
     std::int64_t beganAt_ = 0;
     std::uint64_t nextId_ = 1;
 };

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <string>
 
 #include "workbench/window/Scene.h"
 
@@ -15,12 +14,22 @@ struct WireMeaning {
     QString bytes;         // as shown: without line ends, other bytes as in a log
     QString text;          // what they mean; "not known"
     bool bad = false;      // a refusal, a driver status below 0, what a fault touched, a crossing
-    bool refusal = false;  // a refusal of an instrument or the driver
-    bool folds =
-        false;  // a question that is asked over and over, its answer, or the status line of each second
+    bool refusal = false;  // a refusal of an instrument or of the driver
+    // What is asked, or told, over and over: its question and answers may share one line while they are of
+    // one kind. Empty for all else.
+    QString question;
+    QString kind;
+    bool asks = false;     // the record is the question,
+    bool answers = false;  // or its answer; a driver call is both
 };
 
 Way WayOf(const TrafficRecord& record);
+
+// Every record has a meaning; what is not known of an instrument's own lines is bad, since an instrument says
+// nothing else unless a fault makes it.
 WireMeaning MeaningOf(const TrafficRecord& record);
+
+// Of a line from the instrument: a fault touched the next one that goes out on that wire.
+bool TouchesNext(const TrafficRecord& record);
 
 }  // namespace workbench

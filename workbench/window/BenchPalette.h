@@ -48,6 +48,19 @@ constexpr QColor CoralDeepText = Hex(0x7C2413);
 constexpr QColor Blush = Hex(0xFFEDE6);  // ground of what went wrong in the traffic
 constexpr QColor Ring = Hex(0x2F7196);   // under the pointer
 
+// Of buttons alone.
+constexpr QColor PressShade = Hex(0x24465D);        // along the top of a face held down
+constexpr QColor SlateShade = Hex(0x0B1C28);        // along the top of a latched one
+constexpr QColor SlotOff = Hex(0xF0C9BC);           // filled slot of a disabled one
+constexpr QColor RetreatLip = Hex(0xD9A698);        // lip of a face that clears
+constexpr QColor RetreatPressHigh = Hex(0xE9B5A7);  // the same held down, top ...
+constexpr QColor RetreatPressLow = Hex(0xF6D2C8);   // ... to bottom
+constexpr QColor FaultEdge = Hex(0x5E1D10);         // outline of a fault that is on
+constexpr QColor FaultSlot = Hex(0xFFD9CC);         // its slot
+constexpr QColor TabIdle = Hex(0xBCD0DE);           // the tab that is not shown
+constexpr QColor WheelHigh = Hex(0xDCE8F0);         // the focus wheel, top ...
+constexpr QColor WheelLow = Hex(0x9DB6C6);          // ... to bottom
+
 // Violet: what is simulated.
 constexpr QColor Sim = Hex(0x8F6FE0);      // outline and bar of the card, bar of a tab
 constexpr QColor SimDeep = Hex(0x56379C);  // numbers, ticks, landing, arrow from an instrument

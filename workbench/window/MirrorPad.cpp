@@ -6,12 +6,8 @@
 #include <QSvgRenderer>
 #include <utility>
 
-namespace {
-
 // Of the pictures that stand in this library; Qt wants it called from outside of every namespace.
-void InstallPadPictures() { Q_INIT_RESOURCE(workbench_pad); }
-
-}  // namespace
+static void InstallPadPictures() { Q_INIT_RESOURCE(workbench_pad); }
 
 namespace workbench {
 

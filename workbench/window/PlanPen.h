@@ -6,9 +6,9 @@
 #include <QPainter>
 #include <QString>
 
-namespace workbench {
+#include "workbench/window/BenchFace.h"
 
-enum class Anchor { Start, Middle, End };
+namespace workbench {
 
 // One line of text with its baseline at y; x is its start, middle or end.
 void DrawText(QPainter& painter, const QString& text, const QPointF& at, const QFont& font,

@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QShortcut>
-#include <QStyle>
 #include <utility>
 
 #include "workbench/window/BenchPalette.h"
@@ -35,26 +34,19 @@ int WidthOfTool(const QString& text) {
 
 }  // namespace
 
-TruthTool::TruthTool(const QString& name, const QString& text, const QString& accessibleName, QWidget* parent)
-    : QAbstractButton(parent) {
-    setObjectName(name);
-    setText(text);
-    setAccessibleName(accessibleName);
-    setFocusPolicy(Qt::StrongFocus);
-}
+TruthTool::TruthTool(const ControlName& name, const QString& text, QWidget* parent)
+    : BenchButton(name, text, parent) {}
 
-void TruthTool::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void TruthTool::PaintButton(QPainter& painter) {
     painter.setRenderHint(QPainter::Antialiasing);
     const bool lit = isChecked();
-    const QColor edge = lit || hasFocus() || underMouse() ? palette::NightInk : palette::NightDim;
     painter.setBrush(lit ? palette::SimTag : (isDown() ? palette::Night : palette::Grid2));
-    painter.setPen(FlatPen(edge, 1.0));
+    painter.setPen(FlatPen(lit ? palette::NightInk : palette::NightDim, 1.0));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4.0, 4.0);
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(FlatPen(lit ? palette::SimInk : palette::NightInk, 1.0));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2.5, 2.5);
+        painter.setPen(FlatPen(lit ? palette::SimInk : palette::NightInk, 2.0));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(3.0, 3.0, -3.0, -3.0), 2.0, 2.0);
     }
     const bool sign = text().size() == 1;
     const QFont font =
@@ -63,25 +55,15 @@ void TruthTool::paintEvent(QPaintEvent*) {
              lit ? palette::SimInk : palette::NightInk, Anchor::Middle);
 }
 
-void TruthTool::enterEvent(QEnterEvent* event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void TruthTool::leaveEvent(QEvent* event) {
-    QAbstractButton::leaveEvent(event);
-    update();
-}
-
 TruthTools::TruthTools(std::function<void(PlanFollow)> chosen, std::function<void(double)> zoomed,
                        QWidget* parent)
     : QWidget(parent), chosen_(std::move(chosen)), zoomed_(std::move(zoomed)) {
     setObjectName(QStringLiteral("truth_tools"));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    AddZoom(QStringLiteral("zoom_out"), QStringLiteral("−"), QStringLiteral("Zoom out"), Qt::Key_Minus,
-            1.0 / ZoomStep);
-    AddZoom(QStringLiteral("zoom_in"), QStringLiteral("+"), QStringLiteral("Zoom in"), Qt::Key_Plus,
-            ZoomStep);
+    AddZoom({QStringLiteral("zoom_out"), QStringLiteral("Zoom out"), QStringLiteral("-")},
+            QStringLiteral("−"), Qt::Key_Minus, 1.0 / ZoomStep);
+    AddZoom({QStringLiteral("zoom_in"), QStringLiteral("Zoom in"), QStringLiteral("+")}, QStringLiteral("+"),
+            Qt::Key_Plus, ZoomStep);
     AddFollow(QStringLiteral("fit_needle"), QStringLiteral("Needle"), Qt::Key_N, PlanFollow::Needle);
     AddFollow(QStringLiteral("fit_view"), QStringLiteral("View"), Qt::Key_V, PlanFollow::View);
     AddFollow(QStringLiteral("fit_dish"), QStringLiteral("Dish"), Qt::Key_D, PlanFollow::Dish);
@@ -89,27 +71,22 @@ TruthTools::TruthTools(std::function<void(PlanFollow)> chosen, std::function<voi
     ShowFollow(PlanFollow::All);
 }
 
-void TruthTools::AddTool(TruthTool* tool, const QKeySequence& key, std::function<void()> pressed) {
+void TruthTools::AddTool(TruthTool* tool, Qt::Key key, const std::function<void()>& pressed) {
     tools_ += tool;
     connect(tool, &QAbstractButton::clicked, this, [pressed] { pressed(); });
     connect(new QShortcut(key, this), &QShortcut::activated, this, [pressed] { pressed(); });
-    tool->setToolTip(QStringLiteral("%1 (%2)").arg(tool->accessibleName(), key.toString()));
+    tool->setToolTip(QStringLiteral("%1 (%2)").arg(tool->accessibleName(), tool->AccessibleKeys()));
 }
 
 void TruthTools::AddFollow(const QString& name, const QString& text, Qt::Key key, PlanFollow follow) {
-    auto* tool = new TruthTool(name, text, text, this);
+    auto* tool = new TruthTool({name, text, QKeySequence(key).toString()}, text, this);
     tool->setCheckable(true);
     follows_ += {tool, follow};
-    // Pressed once more it stays on: what is on is shown, not what was pressed last.
-    AddTool(tool, key, [this, tool, follow] {
-        tool->setChecked(true);
-        chosen_(follow);
-    });
+    AddTool(tool, key, [this, follow] { chosen_(follow); });
 }
 
-void TruthTools::AddZoom(const QString& name, const QString& text, const QString& accessibleName, Qt::Key key,
-                         double factor) {
-    AddTool(new TruthTool(name, text, accessibleName, this), key, [this, factor] { zoomed_(factor); });
+void TruthTools::AddZoom(const ControlName& name, const QString& text, Qt::Key key, double factor) {
+    AddTool(new TruthTool(name, text, this), key, [this, factor] { zoomed_(factor); });
 }
 
 void TruthTools::ShowFollow(PlanFollow follow) {

@@ -1,24 +1,24 @@
 // The bar over plan and heights: its title, and what the plan follows.
 #pragma once
 
-#include <QAbstractButton>
+#include <QKeySequence>
+#include <QList>
 #include <QWidget>
-#include <array>
 #include <functional>
+#include <utility>
 
+#include "workbench/window/BenchButton.h"
 #include "workbench/window/PlanFollow.h"
 
 namespace workbench {
 
 // A button of the bar. Checked it is violet.
-class TruthTool : public QAbstractButton {
+class TruthTool : public BenchButton {
 public:
-    TruthTool(const QString& name, const QString& text, const QString& accessibleName, QWidget* parent);
+    TruthTool(const ControlName& name, const QString& text, QWidget* parent);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void PaintButton(QPainter& painter) override;
 };
 
 class TruthTools : public QWidget {
@@ -39,10 +39,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void AddTool(TruthTool* tool, const QKeySequence& key, std::function<void()> pressed);
+    void AddTool(TruthTool* tool, Qt::Key key, const std::function<void()>& pressed);
     void AddFollow(const QString& name, const QString& text, Qt::Key key, PlanFollow follow);
-    void AddZoom(const QString& name, const QString& text, const QString& accessibleName, Qt::Key key,
-                 double factor);
+    void AddZoom(const ControlName& name, const QString& text, Qt::Key key, double factor);
 
     std::function<void(PlanFollow)> chosen_;
     std::function<void(double)> zoomed_;

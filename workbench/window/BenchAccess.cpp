@@ -13,6 +13,9 @@ public:
     ToldAccess(QWidget& widget, Told& told)
         : QAccessibleWidget(&widget, told.AccessibleRole()), told_(told) {}
 
+    // Asked each time: Qt may come for the face while the widget is still being made.
+    QAccessible::Role role() const override { return told_.AccessibleRole(); }
+
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         told_.AddToState(state);

@@ -47,7 +47,9 @@ void BenchTab::PaintButton(QPainter& painter) {
     Write(painter, {text(),
                     {width() / 2.0, Baseline},
                     TextFont(type::Caption, isChecked() ? QFont::Bold : QFont::DemiBold),
-                    isChecked() ? palette::Ink : palette::Ink2,
+                    !isEnabled()  ? palette::Off
+                    : isChecked() ? palette::Ink
+                                  : palette::Ink2,
                     Anchor::Middle,
                     width() - 16.0});
 }

@@ -94,7 +94,7 @@ void LessonCard::Show(const Lesson& lesson) {
                            LessonSteps().at(static_cast<std::size_t>(step - 1)).title,
                            isNext ? BodyOf(lesson, step) : LessonItem::Body{}, lesson.StepText(step));
         if (step > before && step <= done_) {
-            TellAlert(item);
+            wishes_.tell(item);
         }
     }
     isNew |= ShowOver(lesson);

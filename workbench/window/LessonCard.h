@@ -17,6 +17,8 @@ public:
         std::function<void()> hide;
         std::function<void()> look;   // at the last landing
         std::function<void()> again;  // from step 1
+        // Screen readers say at once what the item's name says.
+        std::function<void(QWidget& item)> tell;
     };
 
     LessonCard(Wishes wishes, QWidget* parent);

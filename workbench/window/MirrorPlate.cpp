@@ -1,5 +1,6 @@
 #include "workbench/window/MirrorPlate.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -21,6 +22,11 @@ constexpr std::array<Objective, 4> Objectives{{{1, "Objective 0.35x", "0.35×"},
                                                {2, "Objective 2x", "2×"},
                                                {3, "Objective 4x", "4×"},
                                                {0, "Objective between", "between"}}};
+
+// A flag that a fault holds up, wherever the mirror stands.
+bool IsHeldUp(const Scene& scene, const char* fault) {
+    return std::find(scene.faults.begin(), scene.faults.end(), fault) != scene.faults.end();
+}
 
 }  // namespace
 
@@ -83,8 +89,8 @@ void MirrorPlate::PressPad(int area) {
 void MirrorPlate::Show(const Scene& scene) {
     x_->Show(NumberText(scene.mirror.now.x(), 0));
     y_->Show(NumberText(scene.mirror.now.y(), 0));
-    limitX_->Show(scene.mirror.limitX);
-    limitY_->Show(scene.mirror.limitY);
+    limitX_->Show(scene.mirror.limitX || IsHeldUp(scene, "mirror:limitx"));
+    limitY_->Show(scene.mirror.limitY || IsHeldUp(scene, "mirror:limity"));
     motors_->ShowLatched(scene.mirror.motorsOn);
     motors_->ShowSecondLine(scene.mirror.motorsOn ? QStringLiteral("on") : QStringLiteral("off"));
     if (pad_->isEnabled() != scene.mirror.motorsOn) {

@@ -1,5 +1,5 @@
 // How the window is made up, and where its parts stand.
-#include <QPainter>
+#include <QAbstractButton>
 
 #include "workbench/window/BenchTab.h"
 #include "workbench/window/DarkFrame.h"
@@ -29,7 +29,8 @@ void WorkbenchWindow::MakeParts() {
                                   [this] {
                                       lesson_.Again();
                                       Refresh();
-                                  }},
+                                  },
+                                  TellAlert},
                                  this);
     MakePlan();
     MakeTabs();
@@ -78,7 +79,7 @@ void WorkbenchWindow::MakePlates() {
 // Plan and heights bear a line of their own inside their edge.
 void WorkbenchWindow::WatchFocus() {
     parts_.focusLine = new FocusLine(*this);
-    for (BenchButton* button : findChildren<BenchButton*>()) {
+    for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
         parts_.focusLine->Watch(*button);
     }
     for (const char* name : {"pad", "wheel"}) {

@@ -9,6 +9,7 @@ class HeaderStripTest : public PlateRig {
 protected:
     HeaderStripTest() {
         strip.resize(1280, 44);
+        strip.show();
         strip.Show(Read(), 0);
     }
     std::string Told(const char* pill) { return Find<WirePill>(strip, pill).accessibleName().toStdString(); }

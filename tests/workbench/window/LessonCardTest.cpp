@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QTest>
+#include <string>
+#include <vector>
 
 namespace workbench::test {
 namespace {
@@ -14,26 +16,11 @@ Scene AllWiresOpen() {
     return scene;
 }
 
-std::vector<std::string>& Alerts() {
-    static std::vector<std::string> told;
-    return told;
-}
-
-void TakeAlert(QAccessibleEvent* event) {
-    if (event->type() == QAccessible::Alert) {
-        Alerts().push_back(qobject_cast<QWidget*>(event->object())->accessibleName().toStdString());
-    }
-}
-
 struct LessonCardTest : ::testing::Test {
     LessonCardTest() {
         card.resize(252, 544);
         card.show();
-        QAccessible::setActive(true);
-        QAccessible::installUpdateHandler(TakeAlert);
-        Alerts().clear();
     }
-    ~LessonCardTest() override { QAccessible::installUpdateHandler(nullptr); }
 
     LessonItem& Step(int number) {
         return *card.findChild<LessonItem*>(QStringLiteral("lesson_step%1").arg(number));
@@ -53,7 +40,9 @@ struct LessonCardTest : ::testing::Test {
 
     Lesson lesson;
     std::string wished;
-    LessonCard card{{[this] { wished = "hide"; }, [this] { wished = "look"; }, [this] { wished = "again"; }},
+    std::vector<std::string> alerts;
+    LessonCard card{{[this] { wished = "hide"; }, [this] { wished = "look"; }, [this] { wished = "again"; },
+                     [this](QWidget& item) { alerts.push_back(item.accessibleName().toStdString()); }},
                     nullptr};
 };
 
@@ -72,7 +61,7 @@ TEST_F(LessonCardTest, AStepThatIsTickedIsToldAsAnAlertOnce) {
     ASSERT_EQ(lesson.Done(), 1);
     card.Show(lesson);
     card.Show(lesson);
-    EXPECT_EQ(Alerts(), std::vector<std::string>{"Step 1 of 8, done: Connect"});
+    EXPECT_EQ(alerts, std::vector<std::string>{"Step 1 of 8, done: Connect"});
     EXPECT_EQ(Step(1).Shown(), LessonItem::State::Done);
     EXPECT_EQ(Step(2).Shown(), LessonItem::State::Next);
     EXPECT_EQ(Step(2).accessibleName().toStdString(), "Step 2 of 8, next: Pick needle 1 at 2×");

@@ -105,7 +105,7 @@ TEST_F(TrafficPlateTest, LettersInTheListWorkNothingElseOfTheWindowButItsOwnKeys
         QTest::keyClick(&list, key);
     }
     QTest::keyClick(&list, Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Escape, Qt::Key_F1, Qt::Key_P}));
+    EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Escape, Qt::Key_F1, Qt::Key_Control, Qt::Key_P}));
     plate.setParent(nullptr);
 }
 

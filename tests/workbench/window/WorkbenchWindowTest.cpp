@@ -32,6 +32,7 @@ protected:
         EXPECT_NE(button, nullptr) << name;
         return *button;
     }
+    TruthLine& Line() { return dynamic_cast<TruthLine&>(Part("truth_line")); }
     QWidget& Part(const char* name) { return *window.findChild<QWidget*>(QString::fromLatin1(name)); }
     QRect PlaceOf(const char* name) {
         QWidget& part = Part(name);
@@ -123,7 +124,7 @@ TEST_F(WorkbenchWindowTest, EveryButtonSaysALineThatTheBenchTakes) {
             continue;
         }
         QTest::mouseClick(button, Qt::LeftButton);
-        const QString line = window.findChild<TruthLine*>()->Text();
+        const QString line = Line().Text();
         for (const std::string& each : said) {
             EXPECT_FALSE(AnswerAsIfOpen(each).starts_with("error not ")) << each;
         }
@@ -143,7 +144,7 @@ TEST_F(WorkbenchWindowTest, ALineThatIsRefusedSaysWhyUnderThePlan) {
     Press("key");
     const std::string refusal = Answer("hardware select 1");
     ASSERT_TRUE(refusal.starts_with("error "));
-    EXPECT_EQ(window.findChild<TruthLine*>()->Text().toStdString(), refusal.substr(6));
+    EXPECT_EQ(Line().Text().toStdString(), refusal.substr(6));
 }
 
 TEST_F(WorkbenchWindowTest, AHeldKeyJogsUntilItIsLetGoAndTheKeyboardsOwnRepeatsDoNothing) {
@@ -229,11 +230,11 @@ TEST_F(WorkbenchWindowTest, TheCardIsHiddenAndShownAndThatIsKept) {
 }
 
 TEST_F(WorkbenchWindowTest, SizeAndPlaceAreFoundAgain) {
-    window.setGeometry(40, 50, 1100, 760);
+    window.setGeometry(40, 50, 1024, 780);
     window.show();
     window.close();
     const WorkbenchWindow next([this](const std::string& line) { return Answer(line); }, memory);
-    EXPECT_EQ(next.size(), QSize(1100, 760));
+    EXPECT_EQ(next.size(), QSize(1024, 780));
 }
 
 TEST_F(WorkbenchWindowTest, ClosingAsksWhileAPortIsOpenAndNoHasTheFocus) {

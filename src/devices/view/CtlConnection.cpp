@@ -35,9 +35,10 @@ CtlConnection::CtlConnection(const System& system, const QString& programFolder,
           {system.state, system.instruments, system.settings, system.failures, system.pointer, system.timers},
           *this) {
     setObjectName(QStringLiteral("CtlConnection1"));
-    Build(programFolder);
+    Place();
+    Connect();
     for (const Button test : {TestMirror, TestMotor, TestMagnescale}) {
-        usrKVButton1_[test]->Enabled(false);
+        usrKVButton1_[test].Enabled(false);
     }
     StateChange();
 }
@@ -46,7 +47,7 @@ void CtlConnection::Shown() {
     watch_.TakeStock();
     StateChange();
     // A command whose answer never came would keep it locked for the whole run.
-    usrKVButton1_[Motor]->Enabled(true);
+    usrKVButton1_[Motor].Enabled(true);
 }
 
 void CtlConnection::Hidden() { watch_.StopAll(); }
@@ -63,8 +64,8 @@ void CtlConnection::TimerONOFF(std::int16_t Index, bool bONOFF) {
 }
 
 void CtlConnection::ControlONOFF(bool bONOFF) {
-    usrKVButton1_[Motor]->Enabled(bONOFF);
-    usrKVButton1_[TestMotor]->Enabled(bONOFF);
+    usrKVButton1_[Motor].Enabled(bONOFF);
+    usrKVButton1_[TestMotor].Enabled(bONOFF);
 }
 
 void CtlConnection::txtNoChange(std::int16_t Index, const QString& strNo) {
@@ -82,7 +83,7 @@ void CtlConnection::StateChange() {
 }
 
 void CtlConnection::txtNo_Change(Row row) {
-    NumberBox& box = *txtNo_[static_cast<std::size_t>(row)];
+    NumberBox& box = txtNo_[static_cast<std::size_t>(row)];
     const std::int32_t value = LimitedValue(box.text());
     const std::int32_t connected = Sum(system_.state.intTotalManipulatorNumber, 1);
     if (value < 1 || (row == Manipulator && (connected < 1 || value > connected))) {
@@ -111,13 +112,13 @@ void CtlConnection::PressUp(Row row) {
 
 // A longer number than can be typed keeps all its figures.
 void CtlConnection::Write(Row row, const QString& text) {
-    NumberBox& box = *txtNo_[static_cast<std::size_t>(row)];
+    NumberBox& box = txtNo_[static_cast<std::size_t>(row)];
     box.setMaxLength(std::max(TypedFigures, static_cast<int>(text.size())));
     box.setText(text);
 }
 
 std::int32_t CtlConnection::BoxValue(Row row) const {
-    return ReadInteger32(txtNo_[static_cast<std::size_t>(row)]->text().toStdString());
+    return ReadInteger32(txtNo_[static_cast<std::size_t>(row)].text().toStdString());
 }
 
 void CtlConnection::PressButton(int index) {
@@ -155,7 +156,7 @@ void CtlConnection::PortStateChanged(Instrument instrument, PortState state) {
 
 void CtlConnection::TestAllowed(Instrument instrument, bool isAllowed) {
     static constexpr std::array<Button, PortWatch::Count> tests{TestMirror, TestMagnescale, TestMotor};
-    usrKVButton1_[tests[static_cast<std::size_t>(instrument)]]->Enabled(isAllowed);
+    usrKVButton1_[tests[static_cast<std::size_t>(instrument)]].Enabled(isAllowed);
 }
 
 void CtlConnection::ShowPortList() {

@@ -101,11 +101,18 @@ private:
     using RowState = PortState;
 
     // Building, placing and wiring, and what the rows say; in a file of their own.
-    void Build(const QString& programFolder);
-    void PaintGround();
-    void BuildControls(const QString& programFolder);
-    void BuildStateLines();
-    void Wire();
+    void Place();
+    void PlacePaint();
+    void PlacePort(Row row, const QString& instrument, Button test, const QString& testToolTip);
+    // The tooltips of a number box and of the arrows on both its sides.
+    struct NumberHelp {
+        QString down;
+        QString box;
+        QString up;
+    };
+    void PlaceNumber(Row row, const QString& human, const NumberHelp& help);
+    void PlaceStates();
+    void Connect();
     void ShowState(Row row, RowState state);
 
     void PressButton(int index);
@@ -128,11 +135,11 @@ private:
     void AttachCamera();
 
     System system_;
-    std::array<usrKVButton*, ButtonCount> usrKVButton1_{};
-    std::array<usrKVButton*, BoxCount> usrKVButton2_{};
-    std::array<usrKVButton*, BoxCount> usrKVButton3_{};
-    std::array<NumberBox*, BoxCount> txtNo_{};
-    std::array<NumberLabel*, RowCount> lblState_{};
+    std::array<usrKVButton, ButtonCount> usrKVButton1_;
+    std::array<usrKVButton, BoxCount> usrKVButton2_;
+    std::array<usrKVButton, BoxCount> usrKVButton3_;
+    std::array<NumberBox, BoxCount> txtNo_;
+    std::array<NumberLabel, RowCount> lblState_;
     std::array<RowState, RowCount> shownState_{};
     PortWatch watch_;
     FormPortList* portList_ = nullptr;  // a child, from the first time that it is asked for

@@ -29,6 +29,7 @@ FLOORS = {  # leaf folder: floor
     "src/core/owner": 7,
     "src": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
+    "workbench/protocol": 1,
     "workbench/socket": 1,
     "workbench/world": 2,
     "workbench/instruments": 3,

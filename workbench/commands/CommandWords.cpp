@@ -1,6 +1,5 @@
 #include "workbench/commands/CommandWords.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -9,43 +8,11 @@
 
 namespace workbench {
 
-Words SplitWords(std::string_view line) {
-    constexpr std::string_view blanks = " \t\r";
-    Words words;
-    std::size_t begin = line.find_first_not_of(blanks);
-    while (begin != std::string_view::npos) {
-        const std::size_t end = std::min(line.find_first_of(blanks, begin), line.size());
-        words.push_back(line.substr(begin, end - begin));
-        begin = line.find_first_not_of(blanks, end);
-    }
-    return words;
-}
-
 std::string_view WordAt(const Words& words, std::size_t index) {
     if (index >= words.size()) {
         throw travo::NumberFailure("a word is missing");
     }
     return words[index];
-}
-
-void ExpectWords(const Words& words, std::size_t least, std::size_t most) {
-    if (words.size() < least) {
-        throw travo::NumberFailure("a word is missing");
-    }
-    if (words.size() > most) {
-        throw travo::NumberFailure("there are too many words");
-    }
-}
-
-bool ForgetAsked(const Words& words) {
-    ExpectWords(words, 0, 1);
-    if (words.empty()) {
-        return false;
-    }
-    if (words[0] != "forget") {
-        throw travo::NumberFailure("only \"forget\" may follow");
-    }
-    return true;
 }
 
 bool SwitchAt(const Words& words, std::size_t index) {
@@ -63,12 +30,22 @@ std::int32_t IntegerAt(const Words& words, std::size_t index) {
     return travo::ReadInteger32(WordAt(words, index));
 }
 
-double RealAt(const Words& words, std::size_t index, double limit) {
+std::int64_t SerialAt(const Words& words, std::size_t index) {
+    const std::string_view word = WordAt(words, index);
+    std::int64_t value = 0;
+    const auto [end, failure] = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (failure != std::errc() || end != word.data() + word.size()) {
+        throw travo::NumberFailure("a whole number is expected");
+    }
+    return value;
+}
+
+double RealAt(const Words& words, std::size_t index) {
     const std::string_view word = WordAt(words, index);
     double value = 0.0;
     const auto [end, failure] = std::from_chars(word.data(), word.data() + word.size(), value);
-    if (failure != std::errc() || end != word.data() + word.size() || !(std::abs(value) <= limit)) {
-        throw travo::NumberFailure("a number is expected, between " + Text(-limit) + " and " + Text(limit));
+    if (failure != std::errc() || end != word.data() + word.size() || !std::isfinite(value)) {
+        throw travo::NumberFailure("a number is expected");
     }
     return value;
 }
@@ -83,6 +60,17 @@ std::int32_t NeedleAt(const Words& words, std::size_t index) {
 
 travo::PositionXYZ TripleAt(const Words& words, std::size_t index) {
     return {IntegerAt(words, index), IntegerAt(words, index + 1), IntegerAt(words, index + 2)};
+}
+
+Vector VectorAt(const Words& words, std::size_t index) {
+    return {RealAt(words, index), RealAt(words, index + 1), RealAt(words, index + 2)};
+}
+
+std::int32_t TimesAt(const Words& words, std::size_t index) {
+    if (index >= words.size()) {
+        return 1;
+    }
+    return words[index] == "always" ? -1 : IntegerAt(words, index);
 }
 
 std::string Text(const travo::PositionXYZ& counts) {
@@ -100,6 +88,8 @@ std::string Text(double value) {
     const std::string text(digits.data(), failure == std::errc() ? end : digits.data());
     return text == "-0.000" ? std::string("0.000") : text;
 }
+
+std::string Flag(bool on) { return on ? " 1" : " 0"; }
 
 std::string Blanked(std::initializer_list<std::string> words) {
     std::string text;

@@ -1,7 +1,11 @@
 #include "workbench/commands/Commands.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
+
+#include "core/ground/Arithmetic.h"
+#include "workbench/protocol/CommandTable.h"
 
 namespace workbench {
 
@@ -13,36 +17,42 @@ constexpr std::string_view DriverWord = "driver";
 
 Commands::Commands(World& world, const Manipulators& manipulators)
     : world_(world), manipulators_(manipulators) {
-    Add("ping", [](const Words& words, Time) {
-        ExpectWords(words, 0, 0);
-        return std::string();
-    });
-    Add("shutdown", [this](const Words& words, Time) {
-        ExpectWords(words, 0, 0);
+    Add("ping", [](const Words&, Time) { return std::string(); });
+    Add("shutdown", [this](const Words&, Time) {
         shutdownWanted_ = true;
         return std::string();
     });
 }
 
-void Commands::Add(const std::string& name, Command command) { commands_[name] = std::move(command); }
+void Commands::Add(std::string_view form, Handler handler) {
+    const std::vector<Command>& all = AllCommands();
+    if (std::none_of(all.begin(), all.end(),
+                     [form](const Command& one) { return one.form.Shown() == form; })) {
+        throw travo::BoundsFailure("the table of commands does not hold " + std::string(form));
+    }
+    handlers_[std::string(form)] = std::move(handler);
+}
+
+std::vector<std::string> Commands::Missing() const {
+    std::vector<std::string> missing;
+    for (const Command& command : AllCommands()) {
+        if (!handlers_.contains(command.form.Shown())) {
+            missing.push_back(command.form.Shown());
+        }
+    }
+    return missing;
+}
 
 std::string Commands::Answer(std::string_view line, Time now) {
     try {
-        Words words = SplitWords(line.substr(0, LongestLine));
-        std::string name(WordAt(words, 0));
-        std::size_t nameWords = 1;
-        if (!commands_.contains(name) && words.size() > 1) {
-            name.append(1, ' ').append(words[1]);
-            nameWords = 2;
+        const Words words = SplitWords(line.substr(0, LongestLine));
+        const FoundCommand found = FindCommand(words);
+        if (found.command == nullptr) {
+            return "error " + found.refusal;
         }
-        const auto command = commands_.find(name);
-        if (command == commands_.end()) {
-            return "error there is no such command";
-        }
-        const bool driverCall = words[0] == DriverWord;
-        words.erase(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(nameWords));
+        const Handler& handler = handlers_.at(found.command->form.Shown());
         world_.Advance(now);
-        return std::string(driverCall ? "" : "ok").append(command->second(words, now));
+        return std::string(words[0] == DriverWord ? "" : "ok").append(handler(found.arguments, now));
     } catch (const std::exception& failure) {
         return std::string("error ").append(failure.what());
     }

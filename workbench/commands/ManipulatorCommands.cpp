@@ -1,8 +1,9 @@
 #include "workbench/commands/ManipulatorCommands.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include "core/ground/Arithmetic.h"
@@ -11,8 +12,6 @@ namespace workbench {
 
 namespace {
 
-constexpr double LongestHang = 3600.0;  // seconds
-
 constexpr std::array<std::pair<std::string_view, DriverOperation>, DriverOperationCount> Operations = {
     {{"getposition", DriverOperation::GetPosition},
      {"moveto", DriverOperation::MoveTo},
@@ -20,18 +19,17 @@ constexpr std::array<std::pair<std::string_view, DriverOperation>, DriverOperati
      {"getcount", DriverOperation::GetCount},
      {"reconnect", DriverOperation::Reconnect}}};
 
-DriverOperation OperationOf(std::string_view word) {
-    const auto* found = std::find_if(Operations.begin(), Operations.end(),
-                                     [word](const auto& operation) { return operation.first == word; });
-    if (found == Operations.end()) {
-        throw travo::NumberFailure("there is no such driver call");
+// The operation that a word names; none without one.
+std::optional<DriverOperation> OperationAt(const Words& words, std::size_t index) {
+    for (const auto& [name, operation] : Operations) {
+        if (index < words.size() && words[index] == name) {
+            return operation;
+        }
     }
-    return found->second;
+    return std::nullopt;
 }
 
-std::string Status(DriverStatus status) {
-    return std::string("status").append(Blanked({std::to_string(static_cast<std::int32_t>(status))}));
-}
+std::string Status(DriverStatus status) { return std::to_string(static_cast<std::int32_t>(status)); }
 
 // A status with a value, which stands there only if the call was done.
 std::string Status(DriverStatus status, std::int32_t value) {
@@ -39,105 +37,117 @@ std::string Status(DriverStatus status, std::int32_t value) {
     return Status(status) + (done ? Blanked({std::to_string(value)}) : std::string());
 }
 
-std::string GetPosition(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string GetPosition(Manipulators& manipulators, Time now) {
     Manipulators::Position position;
     const DriverStatus status = manipulators.GetPosition(now, position);
     const bool done = status == DriverStatus::Done;
     return Status(status, position.number) + (done ? Text(position.xyz) : std::string());
 }
 
-std::string MoveTo(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 3, 3);
-    return Status(manipulators.MoveTo(now, TripleAt(words, 0)));
-}
-
 std::string Select(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 1, 1);
     std::int32_t answer = 0;
     const DriverStatus status = manipulators.Select(now, IntegerAt(words, 0), answer);
     return Status(status, answer);
 }
 
-std::string GetCount(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string GetCount(Manipulators& manipulators, Time now) {
     std::int32_t count = 0;
     const DriverStatus status = manipulators.GetCount(now, count);
     return Status(status, count);
 }
 
-std::string Reconnect(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
-    return Status(manipulators.Reconnect(now));
+// The needle that has set out, and the seconds that it needs: for the traffic alone.
+std::string OnItsWay(const Manipulators& manipulators, const World& world, DriverStatus status, Time now) {
+    if (status != DriverStatus::Done) {
+        return {};
+    }
+    const std::int32_t number = manipulators.Selected();
+    const double seconds = static_cast<double>(world.TimeToGo(number - 1, now).count()) / 1e6;
+    return Blanked({std::to_string(number), Text(seconds)});
+}
+
+// Adds driver calls. What each answers behind "status" is told to the traffic as well.
+class CallAdder {
+public:
+    // The values that a call answers, and what the traffic is told beside them.
+    struct Outcome {
+        std::string values;
+        std::string aside{};
+    };
+    using Call = std::function<Outcome(const Words& words, Time now)>;
+
+    CallAdder(Commands& commands, Traffic& traffic) : commands_(commands), traffic_(traffic) {}
+
+    // The form begins with "driver "; its arguments follow the call's name.
+    void Add(std::string_view form, Call call) {
+        const std::string name(SplitWords(form)[1]);
+        Traffic& traffic = traffic_;
+        commands_.Add(form, [name, call = std::move(call), &traffic](const Words& words, Time now) {
+            const Outcome outcome = call(words, now);
+            std::string told = name;
+            for (const std::string_view word : words) {
+                told.append(" ").append(word);
+            }
+            traffic.Take(now, "driver", "call", told + " = " + outcome.values + outcome.aside);
+            return "status " + outcome.values;
+        });
+    }
+
+private:
+    Commands& commands_;
+    Traffic& traffic_;
+};
+
+void AddCalls(Commands& commands, Manipulators& m, const World& world, Traffic& traffic) {
+    using Outcome = CallAdder::Outcome;
+    CallAdder adder(commands, traffic);
+    adder.Add("driver getposition", [&m](const Words&, Time now) { return Outcome{GetPosition(m, now)}; });
+    adder.Add("driver moveto <x> <y> <z>", [&m, &world](const Words& words, Time now) {
+        const DriverStatus status = m.MoveTo(now, TripleAt(words, 0));
+        return Outcome{Status(status), OnItsWay(m, world, status, now)};
+    });
+    adder.Add("driver select <number>",
+              [&m](const Words& words, Time now) { return Outcome{Select(m, words, now)}; });
+    adder.Add("driver getcount", [&m](const Words&, Time now) { return Outcome{GetCount(m, now)}; });
+    adder.Add("driver reconnect", [&m](const Words&, Time now) { return Outcome{Status(m.Reconnect(now))}; });
 }
 
 std::string FailCalls(Manipulators& manipulators, const Words& words) {
-    ExpectWords(words, 2, 3);
-    std::optional<DriverOperation> operation;
-    if (words.size() == 3) {
-        operation = OperationOf(words[2]);
-    }
-    if (words[1] == "always") {
-        manipulators.FailCalls(Manipulators::Always, operation);
-        return {};
-    }
-    const std::int32_t calls = words[1] == "off" ? 0 : IntegerAt(words, 1);
-    if (calls < 0) {
-        throw travo::BoundsFailure("a number of calls, \"always\" or \"off\" is expected");
-    }
-    manipulators.FailCalls(calls, operation);
+    const bool always = words[0] == "always";
+    manipulators.FailCalls(always ? Manipulators::Always : IntegerAt(words, 0), OperationAt(words, 1));
     return {};
 }
 
-std::string Hang(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 2, 2);
-    const double seconds = words[1] == "off" ? 0.0 : RealAt(words, 1, LongestHang);
+std::string Hang(Manipulators& manipulators, double seconds, Time now) {
     manipulators.HangUntil(now + Time(std::llround(seconds * 1e6)));
     return {};
 }
 
-std::string DriverFault(Manipulators& manipulators, const Words& words, Time now) {
-    const std::string_view kind = WordAt(words, 0);
-    if (kind == "fail") {
-        return FailCalls(manipulators, words);
-    }
-    if (kind == "hang") {
-        return Hang(manipulators, words, now);
-    }
-    throw travo::NumberFailure("the driver can \"fail\" or \"hang\"");
+void AddFaults(Commands& commands, Manipulators& m) {
+    commands.Add("fault driver fail off", [&m](const Words&, Time) {
+        m.FailCalls(0);
+        return std::string();
+    });
+    commands.Add("fault driver fail <n>|always [<call>]",
+                 [&m](const Words& words, Time) { return FailCalls(m, words); });
+    commands.Add("fault driver hang off", [&m](const Words&, Time now) { return Hang(m, 0.0, now); });
+    commands.Add("fault driver hang <seconds>",
+                 [&m](const Words& words, Time now) { return Hang(m, RealAt(words, 0), now); });
+    commands.Add("fault count <n>", [&m](const Words& words, Time now) {
+        m.ChangeCount(now, IntegerAt(words, 0));
+        return std::string();
+    });
+    commands.Add("fault range off", [&m](const Words&, Time) {
+        m.StrayPosition(std::nullopt);
+        return std::string();
+    });
+    commands.Add("fault range <needle>", [&m](const Words& words, Time) {
+        m.StrayPosition(NeedleAt(words, 0) + 1);
+        return std::string();
+    });
 }
 
-std::string ChangeCount(Manipulators& manipulators, const Words& words, Time now) {
-    ExpectWords(words, 1, 1);
-    const std::int32_t count = IntegerAt(words, 0);
-    if (count < 0 || count > travo::NeedleCount) {
-        throw travo::BoundsFailure("0 to 4 manipulators can be connected");
-    }
-    manipulators.ChangeCount(now, count);
-    return {};
-}
-
-std::string Stray(Manipulators& manipulators, const Words& words) {
-    ExpectWords(words, 1, 1);
-    if (words[0] == "off") {
-        manipulators.StrayPosition(std::nullopt);
-    } else {
-        manipulators.StrayPosition(NeedleAt(words, 0) + 1);
-    }
-    return {};
-}
-
-std::string SelectAtHardware(Manipulators& manipulators, const Words& words) {
-    ExpectWords(words, 1, 1);
-    manipulators.SelectAtHardware(IntegerAt(words, 0));
-    return {};
-}
-
-std::string Counters(Manipulators& manipulators, const Words& words) {
-    if (ForgetAsked(words)) {
-        manipulators.ForgetCounters();
-        return {};
-    }
+std::string Counters(const Manipulators& manipulators) {
     std::string text;
     for (const auto& [name, operation] : Operations) {
         text += Blanked({std::string(name), std::to_string(manipulators.Received(operation))});
@@ -160,19 +170,21 @@ std::string ManipulatorFaults(const Manipulators& manipulators, Time now) {
     return faults;
 }
 
-void AddManipulatorCommands(Commands& commands, Manipulators& manipulators) {
+void AddManipulatorCommands(Commands& commands, Manipulators& manipulators, World& world, Traffic& traffic) {
     Manipulators& m = manipulators;
-    commands.Add("driver getposition",
-                 [&m](const Words& words, Time now) { return GetPosition(m, words, now); });
-    commands.Add("driver moveto", [&m](const Words& words, Time now) { return MoveTo(m, words, now); });
-    commands.Add("driver select", [&m](const Words& words, Time now) { return Select(m, words, now); });
-    commands.Add("driver getcount", [&m](const Words& words, Time now) { return GetCount(m, words, now); });
-    commands.Add("driver reconnect", [&m](const Words& words, Time now) { return Reconnect(m, words, now); });
-    commands.Add("fault driver", [&m](const Words& words, Time now) { return DriverFault(m, words, now); });
-    commands.Add("fault count", [&m](const Words& words, Time now) { return ChangeCount(m, words, now); });
-    commands.Add("fault range", [&m](const Words& words, Time) { return Stray(m, words); });
-    commands.Add("hardware select", [&m](const Words& words, Time) { return SelectAtHardware(m, words); });
-    commands.Add("counters", [&m](const Words& words, Time) { return Counters(m, words); });
+    AddCalls(commands, m, world, traffic);
+    AddFaults(commands, m);
+    commands.Add("hardware select <number>", [&m](const Words& words, Time) {
+        m.SelectAtHardware(IntegerAt(words, 0));
+        return std::string();
+    });
+    commands.Add("hardware selected",
+                 [&m](const Words&, Time) { return Blanked({std::to_string(m.Selected())}); });
+    commands.Add("counters", [&m](const Words&, Time) { return Counters(m); });
+    commands.Add("counters forget", [&m](const Words&, Time) {
+        m.ForgetCounters();
+        return std::string();
+    });
 }
 
 }  // namespace workbench

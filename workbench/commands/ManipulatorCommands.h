@@ -5,12 +5,13 @@
 
 #include "workbench/commands/Commands.h"
 #include "workbench/instruments/Manipulators.h"
+#include "workbench/wires/Traffic.h"
 
 namespace workbench {
 
-// Adds "driver ...", "fault driver", "fault count", "fault range", "hardware select" and "counters". The
-// manipulators must outlive the commands.
-void AddManipulatorCommands(Commands& commands, Manipulators& manipulators);
+// Adds the driver calls, each of which is told to the traffic, their faults, "hardware ..." and "counters".
+// All three must outlive the commands.
+void AddManipulatorCommands(Commands& commands, Manipulators& manipulators, World& world, Traffic& traffic);
 
 // The faults of the manipulators that are on, by the words that set them, with a blank before each.
 std::string ManipulatorFaults(const Manipulators& manipulators, Time now);

@@ -9,10 +9,7 @@ namespace {
 constexpr std::int32_t AxisX = Microscope::AxisX;
 constexpr std::int32_t AxisY = Microscope::AxisY;
 
-std::string Flag(bool on) { return on ? " 1" : " 0"; }
-
-std::string MirrorState(const Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string MirrorState(const Microscope& optics, Time now) {
     return Text(PlanPoint{optics.MirrorNow(AxisX, now), optics.MirrorNow(AxisY, now)}) +
            Text(PlanPoint{optics.MirrorAtRest(AxisX), optics.MirrorAtRest(AxisY)}) +
            Flag(optics.MirrorMotorsOn()) + Flag(optics.AtLimit(AxisX)) + Flag(optics.AtLimit(AxisY));
@@ -25,7 +22,6 @@ void MoveMirror(Microscope& optics, std::int32_t axis, std::int64_t target, Time
 }
 
 std::string MoveMirrorTo(Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 2, 2);
     const std::int32_t x = IntegerAt(words, 0);
     const std::int32_t y = IntegerAt(words, 1);
     MoveMirror(optics, AxisX, x, now);
@@ -35,7 +31,6 @@ std::string MoveMirrorTo(Microscope& optics, const Words& words, Time now) {
 
 // An axis that is not jogged goes on as it goes.
 std::string JogMirror(Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 2, 2);
     const std::int32_t x = IntegerAt(words, 0);
     const std::int32_t y = IntegerAt(words, 1);
     if (x != 0) {
@@ -48,26 +43,11 @@ std::string JogMirror(Microscope& optics, const Words& words, Time now) {
 }
 
 std::string SwitchMotors(Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 1, 1);
     optics.SwitchMirrorMotors(SwitchAt(words, 0), now);
     return {};
 }
 
-std::string Magnification(Microscope& optics, const Words& words) {
-    ExpectWords(words, 0, 1);
-    if (words.empty()) {
-        return Blanked({std::to_string(optics.Magnification())});
-    }
-    const std::int32_t index = IntegerAt(words, 0);
-    if (index < 0 || index > HighestMagnification) {
-        throw travo::BoundsFailure("a magnification is 0 to 3");
-    }
-    optics.SetMagnification(index);
-    return {};
-}
-
-std::string FocusState(const Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string FocusState(const Microscope& optics, Time now) {
     return Blanked({Text(optics.FocusNow(now)), Text(optics.FocusAtRest()),
                     std::to_string(optics.FocusCount(now)), std::to_string(optics.FocusCountAtRest())});
 }
@@ -79,8 +59,7 @@ std::string MoveFocus(Microscope& optics, std::int64_t target, Time now) {
     return {};
 }
 
-std::string GaugeState(const Microscope& optics, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string GaugeState(const Microscope& optics, Time now) {
     return Blanked({Text(optics.GaugeReading(now)), Text(optics.GaugeZero())});
 }
 
@@ -101,8 +80,7 @@ std::string CellsText() {
     return text;
 }
 
-std::string CameraState(const World& world, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string CameraState(const World& world, Time now) {
     const Microscope& optics = world.Optics();
     return Text(optics.ViewNow(now)) + Blanked({std::to_string(optics.Magnification())}) +
            Text(FieldOfView(optics.Magnification())) + Blanked({Text(optics.FocusNow(now))}) +
@@ -110,31 +88,30 @@ std::string CameraState(const World& world, const Words& words, Time now) {
 }
 
 void AddMirror(Commands& commands, Microscope& optics) {
-    commands.Add("mirror state",
-                 [&optics](const Words& words, Time now) { return MirrorState(optics, words, now); });
-    commands.Add("mirror move",
+    commands.Add("mirror state", [&optics](const Words&, Time now) { return MirrorState(optics, now); });
+    commands.Add("mirror move <x> <y>",
                  [&optics](const Words& words, Time now) { return MoveMirrorTo(optics, words, now); });
-    commands.Add("mirror jog",
+    commands.Add("mirror jog <dx> <dy>",
                  [&optics](const Words& words, Time now) { return JogMirror(optics, words, now); });
-    commands.Add("mirror motors",
+    commands.Add("mirror motors on|off",
                  [&optics](const Words& words, Time now) { return SwitchMotors(optics, words, now); });
     commands.Add("magnification",
-                 [&optics](const Words& words, Time) { return Magnification(optics, words); });
+                 [&optics](const Words&, Time) { return Blanked({std::to_string(optics.Magnification())}); });
+    commands.Add("magnification <index>", [&optics](const Words& words, Time) {
+        optics.SetMagnification(IntegerAt(words, 0));
+        return std::string();
+    });
 }
 
 void AddFocus(Commands& commands, Microscope& optics) {
-    commands.Add("focus state",
-                 [&optics](const Words& words, Time now) { return FocusState(optics, words, now); });
-    commands.Add("focus move", [&optics](const Words& words, Time now) {
-        ExpectWords(words, 1, 1);
+    commands.Add("focus state", [&optics](const Words&, Time now) { return FocusState(optics, now); });
+    commands.Add("focus move <counts>", [&optics](const Words& words, Time now) {
         return MoveFocus(optics, IntegerAt(words, 0), now);
     });
-    commands.Add("focus jog", [&optics](const Words& words, Time now) {
-        ExpectWords(words, 1, 1);
+    commands.Add("focus jog <counts>", [&optics](const Words& words, Time now) {
         return MoveFocus(optics, std::int64_t{optics.FocusCount(now)} + IntegerAt(words, 0), now);
     });
-    commands.Add("gauge state",
-                 [&optics](const Words& words, Time now) { return GaugeState(optics, words, now); });
+    commands.Add("gauge state", [&optics](const Words&, Time now) { return GaugeState(optics, now); });
 }
 
 }  // namespace
@@ -142,8 +119,7 @@ void AddFocus(Commands& commands, Microscope& optics) {
 void AddOpticsCommands(Commands& commands, World& world) {
     AddMirror(commands, world.Optics());
     AddFocus(commands, world.Optics());
-    commands.Add("camera state",
-                 [&world](const Words& words, Time now) { return CameraState(world, words, now); });
+    commands.Add("camera state", [&world](const Words&, Time now) { return CameraState(world, now); });
 }
 
 }  // namespace workbench

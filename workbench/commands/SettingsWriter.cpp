@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/ground/Arithmetic.h"
+#include "workbench/commands/DeskSettings.h"
 
 namespace workbench {
 
@@ -65,17 +66,22 @@ NeedleCalibration CalibrationOf(const Mount& mount, const CalibrationView& view)
 }
 
 std::string SettingsText(std::span<const NeedleCalibration> calibrations, const std::string& time,
-                         const std::optional<StoredPorts>& ports) {
+                         SettingsWish wish) {
     std::string text;
-    if (ports) {
+    if (wish != SettingsWish::Calibrations) {
+        // As the workbench links them.
         Section(text, "COMPort");
-        Line(text, "Mirror", std::to_string(ports->mirror));
-        Line(text, "Magnescale", std::to_string(ports->gauge));
-        Line(text, "Motor", std::to_string(ports->motor));
+        Line(text, "Mirror", "1");
+        Line(text, "Magnescale", "2");
+        Line(text, "Motor", "3");
     }
-    Section(text, "User_Value");
-    Line(text, "XYOffset", "0");
-    Line(text, "ZOffset", "0");
+    if (wish == SettingsWish::Desk) {
+        text += DeskSettingsText();
+    } else {
+        Section(text, "User_Value");
+        Line(text, "XYOffset", "0");
+        Line(text, "ZOffset", "0");
+    }
     for (std::size_t needle = 0; needle < calibrations.size(); ++needle) {
         NeedleSection(text, needle, calibrations[needle], time);
     }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <span>
 #include <string>
 
@@ -35,18 +34,17 @@ struct NeedleCalibration {
 // The tip on each mark, as whole counts. travo::BoundsFailure where a mark is out of reach.
 NeedleCalibration CalibrationOf(const Mount& mount, const CalibrationView& view);
 
-// The serial ports of the instruments by their numbers, as the workbench links them.
-struct StoredPorts {
-    std::int32_t mirror = 1;
-    std::int32_t gauge = 2;
-    std::int32_t motor = 3;
+// What stands in the file beside the calibrations.
+enum class SettingsWish {
+    Calibrations,          // both offsets 0
+    CalibrationsAndPorts,  // and the numbers of the ports
+    Desk,                  // the ports, and all that the desk begins with: see DeskSettings.h
 };
 
-// The text of the settings file, lines ended by CR LF: both offsets 0, and for needle 0, 1, ... its
-// calibration with time and re-calibration time; the ports where they are to be stored. The time is a text of
-// the form "yy/mm/dd    hh:mm".
+// The text of the settings file, lines ended by CR LF: what is wished for, and for needle 0, 1, ... its
+// calibration with time and re-calibration time. The time is a text of the form "yy/mm/dd    hh:mm".
 std::string SettingsText(std::span<const NeedleCalibration> calibrations, const std::string& time,
-                         const std::optional<StoredPorts>& ports = std::nullopt);
+                         SettingsWish wish = SettingsWish::Calibrations);
 
 // Writes the file whole, in the code page Windows-1252, of which the text uses the plain letters only:
 // an older file is replaced in one step. std::system_error where that cannot be done.

@@ -1,73 +1,30 @@
 #include "workbench/commands/WorldCommands.h"
 
-#include <array>
-#include <ctime>
-#include <optional>
-
-#include "core/ground/Arithmetic.h"
-#include "workbench/commands/SettingsWriter.h"
+#include "workbench/commands/TrafficCommands.h"
 
 namespace workbench {
 
 namespace {
 
-constexpr double LargestAngle = 360.0;        // degrees
-constexpr double LargestPlace = 1000000.0;    // common units
-constexpr double LargestMirrorCount = 180.0;  // the mirror's limit
+std::string Milliseconds(Time time) { return Text(static_cast<double>(time.count()) / 1000.0); }
 
-std::string TipText(const World& world, const Words& words, Time now) {
-    ExpectWords(words, 1, 1);
-    const std::int32_t needle = NeedleAt(words, 0);
+std::string TipText(const World& world, std::int32_t needle, Time now) {
     return Text(world.TipNow(needle, now)) + Text(world.TipAtRest(needle));
 }
 
-std::string CountsText(const World& world, const Words& words, Time now) {
-    ExpectWords(words, 1, 1);
-    return Text(world.CountsNow(NeedleAt(words, 0), now));
-}
-
 std::string Aim(const World& world, const Words& words) {
-    ExpectWords(words, 4, 4);
-    const Vector place = {RealAt(words, 1, LargestPlace), RealAt(words, 2, LargestPlace),
-                          RealAt(words, 3, LargestPlace)};
-    return Text(Whole(CountsFor(world.MountOf(NeedleAt(words, 0)), place)));
+    return Text(Whole(CountsFor(world.MountOf(NeedleAt(words, 0)), VectorAt(words, 1))));
 }
 
-std::string Move(World& world, const Words& words, Time now) {
-    ExpectWords(words, 4, 4);
-    world.MoveNeedle(NeedleAt(words, 0), TripleAt(words, 1), now);
-    return {};
-}
-
-std::string Jog(World& world, const Words& words, Time now) {
-    ExpectWords(words, 4, 4);
-    world.JogNeedle(NeedleAt(words, 0), TripleAt(words, 1), now);
-    return {};
-}
-
-std::string Moving(const World& world, const Words& words, Time now) {
-    ExpectWords(words, 0, 0);
+std::string Moving(const World& world, Time now) {
     std::string moving;
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
-        moving += world.NeedleMoves(needle, now) ? " 1" : " 0";
+        moving += Flag(world.NeedleMoves(needle, now));
     }
     return moving;
 }
 
-std::string View(const World& world, const Words& words, Time now) {
-    if (words.empty()) {
-        const PlanPoint here = world.Optics().ViewNow(now);
-        const PlanPoint rest = world.Optics().ViewAtRest();
-        return Blanked({Text(here[0]), Text(here[1]), Text(rest[0]), Text(rest[1])});
-    }
-    ExpectWords(words, 2, 2);
-    const PlanPoint centre =
-        ViewCentreOf(RealAt(words, 0, LargestMirrorCount), RealAt(words, 1, LargestMirrorCount));
-    return Blanked({Text(centre[0]), Text(centre[1])});
-}
-
-std::string CellsText(const Words& words) {
-    ExpectWords(words, 0, 0);
+std::string CellsText() {
     std::string cells;
     for (const Cell& cell : World::Cells()) {
         cells += Blanked({std::to_string(cell.mirrorX), std::to_string(cell.mirrorY)}) + Text(cell.Place());
@@ -75,17 +32,23 @@ std::string CellsText(const Words& words) {
     return cells;
 }
 
-std::string Crossings(World& world, const Words& words) {
-    if (ForgetAsked(words)) {
-        world.ForgetCrossings();
-        return {};
-    }
+std::string Crossings(const World& world) {
     std::string text =
         Blanked({std::to_string(world.CrossingsInAll()), std::to_string(world.PairsCrossed())});
     for (const Crossing& crossing : world.Crossings()) {
-        const double milliseconds = static_cast<double>(crossing.time.count()) / 1000.0;
         text += Blanked({std::to_string(crossing.needleA + 1), std::to_string(crossing.needleB + 1),
-                         Text(milliseconds), Text(crossing.place[0]), Text(crossing.place[1])});
+                         Milliseconds(crossing.time)}) +
+                Text(crossing.place);
+    }
+    return text;
+}
+
+std::string LandingText(const Landings& landings) {
+    std::string text = Blanked({std::to_string(landings.InAll()), Text(landings.Worst())});
+    if (const std::optional<Landing>& last = landings.Last()) {
+        text += Blanked({std::to_string(last->needle + 1), std::to_string(CellNumber(*last)),
+                         Text(last->distance), Text(last->height), Milliseconds(last->time)}) +
+                Text(last->centre);
     }
     return text;
 }
@@ -94,76 +57,75 @@ std::string MountText(const Mount& mount) {
     return Blanked({Text(mount.heading), Text(mount.yaw), Text(mount.tilt)}) + Text(mount.offset);
 }
 
-std::string Remount(World& world, const Words& words, Time now) {
-    const std::int32_t needle = NeedleAt(words, 0);
-    if (words.size() == 1) {
-        return MountText(world.MountOf(needle));
-    }
-    if (words.size() > 4) {
-        ExpectWords(words, 7, 7);
-    }
-    const double heading = RealAt(words, 1, LargestAngle);
-    const double yaw = words.size() > 2 ? RealAt(words, 2, LargestAngle) : 0.0;
-    const double tilt = words.size() > 3 ? RealAt(words, 3, LargestAngle) : 0.0;
-    Mount mount = HomedMount(heading, yaw, tilt);
-    if (words.size() == 7) {
-        mount.offset = {RealAt(words, 4, LargestPlace), RealAt(words, 5, LargestPlace),
-                        RealAt(words, 6, LargestPlace)};
-    }
-    world.MountNeedle(needle, mount, now);
-    return {};
+Mount HomedMountOf(const Words& words) {
+    const double yaw = words.size() > 2 ? RealAt(words, 2) : 0.0;
+    const double tilt = words.size() > 3 ? RealAt(words, 3) : 0.0;
+    return HomedMount(RealAt(words, 1), yaw, tilt);
 }
 
-std::string PresentTime() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    std::array<char, 64> text{};
-    const std::size_t length = std::strftime(text.data(), text.size(), "%y/%m/%d    %H:%M", &local);
-    return {text.data(), length};
+void AddNeedles(Commands& commands, World& w) {
+    commands.Add("world tip <needle>",
+                 [&w](const Words& words, Time now) { return TipText(w, NeedleAt(words, 0), now); });
+    commands.Add("world counts <needle>",
+                 [&w](const Words& words, Time now) { return Text(w.CountsNow(NeedleAt(words, 0), now)); });
+    commands.Add("world aim <needle> <X> <Y> <Z>", [&w](const Words& words, Time) { return Aim(w, words); });
+    commands.Add("world move <needle> <x> <y> <z>", [&w](const Words& words, Time now) {
+        w.MoveNeedle(NeedleAt(words, 0), TripleAt(words, 1), now);
+        return std::string();
+    });
+    commands.Add("world jog <needle> <dx> <dy> <dz>", [&w](const Words& words, Time now) {
+        w.JogNeedle(NeedleAt(words, 0), TripleAt(words, 1), now);
+        return std::string();
+    });
+    commands.Add("world moving", [&w](const Words&, Time now) { return Moving(w, now); });
 }
 
-std::string FileNamed(const Words& words, const std::string& programFolder) {
-    if (!words.empty()) {
-        // A path may hold blanks: it is all from its first word to the end of the last.
-        return {words.front().data(), words.back().data() + words.back().size()};
-    }
-    if (programFolder.empty()) {
-        throw travo::NumberFailure("name the file, since no program folder is known");
-    }
-    return programFolder + "/KVData.ini";
+void AddPlaces(Commands& commands, World& w) {
+    commands.Add("world view", [&w](const Words&, Time now) {
+        return Text(w.Optics().ViewNow(now)) + Text(w.Optics().ViewAtRest());
+    });
+    commands.Add("world view <x> <y>", [](const Words& words, Time) {
+        return Text(ViewCentreOf(RealAt(words, 0), RealAt(words, 1)));
+    });
+    commands.Add("world cells", [](const Words&, Time) { return CellsText(); });
+    commands.Add("world clock", [](const Words&, Time now) { return Blanked({Milliseconds(now)}); });
 }
 
-std::string Write(const World& world, Words words, const std::string& programFolder) {
-    std::optional<StoredPorts> ports;
-    if (!words.empty() && words.front() == "ports") {
-        ports.emplace();
-        words.erase(words.begin());
-    }
-    std::array<NeedleCalibration, travo::NeedleCount> calibrations;
-    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
-        calibrations[static_cast<std::size_t>(needle)] = CalibrationOf(world.MountOf(needle), {});
-    }
-    WriteSettings(FileNamed(words, programFolder), SettingsText(calibrations, PresentTime(), ports));
-    return {};
+void AddScore(Commands& commands, World& w) {
+    commands.Add("world crossings", [&w](const Words&, Time) { return Crossings(w); });
+    commands.Add("world crossings forget", [&w](const Words&, Time) {
+        w.ForgetCrossings();
+        return std::string();
+    });
+    commands.Add("world landing", [&w](const Words&, Time) { return LandingText(w.NeedleLandings()); });
+    commands.Add("world landing forget", [&w](const Words&, Time) {
+        w.ForgetLandings();
+        return std::string();
+    });
+}
+
+void AddMounts(Commands& commands, World& w) {
+    commands.Add("mount <needle>",
+                 [&w](const Words& words, Time) { return MountText(w.MountOf(NeedleAt(words, 0))); });
+    commands.Add("mount <needle> <heading> [<yaw> [<tilt>]]", [&w](const Words& words, Time now) {
+        w.MountNeedle(NeedleAt(words, 0), HomedMountOf(words), now);
+        return std::string();
+    });
+    commands.Add("mount <needle> <heading> <yaw> <tilt> <TX> <TY> <TZ>", [&w](const Words& words, Time now) {
+        Mount mount = HomedMountOf(words);
+        mount.offset = VectorAt(words, 4);
+        w.MountNeedle(NeedleAt(words, 0), mount, now);
+        return std::string();
+    });
 }
 
 }  // namespace
 
-void AddWorldCommands(Commands& commands, World& world, const std::string& programFolder) {
-    World& w = world;
-    commands.Add("world tip", [&w](const Words& words, Time now) { return TipText(w, words, now); });
-    commands.Add("world counts", [&w](const Words& words, Time now) { return CountsText(w, words, now); });
-    commands.Add("world aim", [&w](const Words& words, Time) { return Aim(w, words); });
-    commands.Add("world move", [&w](const Words& words, Time now) { return Move(w, words, now); });
-    commands.Add("world jog", [&w](const Words& words, Time now) { return Jog(w, words, now); });
-    commands.Add("world moving", [&w](const Words& words, Time now) { return Moving(w, words, now); });
-    commands.Add("world view", [&w](const Words& words, Time now) { return View(w, words, now); });
-    commands.Add("world cells", [](const Words& words, Time) { return CellsText(words); });
-    commands.Add("world crossings", [&w](const Words& words, Time) { return Crossings(w, words); });
-    commands.Add("mount", [&w](const Words& words, Time now) { return Remount(w, words, now); });
-    commands.Add("write-settings",
-                 [&w, programFolder](const Words& words, Time) { return Write(w, words, programFolder); });
+void AddWorldCommands(Commands& commands, World& world) {
+    AddNeedles(commands, world);
+    AddPlaces(commands, world);
+    AddScore(commands, world);
+    AddMounts(commands, world);
 }
 
 }  // namespace workbench

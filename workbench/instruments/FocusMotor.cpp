@@ -8,6 +8,7 @@
 namespace workbench {
 
 void FocusMotor::Receive(std::string_view bytes, Time now) {
+    world_.Advance(now);
     received_.Append(bytes);
     while (const auto line = received_.Next()) {
         // What has arrived meanwhile is told before the next command is looked at.

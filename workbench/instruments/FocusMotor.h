@@ -26,6 +26,8 @@ public:
     // The next commands are refused and not carried out; negative: all, 0: none.
     void RefuseCommands(std::int32_t commands) { refusals_ = commands; }
     bool Refuses() const { return refusals_ != 0; }
+    // Commands that are still to be refused; negative: all.
+    std::int32_t RefusalsLeft() const { return refusals_; }
 
 private:
     enum class Operation { MoveBy, MoveTo, Reset, Where, Zero, Halt, Who };

@@ -21,6 +21,7 @@ public:
 
     void Receive(std::string_view bytes, Time now) override;
     void Advance(Time) override {}
+    std::string_view CommandEnd() const override { return "\r\n"; }
     std::string FloodLine(std::int32_t n, Time now) const override;
 
     // Its keys by hand. False, and nothing happens, while they are disabled.

@@ -22,6 +22,8 @@ struct WireLine {
 
     std::string bytes;
     Manner manner = Manner::Paced;
+    // What a fault did to it, as the traffic tells it; empty for a line that goes as it was said.
+    std::string fate{};
 };
 
 class Instrument {
@@ -37,6 +39,8 @@ public:
     virtual void Receive(std::string_view bytes, Time now) = 0;
     // Lets time pass: what it says by itself is said here.
     virtual void Advance(Time now) = 0;
+    // What ends a command on its wire.
+    virtual std::string_view CommandEnd() const { return "\r"; }
     // The n-th line, 0-based, of a flood of lines that nobody asked for: harmless, and unlike the one before.
     virtual std::string FloodLine(std::int32_t n, Time now) const = 0;
 

@@ -1,5 +1,7 @@
 #include "workbench/instruments/Manipulators.h"
 
+#include <cmath>
+
 #include "core/ground/Arithmetic.h"
 
 namespace workbench {
@@ -12,7 +14,7 @@ DriverStatus Manipulators::GetPosition(Time now, Position& position) {
     if (!Connected(selected_)) {
         return Refuse(DriverStatus::NotConnected);
     }
-    position = {selected_, world_.CountsNow(selected_ - 1, now)};
+    position = {selected_, Reading(selected_, now)};
     if (stray_ == selected_) {
         position.xyz[0] = StrayCount;
     }
@@ -28,7 +30,7 @@ DriverStatus Manipulators::MoveTo(Time now, const travo::PositionXYZ& counts) {
         return Refuse(DriverStatus::NotConnected);
     }
     try {
-        world_.MoveNeedle(selected_ - 1, counts, now);
+        world_.MoveNeedle(selected_ - 1, counts, now, MovedBy::Driver);
     } catch (const travo::BoundsFailure&) {
         return Refuse(DriverStatus::OutOfRange);
     }
@@ -78,6 +80,15 @@ void Manipulators::StrayPosition(std::optional<std::int32_t> number) {
     stray_ = number;
 }
 
+void Manipulators::MakeNoisy(std::int32_t number, double deviation) {
+    const std::size_t place = travo::Bounded(travo::Difference(number, 1), noise_.size());
+    noise_[place] = {deviation, std::mt19937(static_cast<std::mt19937::result_type>(number))};
+}
+
+double Manipulators::NoiseOf(std::int32_t number) const {
+    return noise_[travo::Bounded(travo::Difference(number, 1), noise_.size())].deviation;
+}
+
 void Manipulators::SelectAtHardware(std::int32_t number) {
     if (!Connected(number)) {
         throw travo::BoundsFailure("this manipulator is not connected");
@@ -90,6 +101,10 @@ void Manipulators::ClearFaults(Time now) {
     HangUntil(Time(0));
     StrayPosition(std::nullopt);
     ChangeCount(now, travo::NeedleCount);
+    for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
+        MakeNoisy(needle + 1, 0.0);
+        world_.SpoilNeedle(needle, {}, now);
+    }
 }
 
 bool Manipulators::Misbehaves(FailureMode mode, Time now) const {
@@ -128,6 +143,18 @@ DriverStatus Manipulators::Enter(Time now, DriverOperation operation) {
         --failingCalls_;
     }
     return Refuse(DriverStatus::Failed);
+}
+
+travo::PositionXYZ Manipulators::Reading(std::int32_t number, Time now) {
+    travo::PositionXYZ counts = world_.CountsNow(number - 1, now);
+    Noise& noise = noise_[static_cast<std::size_t>(number - 1)];
+    if (noise.deviation > 0.0) {
+        std::normal_distribution<double> error(0.0, noise.deviation);
+        for (std::int32_t& count : counts) {
+            count += static_cast<std::int32_t>(std::lround(error(noise.chance)));
+        }
+    }
+    return counts;
 }
 
 DriverStatus Manipulators::Refuse(DriverStatus status) {

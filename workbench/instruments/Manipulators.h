@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <random>
 
 #include "workbench/world/World.h"
 
@@ -72,14 +73,21 @@ public:
     // One manipulator reports StrayCount as its X, or none does. The needle itself stays where it is.
     // travo::BoundsFailure for a number outside 1 to 4.
     void StrayPosition(std::optional<std::int32_t> number);
+    // Readings of GetPosition differ from the counts, on each axis by chance: normal, with this standard
+    // deviation in counts, to whole ones. 0 ends it. The chance is the same in every run and begins anew.
+    // travo::BoundsFailure for a number outside 1 to 4.
+    void MakeNoisy(std::int32_t number, double deviation);
+    double NoiseOf(std::int32_t number) const;
     // As if its key were pressed at the hardware; travo::BoundsFailure for one that is not connected.
     void SelectAtHardware(std::int32_t number);
-    // Ends every fault: four are connected again; the selection stays.
+    // Ends every fault: four are connected again, needles are perfect; the selection stays.
     void ClearFaults(Time now);
     // Whether a fault of this kind is on now. SelectedAtHardware is over as soon as it has happened.
     bool Misbehaves(FailureMode mode, Time now) const;
 
     std::int32_t Selected() const { return selected_; }
+    // Calls that are still to fail, or Always.
+    std::int32_t FailingCalls() const { return failingCalls_; }
 
     // Calls received, whatever their answer.
     std::int64_t Received(DriverOperation operation) const;
@@ -91,6 +99,8 @@ private:
     // Counts the call, lets time pass, and says whether a fault or a missing manipulator ends it.
     DriverStatus Enter(Time now, DriverOperation operation);
     DriverStatus Refuse(DriverStatus status);
+    // The counts as they are read.
+    travo::PositionXYZ Reading(std::int32_t number, Time now);
     bool Connected(std::int32_t number) const { return number >= 1 && number <= world_.ConnectedNeedles(); }
 
     World& world_;
@@ -99,6 +109,11 @@ private:
     std::optional<DriverOperation> failingOperation_;
     Time hangEnd_{0};
     std::optional<std::int32_t> stray_;
+    struct Noise {
+        double deviation = 0.0;
+        std::mt19937 chance;
+    };
+    std::array<Noise, travo::NeedleCount> noise_;
     std::array<std::int64_t, DriverOperationCount> received_{};
     std::int64_t refused_ = 0;
 };

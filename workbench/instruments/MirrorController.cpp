@@ -48,6 +48,8 @@ void CountDown(std::int32_t& remaining) {
 }  // namespace
 
 void MirrorController::Receive(std::string_view bytes, Time now) {
+    // What was to happen before the command has happened: a landing is told by where the view stood then.
+    world_.Advance(now);
     received_.Append(bytes);
     while (const auto line = received_.Next()) {
         if (line->overflow) {

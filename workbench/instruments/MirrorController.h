@@ -55,6 +55,10 @@ public:
     bool Refuses() const { return refusals_ != 0; }
     bool MisformsStatus() const { return misformedLines_ != 0; }
     bool HoldsAtLimit() const { return heldAtLimit_[0] || heldAtLimit_[1]; }
+    // Commands, or lines, that are left of a fault; Always.
+    std::int32_t RefusalsLeft() const { return refusals_; }
+    std::int32_t MisformedLeft() const { return misformedLines_; }
+    bool HoldsAtLimit(std::int32_t axis) const { return heldAtLimit_.at(static_cast<std::size_t>(axis)); }
 
 private:
     void Obey(std::string_view command, Time now);

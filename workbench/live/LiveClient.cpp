@@ -4,11 +4,8 @@
 #include <sstream>
 
 #include "core/ground/Arithmetic.h"
-#include "workbench/socket/SocketPath.h"
 
 namespace workbench::live {
-
-std::string LiveSocketPath() { return RuntimeFolder() + "/travo-live.socket"; }
 
 bool LiveClient::Running() {
     std::string answer;

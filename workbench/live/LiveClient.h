@@ -7,11 +7,9 @@
 #include <string>
 
 #include "workbench/socket/Exchange.h"
+#include "workbench/socket/SocketPath.h"
 
 namespace workbench::live {
-
-// The camera program's local socket, "travo-live.socket" in the runtime folder.
-std::string LiveSocketPath();
 
 // Every call is one blocking exchange and raises travo::Failure with a sentence where no camera program
 // answers or where it refuses.
@@ -29,7 +27,7 @@ public:
         std::int64_t saved = 0;  // pictures
     };
 
-    explicit LiveClient(const std::string& socketPath = LiveSocketPath()) : exchange_(socketPath) {}
+    explicit LiveClient(const std::string& socketPath = CameraSocketPath()) : exchange_(socketPath) {}
 
     // Whether a camera program runs.
     bool Running();

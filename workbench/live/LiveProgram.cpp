@@ -8,10 +8,10 @@
 #include <QTimer>
 #include <stdexcept>
 
-#include "workbench/live/LiveClient.h"
 #include "workbench/live/PicturePainter.h"
 #include "workbench/live/StillFile.h"
 #include "workbench/live/View.h"
+#include "workbench/socket/SocketPath.h"
 
 namespace workbench::live {
 
@@ -42,7 +42,7 @@ LiveProgram::LiveProgram(const QString& folder)
 }
 
 bool LiveProgram::Start() {
-    socket_.Listen(QString::fromLocal8Bit(LiveSocketPath().c_str()));
+    socket_.Listen(QString::fromLocal8Bit(CameraSocketPath().c_str()));
     return object_.TakeName();
 }
 

@@ -41,6 +41,19 @@ Exchange::Outcome Exchange::Ask(const std::string& line, std::chrono::millisecon
     return outcome;
 }
 
+bool Exchange::IsThere() {
+    if (Alive()) {
+        return true;
+    }
+    Close();
+    const Outcome outcome = Connect(Clock::now());
+    if (outcome != Outcome::Answered) {
+        Close();
+    }
+    // One whose queue is full is there as well.
+    return outcome != Outcome::NoWorkbench;
+}
+
 void Exchange::Close() {
     if (socket_ >= 0) {
         close(socket_);

@@ -22,6 +22,9 @@ public:
     // NoWorkbench comes at once.
     Outcome Ask(const std::string& line, std::chrono::milliseconds limit, std::string& answer);
 
+    // Whether somebody serves the socket, busy or not: asks nothing and waits for nobody.
+    bool IsThere();
+
     void Close();
 
 private:

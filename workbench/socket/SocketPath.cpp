@@ -32,4 +32,6 @@ std::string RuntimeFolder() {
 
 std::string SocketPath() { return RuntimeFolder() + "/travo-workbench.socket"; }
 
+std::string CameraSocketPath() { return RuntimeFolder() + "/travo-live.socket"; }
+
 }  // namespace workbench

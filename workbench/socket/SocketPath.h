@@ -12,4 +12,7 @@ std::string RuntimeFolder();
 // The local socket, "travo-workbench.socket" in the runtime folder.
 std::string SocketPath();
 
+// The camera program's own, "travo-live.socket" there.
+std::string CameraSocketPath();
+
 }  // namespace workbench

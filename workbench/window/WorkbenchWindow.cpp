@@ -21,7 +21,6 @@
 #include "workbench/window/TruthLine.h"
 #include "workbench/window/TruthView.h"
 #include "workbench/window/WindowIcon.h"
-#include "workbench/window/WorkbenchLayout.h"
 
 namespace workbench {
 

@@ -14,6 +14,7 @@
 #include "workbench/window/WindowKeys.h"
 #include "workbench/window/WindowMemory.h"
 #include "workbench/window/WindowParts.h"
+#include "workbench/window/WorkbenchLayout.h"
 
 namespace workbench {
 

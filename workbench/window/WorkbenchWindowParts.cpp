@@ -18,7 +18,6 @@
 #include "workbench/window/TruthLine.h"
 #include "workbench/window/TruthTools.h"
 #include "workbench/window/TruthView.h"
-#include "workbench/window/WorkbenchLayout.h"
 #include "workbench/window/WorkbenchWindow.h"
 
 namespace workbench {

@@ -25,10 +25,13 @@ public:
     void Garble(std::int32_t lines) { garbledLines_ = lines; }
     // Of the next line only so many bytes come, its line end lost with the rest.
     void CutNext(std::size_t bytes) { cut_ = bytes; }
+    // The line that waits to be cut comes whole.
+    void EndCut() { cut_.reset(); }
     void Clear();
 
     bool Silent() const { return silent_; }
     bool Garbles() const { return garbledLines_ > 0; }
+    std::int32_t GarbledLeft() const { return garbledLines_; }
     bool Cuts() const { return cut_.has_value(); }
 
 private:

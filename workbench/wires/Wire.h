@@ -36,6 +36,13 @@ public:
     void SetOpen(bool open, Time now);
     bool IsOpen() const { return open_; }
 
+    // Who wants to know what goes over the wire, at once. Kinds: those of a log, whose "in" is one whole
+    // command here, with "note" for "open", "shut", "cable in", "cable out"; "event" for what a fault did:
+    // "silent LINE", "garbled LINE", "cut LINE", "noise N", "flood N". That of a garbled or cut line comes
+    // directly before the record of what went.
+    using Tap = std::function<void(Time time, std::string_view kind, std::string_view bytes)>;
+    void OnTraffic(Tap tap) { tap_ = std::move(tap); }
+
     // Bytes for the instrument.
     void Receive(std::string_view bytes, Time now);
     // Lets time pass. What is due by now, each text for one write.
@@ -65,7 +72,10 @@ public:
 private:
     void Collect(Time now);
     void PlayBack(Time now);
-    void LogPiece(const LinePacer::Piece& piece, Time now);
+    void NotePiece(const LinePacer::Piece& piece, Time now);
+    void NoteHeard(std::string_view bytes, Time now);
+    void Tell(Time now, std::string_view kind, const std::string& bytes);
+    static std::string FateOf(const std::string& said, const std::string& sent);
 
     std::string name_;
     std::int32_t port_;
@@ -73,6 +83,8 @@ private:
     LineFaults faults_;
     LinePacer pacer_;
     WireLog log_;
+    Tap tap_;
+    std::string heard_;     // of a command that has not ended yet
     std::string unlogged_;  // of a line that has not ended yet
     std::deque<WireRecord> replay_;
     Time replayShift_{0};

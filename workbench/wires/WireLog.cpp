@@ -20,26 +20,6 @@ constexpr std::array<std::pair<std::string_view, WireRecord::Kind>, 5> Kinds = {
      {"whole", WireRecord::Kind::Whole},
      {"note", WireRecord::Kind::Note}}};
 
-std::string Escaped(std::string_view bytes) {
-    std::string text;
-    for (const char byte : bytes) {
-        if (byte == '\r') {
-            text += "\\r";
-        } else if (byte == '\n') {
-            text += "\\n";
-        } else if (byte == '\\') {
-            text += "\\\\";
-        } else if (byte >= ' ' && byte < '\x7f') {
-            text += byte;
-        } else {
-            std::array<char, 8> code{};
-            std::snprintf(code.data(), code.size(), "\\x%02x", static_cast<unsigned char>(byte));
-            text += code.data();
-        }
-    }
-    return text;
-}
-
 // The byte of two hexadecimal digits.
 std::optional<char> CodeByte(std::string_view digits) {
     unsigned value = 0;
@@ -74,13 +54,37 @@ std::optional<std::string> Unescaped(std::string_view text) {
 
 }  // namespace
 
+std::string LogText(std::string_view bytes) {
+    std::string text;
+    for (const char byte : bytes) {
+        if (byte == '\r') {
+            text += "\\r";
+        } else if (byte == '\n') {
+            text += "\\n";
+        } else if (byte == '\\') {
+            text += "\\\\";
+        } else if (byte >= ' ' && byte < '\x7f') {
+            text += byte;
+        } else {
+            std::array<char, 8> code{};
+            std::snprintf(code.data(), code.size(), "\\x%02x", static_cast<unsigned char>(byte));
+            text += code.data();
+        }
+    }
+    return text;
+}
+
+std::string_view KindText(WireRecord::Kind kind) {
+    return std::find_if(Kinds.begin(), Kinds.end(), [kind](const auto& one) { return one.second == kind; })
+        ->first;
+}
+
 std::string RecordText(const WireRecord& record) {
-    const auto* kind =
-        std::find_if(Kinds.begin(), Kinds.end(), [&](const auto& one) { return one.second == record.kind; });
     std::array<char, 40> time{};
     std::snprintf(time.data(), time.size(), "%lld.%03lld", static_cast<long long>(record.time.count() / 1000),
                   static_cast<long long>(record.time.count() % 1000));
-    return std::string(time.data()).append(" ").append(kind->first).append(" ").append(Escaped(record.bytes));
+    const std::string head = std::string(time.data()).append(" ").append(KindText(record.kind));
+    return head + " " + LogText(record.bytes);
 }
 
 std::optional<WireRecord> ReadRecord(std::string_view text) {

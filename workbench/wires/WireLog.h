@@ -27,6 +27,10 @@ struct WireRecord {
     std::string bytes;
 };
 
+// Bytes and kinds as they stand in a record.
+std::string LogText(std::string_view bytes);
+std::string_view KindText(WireRecord::Kind kind);
+
 std::string RecordText(const WireRecord& record);
 // Nothing for a text that is no record.
 std::optional<WireRecord> ReadRecord(std::string_view text);

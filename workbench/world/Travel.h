@@ -23,6 +23,8 @@ public:
     Vector At(Time now) const;
     bool MovesAt(Time now) const { return now < arrival_; }
     const Vector& Target() const { return to_; }
+    const Vector& Origin() const { return from_; }
+    Time Start() const { return start_; }
     Time Arrival() const { return arrival_; }
 
 private:

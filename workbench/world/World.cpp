@@ -2,10 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "core/ground/Arithmetic.h"
 
 namespace workbench {
+
+namespace {
+
+constexpr Vector StartCounts = {HomeCount - StartRetreat, HomeCount, HomeCount};
+
+}  // namespace
 
 Mount HomedMount(double heading, double yaw, double tilt) {
     Mount mount{heading, yaw, tilt, {}};
@@ -18,55 +25,39 @@ Mount DefaultMount(std::int32_t needle) {
     return HomedMount(45.0 + 90.0 * static_cast<double>(travo::Bounded(needle, travo::NeedleCount)));
 }
 
-Vector Cell::Place() const {
-    const PlanPoint plan = ViewCentreOf(mirrorX, mirrorY);
-    return {plan[0], plan[1], z};
-}
-
 World::World()
-    : needles_{Needle{DefaultMount(0), Travel({HomeCount - StartRetreat, HomeCount, HomeCount})},
-               Needle{DefaultMount(1), Travel({HomeCount - StartRetreat, HomeCount, HomeCount})},
-               Needle{DefaultMount(2), Travel({HomeCount - StartRetreat, HomeCount, HomeCount})},
-               Needle{DefaultMount(3), Travel({HomeCount - StartRetreat, HomeCount, HomeCount})}} {}
-
-const std::array<Cell, 6>& World::Cells() {
-    // No two of them, and none with the origin, lie along a default shaft.
-    static constexpr std::array<Cell, 6> cells = {{{-84, 45, 0.0, 14.0},
-                                                   {56, 73, 0.0, 12.0},
-                                                   {-40, -66, 0.0, 15.0},
-                                                   {94, -38, 0.0, 13.0},
-                                                   {12, 20, 30.0, 11.0},
-                                                   {-130, -96, -30.0, 16.0}}};
-    return cells;
-}
+    : needles_{Needle(DefaultMount(0), StartCounts), Needle(DefaultMount(1), StartCounts),
+               Needle(DefaultMount(2), StartCounts), Needle(DefaultMount(3), StartCounts)} {}
 
 void World::Advance(Time now) {
     if (now <= time_) {
         return;
     }
-    // Between two arrivals every end of every shaft runs evenly along a straight line.
-    std::array<Time, travo::NeedleCount> arrivals;
-    std::transform(needles_.begin(), needles_.end(), arrivals.begin(),
-                   [](const Needle& needle) { return needle.travel.Arrival(); });
-    std::sort(arrivals.begin(), arrivals.end());
-    for (const Time arrival : arrivals) {
-        if (arrival > time_ && arrival < now) {
-            ObserveAll(time_, arrival);
-            time_ = arrival;
+    // Between two turns every end of every shaft runs evenly along a straight line.
+    std::vector<Time> turns;
+    for (const Needle& needle : needles_) {
+        needle.AddTurns(time_, now, turns);
+    }
+    std::sort(turns.begin(), turns.end());
+    turns.push_back(now);
+    for (const Time turn : turns) {
+        if (turn > time_) {
+            ObserveAll(time_, turn);
+            time_ = turn;
         }
     }
-    ObserveAll(time_, now);
-    time_ = now;
+    TakeArrivals();
 }
 
-void World::MoveNeedle(std::int32_t needle, const travo::PositionXYZ& counts, Time now) {
+void World::MoveNeedle(std::int32_t needle, const travo::PositionXYZ& counts, Time now, MovedBy by) {
     for (const std::int32_t count : counts) {
         if (count < LowestCount || count > HighestCount) {
             throw travo::BoundsFailure("a manipulator reaches counts 0 to 25000");
         }
     }
     Advance(now);
-    NeedleAt(needle).travel.SetOut(Exact(counts), NeedleCountsPerMillisecond, time_);
+    NeedleAt(needle).SetOut(Exact(counts), time_);
+    sentByDriver_[static_cast<std::size_t>(needle)] = by == MovedBy::Driver;
 }
 
 void World::JogNeedle(std::int32_t needle, const travo::PositionXYZ& distance, Time now) {
@@ -80,32 +71,35 @@ void World::JogNeedle(std::int32_t needle, const travo::PositionXYZ& distance, T
 
 void World::MountNeedle(std::int32_t needle, const Mount& mount, Time now) {
     Advance(now);
-    NeedleAt(needle).mount = mount;
+    NeedleAt(needle).PutOn(mount);
     ObserveAll(time_, time_);
 }
 
-const Mount& World::MountOf(std::int32_t needle) const { return NeedleAt(needle).mount; }
+const Mount& World::MountOf(std::int32_t needle) const { return NeedleAt(needle).MountOf(); }
+
+void World::SpoilNeedle(std::int32_t needle, const Imperfections& imperfections, Time now) {
+    Advance(now);
+    NeedleAt(needle).Spoil(imperfections, time_);
+    ObserveAll(time_, time_);
+}
+
+const Imperfections& World::ImperfectionsOf(std::int32_t needle) const { return NeedleAt(needle).Spoilt(); }
 
 travo::PositionXYZ World::CountsNow(std::int32_t needle, Time now) const {
-    return Whole(NeedleAt(needle).travel.At(now));
+    return Whole(NeedleAt(needle).CountsAt(now));
 }
 
-bool World::NeedleMoves(std::int32_t needle, Time now) const { return NeedleAt(needle).travel.MovesAt(now); }
+bool World::NeedleMoves(std::int32_t needle, Time now) const { return NeedleAt(needle).MovesAt(now); }
 
-Vector World::TipNow(std::int32_t needle, Time now) const {
-    const Needle& one = NeedleAt(needle);
-    return TipOf(one.mount, one.travel.At(now));
+Vector World::TipNow(std::int32_t needle, Time now) const { return NeedleAt(needle).TipAt(now); }
+
+Time World::TimeToGo(std::int32_t needle, Time now) const {
+    return std::max(NeedleAt(needle).Arrival() - now, Time(0));
 }
 
-Vector World::TipAtRest(std::int32_t needle) const {
-    const Needle& one = NeedleAt(needle);
-    return TipOf(one.mount, one.travel.Target());
-}
+Vector World::TipAtRest(std::int32_t needle) const { return NeedleAt(needle).TipAtRest(time_); }
 
-Shaft World::ShaftNow(std::int32_t needle, Time now) const {
-    const Needle& one = NeedleAt(needle);
-    return ShaftOf(one.mount, one.travel.At(now));
-}
+Shaft World::ShaftNow(std::int32_t needle, Time now) const { return NeedleAt(needle).ShaftAt(now); }
 
 void World::ConnectNeedles(std::int32_t count, Time now) {
     travo::Bounded(count, travo::NeedleCount + 1);
@@ -127,17 +121,14 @@ std::int32_t World::PairsCrossed() const {
     return static_cast<std::int32_t>(pairs);
 }
 
-const World::Needle& World::NeedleAt(std::int32_t needle) const {
+const Needle& World::NeedleAt(std::int32_t needle) const {
     return needles_[travo::Bounded(needle, needles_.size())];
 }
 
-World::Needle& World::NeedleAt(std::int32_t needle) {
-    return needles_[travo::Bounded(needle, needles_.size())];
-}
+Needle& World::NeedleAt(std::int32_t needle) { return needles_[travo::Bounded(needle, needles_.size())]; }
 
 MovingShaft World::MovingShaftOf(std::size_t needle, Time from, Time to) const {
-    const Needle& one = needles_[needle];
-    return {ShaftOf(one.mount, one.travel.At(from)), ShaftOf(one.mount, one.travel.At(to))};
+    return {needles_[needle].ShaftAt(from), needles_[needle].ShaftAt(to)};
 }
 
 void World::ObservePair(std::size_t a, std::size_t b, Time from, Time to) {
@@ -146,7 +137,7 @@ void World::ObservePair(std::size_t a, std::size_t b, Time from, Time to) {
         crossed = false;
         return;
     }
-    const bool standsStill = !needles_[a].travel.MovesAt(from) && !needles_[b].travel.MovesAt(from);
+    const bool standsStill = needles_[a].StandsStillFrom(from) && needles_[b].StandsStillFrom(from);
     if (standsStill && from != to) {
         return;
     }
@@ -159,6 +150,9 @@ void World::ObservePair(std::size_t a, std::size_t b, Time from, Time to) {
             crossings_.push_back(
                 {static_cast<std::int32_t>(a), static_cast<std::int32_t>(b), time, meeting.place});
             ++crossingsInAll_;
+            if (listener_ != nullptr) {
+                listener_->Crossed(crossings_.back());
+            }
         }
     }
     crossed = !meetings.empty() && meetings.back().to == 1.0;
@@ -172,6 +166,28 @@ void World::ObserveAll(Time from, Time to) {
     }
     while (crossings_.size() > KeptCrossings) {
         crossings_.pop_front();
+    }
+}
+
+void World::TakeArrivals() {
+    for (std::size_t place = 0; place < needles_.size(); ++place) {
+        const Needle& needle = needles_[place];
+        if (!sentByDriver_[place] || needle.Arrival() > time_) {
+            continue;
+        }
+        sentByDriver_[place] = false;
+        // What the view showed when the needle came to rest, however late anybody looks.
+        const Time arrival = needle.Arrival();
+        const PlanPoint view = optics_.ViewNow(arrival);
+        const auto index = static_cast<std::int32_t>(place);
+        const auto landing =
+            LandingOf(index, needle.TipAt(arrival), {view[0], view[1], optics_.FocusNow(arrival)}, arrival);
+        if (landing) {
+            landings_.Take(*landing);
+        }
+        if (listener_ != nullptr) {
+            listener_->Arrived(index, arrival, landing);
+        }
     }
 }
 

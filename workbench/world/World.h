@@ -4,10 +4,14 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <optional>
 
 #include "core/ground/Positions.h"
+#include "workbench/world/Cell.h"
 #include "workbench/world/Geometry.h"
+#include "workbench/world/Landing.h"
 #include "workbench/world/Microscope.h"
+#include "workbench/world/Needle.h"
 #include "workbench/world/ShaftContact.h"
 #include "workbench/world/Travel.h"
 
@@ -16,8 +20,6 @@ namespace workbench {
 // Counts that a manipulator can reach, on every axis.
 inline constexpr std::int32_t LowestCount = 0;
 inline constexpr std::int32_t HighestCount = 25000;
-// Speed of a manipulator on the axis with the longest way.
-inline constexpr double NeedleCountsPerMillisecond = 4.0;
 // The counts, on all three axes, at which a needle of the default mounts has its tip on the centre of
 // the view while the mirror is at (0, 0) and the focus at 0. Mid-range: 900 common units to each side
 // ask for 1273 counts at most, and Z reaches 12500 units up and down.
@@ -31,16 +33,6 @@ Mount HomedMount(double heading, double yaw = 0.0, double tilt = 0.0);
 // Headings 45, 135, 225 and 315 degrees for needles 0 to 3.
 Mount DefaultMount(std::int32_t needle);
 
-// A cell in the dish: at a place that whole mirror counts can reach.
-struct Cell {
-    std::int32_t mirrorX = 0;
-    std::int32_t mirrorY = 0;
-    double z = 0.0;       // common units
-    double radius = 0.0;  // common units
-
-    Vector Place() const;
-};
-
 // Two shafts that met in plan view. Needles are 0-based, needleA below needleB.
 struct Crossing {
     std::int32_t needleA = 0;
@@ -49,16 +41,32 @@ struct Crossing {
     PlanPoint place{};  // where, in common units
 };
 
+// Who sends a needle somewhere.
+enum class MovedBy { Hand, Driver };
+
 // Needle indices are 0 to 3 everywhere (travo::BoundsFailure beyond). Times never run back: an
 // earlier time than one already told counts as that one where something is changed.
 class World {
 public:
+    // Who wants to know what happens, as soon as the world's time has passed over it.
+    class Listener {
+    public:
+        virtual ~Listener() = default;
+        virtual void Crossed(const Crossing& crossing) = 0;
+        // A needle that the driver sent has come to rest, and perhaps landed.
+        virtual void Arrived(std::int32_t needle, Time time, const std::optional<Landing>& landing) = 0;
+    };
+
     // All four needles connected, on their default mounts, at rest and pulled back.
     World();
 
-    static const std::array<Cell, 6>& Cells();
+    static const std::array<Cell, 6>& Cells() { return CellsInTheDish; }
 
-    // Lets time pass: what the shafts do until then is taken into the list of crossings.
+    // One listener, or none; it must outlive the world or be taken back.
+    void Listen(Listener* listener) { listener_ = listener; }
+
+    // Lets time pass: what the shafts do until then is taken into the list of crossings, and who has come to
+    // rest into the landings.
     void Advance(Time now);
 
     // What the needles are seen through. It knows nothing of them.
@@ -66,18 +74,26 @@ public:
     const Microscope& Optics() const { return optics_; }
 
     // Starts a needle towards whole counts. travo::BoundsFailure, and nothing moves, where a count
-    // lies outside LowestCount to HighestCount.
-    void MoveNeedle(std::int32_t needle, const travo::PositionXYZ& counts, Time now);
+    // lies outside LowestCount to HighestCount. What the driver sends may land; a hand takes it from the
+    // driver.
+    void MoveNeedle(std::int32_t needle, const travo::PositionXYZ& counts, Time now,
+                    MovedBy by = MovedBy::Hand);
     // The same by a distance from the present counts; the needle stops at the ends of its range.
     void JogNeedle(std::int32_t needle, const travo::PositionXYZ& distance, Time now);
     // Puts a needle's manipulator on another mount; its counts stay.
     void MountNeedle(std::int32_t needle, const Mount& mount, Time now);
     const Mount& MountOf(std::int32_t needle) const;
+    // Makes a needle differ from what its counts say, or perfect again.
+    void SpoilNeedle(std::int32_t needle, const Imperfections& imperfections, Time now);
+    const Imperfections& ImperfectionsOf(std::int32_t needle) const;
 
+    // The counts of its drive, which tell where the tip is only if the needle is perfect.
     travo::PositionXYZ CountsNow(std::int32_t needle, Time now) const;
     bool NeedleMoves(std::int32_t needle, Time now) const;
     Vector TipNow(std::int32_t needle, Time now) const;
-    // Where the tip is going: where it is, for a needle at rest.
+    // The way that the drive still has to go.
+    Time TimeToGo(std::int32_t needle, Time now) const;
+    // Where the tip is going: where it is, for a needle at rest. A drift is counted up to then.
     Vector TipAtRest(std::int32_t needle) const;
     Shaft ShaftNow(std::int32_t needle, Time now) const;
 
@@ -95,17 +111,16 @@ public:
     // How many pairs are crossed at the last time told.
     std::int32_t PairsCrossed() const;
 
-private:
-    struct Needle {
-        Mount mount;
-        Travel travel;
-    };
+    const Landings& NeedleLandings() const { return landings_; }
+    void ForgetLandings() { landings_.Forget(); }
 
+private:
     const Needle& NeedleAt(std::int32_t needle) const;
     Needle& NeedleAt(std::int32_t needle);
     MovingShaft MovingShaftOf(std::size_t needle, Time from, Time to) const;
     void ObservePair(std::size_t a, std::size_t b, Time from, Time to);
     void ObserveAll(Time from, Time to);
+    void TakeArrivals();
 
     Microscope optics_;
     std::array<Needle, travo::NeedleCount> needles_;
@@ -114,6 +129,9 @@ private:
     std::array<std::array<bool, travo::NeedleCount>, travo::NeedleCount> crossed_{};
     std::deque<Crossing> crossings_;
     std::int64_t crossingsInAll_ = 0;
+    std::array<bool, travo::NeedleCount> sentByDriver_{};
+    Landings landings_;
+    Listener* listener_ = nullptr;
 };
 
 }  // namespace workbench

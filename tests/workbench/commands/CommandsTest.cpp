@@ -159,7 +159,7 @@ TEST(Commands, AShutdownIsAskedFor) {
     Desk desk;
     EXPECT_FALSE(desk.commands.ShutdownWanted());
     EXPECT_EQ(desk.Ask("ping"), "ok");
-    EXPECT_EQ(desk.Ask("shutdown now"), "error there are too many words");
+    EXPECT_EQ(desk.Ask("shutdown now"), "error nothing may follow \"shutdown\"");
     EXPECT_FALSE(desk.commands.ShutdownWanted());
     EXPECT_EQ(desk.Ask("shutdown"), "ok");
     EXPECT_TRUE(desk.commands.ShutdownWanted());

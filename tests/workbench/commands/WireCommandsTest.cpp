@@ -90,8 +90,8 @@ TEST(WireCommands, EveryFaultIsListedWhileItIsOnAndClearEndsThemAll) {
          {"fault mirror error 8", " mirror:error"},
          {"fault mirror error 5 always", " mirror:error"},
          {"fault mirror fields 7 3", " mirror:fields"},
-         {"fault mirror limit x on", " mirror:limit"},
-         {"fault mirror limit y on", " mirror:limit"},
+         {"fault mirror limit x on", " mirror:limit mirror:limitx"},
+         {"fault mirror limit y on", " mirror:limit mirror:limity"},
          {"fault motor refuse", " motor:refuse"},
          {"fault motor refuse always", " motor:refuse"},
          {"fault gauge garbage on", " gauge:garbage"}}};

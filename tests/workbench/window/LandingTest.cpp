@@ -59,7 +59,8 @@ TEST(Landing, TheHeightIsAboveBelowOrAtItsHeight) {
 TEST(Landing, TheDetailIsShortenedFromItsEnd) {
     const QString whole = LandingDetail(Landed());
     EXPECT_EQ(LandingDetail(Landed(), Letters, Letters(whole)), whole);
-    EXPECT_EQ(LandingDetail(Landed(), Letters, Letters(whole) - 1), QStringLiteral("units · needle 1 on cell 4 · 0.2 above"));
+    EXPECT_EQ(LandingDetail(Landed(), Letters, Letters(whole) - 1),
+              QStringLiteral("units · needle 1 on cell 4 · 0.2 above"));
     EXPECT_EQ(LandingDetail(Landed(), Letters, 30), QStringLiteral("units · needle 1 on cell 4"));
     EXPECT_EQ(LandingDetail(Landed(), Letters, 1), QStringLiteral("units"));
 }

@@ -66,8 +66,9 @@ TEST(PlanReadout, AClickTellsOfACrossingATipACellOrAShaft) {
     PutTip(scene, 1, {0.0, 0.0, 12.0});
     scene.crossings.push_back({1, 2, 5000.0, {100.0, 0.0}});
     const auto told = [&](const QPointF& place) { return ToldText(scene, Plan, Plan.Pixel(place)); };
-    EXPECT_EQ(told({100.0, 0.0}), QStringLiteral("crossing of 1 and 2 at %1: X 100.0   Y 0.0")
-                                      .arg(ClockText(scene.beganAt, 5000.0)));
+    EXPECT_EQ(
+        told({100.0, 0.0}),
+        QStringLiteral("crossing of 1 and 2 at %1: X 100.0   Y 0.0").arg(ClockText(scene.beganAt, 5000.0)));
     EXPECT_EQ(told({0.0, 0.0}), QStringLiteral("needle 1: X 0.0   Y 0.0   Z 12.0"));
     EXPECT_EQ(told({-470.0, 190.7}),
               QStringLiteral("cell 4: X −470.0   Y 190.7   Z 0.0   radius 13   mirror 94, −38"));
@@ -78,11 +79,13 @@ TEST(PlanReadout, AClickTellsOfACrossingATipACellOrAShaft) {
 TEST(PlanReadout, InWordsThePlanIsPickedTipTargetsAndCrossings) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {-72.0, 52.0, 4.0});
-    EXPECT_EQ(PlanDescription(scene), QStringLiteral("Picked needle 1: X −72.0, Y 52.0, Z 4.0. No crossings."));
+    EXPECT_EQ(PlanDescription(scene),
+              QStringLiteral("Picked needle 1: X −72.0, Y 52.0, Z 4.0. No crossings."));
     test::SendTip(scene, 2, {10.0, 20.0, 0.0});
     scene.crossingsInAll = 2;
-    EXPECT_EQ(PlanDescription(scene), QStringLiteral("Picked needle 1: X −72.0, Y 52.0, Z 4.0. Needle 2 goes to X "
-                                                     "10.0, Y 20.0. 2 crossings."));
+    EXPECT_EQ(PlanDescription(scene),
+              QStringLiteral("Picked needle 1: X −72.0, Y 52.0, Z 4.0. Needle 2 goes to X "
+                             "10.0, Y 20.0. 2 crossings."));
 }
 
 }  // namespace workbench

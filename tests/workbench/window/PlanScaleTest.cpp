@@ -111,7 +111,8 @@ TEST(PlanFollow, AllShowsEveryTipAnd800UnitsOfEachShaft) {
     const QRectF visible = plan.Sight().visible.adjusted(-1e-6, -1e-6, 1e-6, 1e-6);
     for (int number = 1; number <= 4; ++number) {
         EXPECT_TRUE(visible.contains(test::HeadingOf(number) * -3800.0)) << number;
-        EXPECT_FALSE(QRectF(visible).adjusted(0, 5, 0, -5).contains(test::HeadingOf(number) * -3800.0)) << number;
+        EXPECT_FALSE(QRectF(visible).adjusted(0, 5, 0, -5).contains(test::HeadingOf(number) * -3800.0))
+            << number;
     }
 }
 

@@ -75,7 +75,8 @@ TEST_F(Traffic, ThePolledLineShowsTheLatestValue) {
 }
 
 TEST_F(Traffic, APollThatIsNotAnsweredIsCountedAsWell) {
-    Take({Record("gauge", "in", "Ar\\r\\n"), Record("gauge", "in", "Ar\\r\\n"), Record("gauge", "in", "Ar\\r\\n")});
+    Take({Record("gauge", "in", "Ar\\r\\n"), Record("gauge", "in", "Ar\\r\\n"),
+          Record("gauge", "in", "Ar\\r\\n")});
     ASSERT_EQ(model.rowCount(), 1);
     EXPECT_EQ(Meaning(0), "asks for a reading, asked 3 times");
     EXPECT_EQ(model.LineAt(0).way, Way::ToInstrument);
@@ -92,7 +93,8 @@ TEST_F(Traffic, PositionsOfOneNeedleFoldAndAnotherNeedleBeginsAnew) {
 }
 
 TEST_F(Traffic, StatusLinesFoldWhileOnlyThePlaceChanges) {
-    Take({Record("mirror", "out", "sSAA1,0,0,1,2,0,0,0\\r\\n"), Record("mirror", "out", "sSAA5,0,0,1,2,0,0,0\\r\\n")});
+    Take({Record("mirror", "out", "sSAA1,0,0,1,2,0,0,0\\r\\n"),
+          Record("mirror", "out", "sSAA5,0,0,1,2,0,0,0\\r\\n")});
     ASSERT_EQ(model.rowCount(), 1);
     EXPECT_EQ(Meaning(0), "status: 5, 0, 2×, motors on, came 2 times");
     Take({Record("mirror", "out", "sSAA5,0,0,0,2,0,0,0\\r\\n")});
@@ -139,8 +141,8 @@ TEST_F(Traffic, TwentyLinesBelowItBeginANewOne) {
 }
 
 TEST_F(Traffic, AnswersHeldBackAtAPollShareOneRedLine) {
-    Take({Record("gauge", "event", "silent A+00.000\\r\\n"), Record("gauge", "event", "silent A+00.001\\r\\n"),
-          Record("motor", "event", "silent A\\r")});
+    Take({Record("gauge", "event", "silent A+00.000\\r\\n"),
+          Record("gauge", "event", "silent A+00.001\\r\\n"), Record("motor", "event", "silent A\\r")});
     ASSERT_EQ(model.rowCount(), 2);
     EXPECT_EQ(Meaning(0), "the answer is held back: fault Silent, came 2 times");
     EXPECT_TRUE(model.LineAt(0).bad);
@@ -231,9 +233,11 @@ TEST_F(Traffic, CopyGivesSelectedLinesOrAllAsTabSeparatedText) {
           Record("world", "event", "arrived 3")});
     const QString at = model.TimeText(model.LineAt(0));
     EXPECT_TRUE(at.endsWith(QStringLiteral(".001")));
-    EXPECT_EQ(model.CopyText({1}), at + QStringLiteral("\tMirror\tfrom\tnD2A8\trefused: error 8, unknown error\n"));
-    EXPECT_EQ(model.CopyText(), at + QStringLiteral("\tMirror\tto\tcD2A94\ttilt X to 94\n") + model.CopyText({1}) +
-                                    at + QStringLiteral("\tDriver\tevent\tarrived\tneedle 3 has arrived\n"));
+    EXPECT_EQ(model.CopyText({1}),
+              at + QStringLiteral("\tMirror\tfrom\tnD2A8\trefused: error 8, unknown error\n"));
+    EXPECT_EQ(model.CopyText(), at + QStringLiteral("\tMirror\tto\tcD2A94\ttilt X to 94\n") +
+                                    model.CopyText({1}) + at +
+                                    QStringLiteral("\tDriver\tevent\tarrived\tneedle 3 has arrived\n"));
 }
 
 }  // namespace workbench

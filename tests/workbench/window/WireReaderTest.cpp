@@ -76,33 +76,35 @@ TEST(WireReader, TheStatusLineSaysPlaceObjectiveMotorsAndLimits) {
 }
 
 TEST(WireReader, ARefusalOfTheMirrorSaysItsErrorInItsOwnWords) {
-    ExpectRows({{"mirror", "out", "nD2A1\\r\\n", "nD2A1", "refused: error 1, command error", true},
-                {"mirror", "out", "nD2A2\\r\\n", "nD2A2", "refused: error 2, parametar error", true},
-                {"mirror", "out", "nD2A3\\r\\n", "nD2A3", "refused: error 3, timeout error", true},
-                {"mirror", "out", "nD2A4\\r\\n", "nD2A4", "refused: error 4, reception buffer overflow", true},
-                {"mirror", "out", "nD2A5\\r\\n", "nD2A5", "refused: error 5, PCL error", true},
-                {"mirror", "out", "nD2A6\\r\\n", "nD2A6", "refused: error 6, command overflow", true},
-                {"mirror", "out", "nD2A7\\r\\n", "nD2A7", "refused: error 7, processing prohibition error", true},
-                {"mirror", "out", "nD2A8\\r\\n", "nD2A8", "refused: error 8, unknown error", true},
-                {"mirror", "out", "nD2A9\\r\\n", "nD2A9", "refused: error 9", true}});
+    ExpectRows(
+        {{"mirror", "out", "nD2A1\\r\\n", "nD2A1", "refused: error 1, command error", true},
+         {"mirror", "out", "nD2A2\\r\\n", "nD2A2", "refused: error 2, parametar error", true},
+         {"mirror", "out", "nD2A3\\r\\n", "nD2A3", "refused: error 3, timeout error", true},
+         {"mirror", "out", "nD2A4\\r\\n", "nD2A4", "refused: error 4, reception buffer overflow", true},
+         {"mirror", "out", "nD2A5\\r\\n", "nD2A5", "refused: error 5, PCL error", true},
+         {"mirror", "out", "nD2A6\\r\\n", "nD2A6", "refused: error 6, command overflow", true},
+         {"mirror", "out", "nD2A7\\r\\n", "nD2A7", "refused: error 7, processing prohibition error", true},
+         {"mirror", "out", "nD2A8\\r\\n", "nD2A8", "refused: error 8, unknown error", true},
+         {"mirror", "out", "nD2A9\\r\\n", "nD2A9", "refused: error 9", true}});
     EXPECT_TRUE(MeaningOf(Record("mirror", "out", "nD2A7\\r\\n")).refusal);
     EXPECT_FALSE(MeaningOf(Record("mirror", "out", "oD2A7\\r\\n")).refusal);
 }
 
 TEST(WireReader, WhatTheMotorIsAskedForAndAnswers) {
-    ExpectRows({{"motor", "in", "RELMOVEZ1000\\r", "RELMOVEZ1000", "focus up by 10"},
-                {"motor", "in", "RELMOVEZ-1050\\r", "RELMOVEZ-1050", "focus down by 10.5"},
-                {"motor", "in", "RZ1000\\r", "RZ1000", "focus up by 10"},
-                {"motor", "in", "RZ-1\\r", "RZ-1", "focus down by 0.01"},
-                {"motor", "in", "MOVEZ500\\r", "MOVEZ500", "focus to 500"},
-                {"motor", "in", "HALT\\r", "HALT", "stop"},
-                {"motor", "in", "ZERO\\r", "ZERO", "here is 0"},
-                {"motor", "in", "WHEREZ\\r", "WHEREZ", "where is Z?"},
-                {"motor", "in", "WHO\\r", "WHO", "who are you?"},
-                {"motor", "out", "A\\r", "A", "done"},
-                {"motor", "out", "A120\\r", "A120", "Z is 120"},
-                {"motor", "out", "ARemote Drive Accessory\\r", "ARemote Drive Accessory", "Remote Drive Accessory"},
-                {"motor", "out", "N\\r", "N", "refused", true}});
+    ExpectRows(
+        {{"motor", "in", "RELMOVEZ1000\\r", "RELMOVEZ1000", "focus up by 10"},
+         {"motor", "in", "RELMOVEZ-1050\\r", "RELMOVEZ-1050", "focus down by 10.5"},
+         {"motor", "in", "RZ1000\\r", "RZ1000", "focus up by 10"},
+         {"motor", "in", "RZ-1\\r", "RZ-1", "focus down by 0.01"},
+         {"motor", "in", "MOVEZ500\\r", "MOVEZ500", "focus to 500"},
+         {"motor", "in", "HALT\\r", "HALT", "stop"},
+         {"motor", "in", "ZERO\\r", "ZERO", "here is 0"},
+         {"motor", "in", "WHEREZ\\r", "WHEREZ", "where is Z?"},
+         {"motor", "in", "WHO\\r", "WHO", "who are you?"},
+         {"motor", "out", "A\\r", "A", "done"},
+         {"motor", "out", "A120\\r", "A120", "Z is 120"},
+         {"motor", "out", "ARemote Drive Accessory\\r", "ARemote Drive Accessory", "Remote Drive Accessory"},
+         {"motor", "out", "N\\r", "N", "refused", true}});
     EXPECT_TRUE(MeaningOf(Record("motor", "out", "N\\r")).refusal);
 }
 
@@ -122,39 +124,41 @@ TEST(WireReader, WhatTheGaugeIsAskedForAndAnswers) {
 }
 
 TEST(WireReader, CallsOfTheDriverWithTheirAnswers) {
-    ExpectRows({{"driver", "call", "getposition = 0 2 9900 12500 12500", "getposition", "9900 12500 12500"},
-                {"driver", "call", "getcount = 0 4", "getcount", "4 connected"},
-                {"driver", "call", "reconnect = 0", "reconnect", "status 0"},
-                {"driver", "call", "select 1 = 0 1", "select 1", "needle 1, answer 1"},
-                {"driver", "call", "select 4 = 0 0", "select 4", "needle 4, answer 0"},
-                {"driver", "call", "moveto 9900 12500 12500 = 0 1 0.700", "moveto 9900 12500 12500",
-                 "needle 1, 0.7 s to go"},
-                {"driver", "call", "getcount = -1", "getcount", "refused: status −1, made to fail", true},
-                {"driver", "call", "getposition = -2", "getposition", "refused: status −2, not connected", true},
-                {"driver", "call", "moveto 1 2 30000 = -3", "moveto 1 2 30000",
-                 "refused: status −3, a target outside 0 to 25000", true}});
+    ExpectRows(
+        {{"driver", "call", "getposition = 0 2 9900 12500 12500", "getposition", "9900 12500 12500"},
+         {"driver", "call", "getcount = 0 4", "getcount", "4 connected"},
+         {"driver", "call", "reconnect = 0", "reconnect", "status 0"},
+         {"driver", "call", "select 1 = 0 1", "select 1", "needle 1, answer 1"},
+         {"driver", "call", "select 4 = 0 0", "select 4", "needle 4, answer 0"},
+         {"driver", "call", "moveto 9900 12500 12500 = 0 1 0.700", "moveto 9900 12500 12500",
+          "needle 1, 0.7 s to go"},
+         {"driver", "call", "getcount = -1", "getcount", "refused: status −1, made to fail", true},
+         {"driver", "call", "getposition = -2", "getposition", "refused: status −2, not connected", true},
+         {"driver", "call", "moveto 1 2 30000 = -3", "moveto 1 2 30000",
+          "refused: status −3, a target outside 0 to 25000", true}});
     EXPECT_TRUE(MeaningOf(Record("driver", "call", "getcount = -1")).refusal);
     EXPECT_FALSE(MeaningOf(Record("driver", "call", "select 4 = 0 0")).refusal);
 }
 
 TEST(WireReader, EventsOfPortsFaultsAndTheWorld) {
-    ExpectRows({{"mirror", "note", "open", "open", "the port was opened"},
-                {"mirror", "note", "shut", "shut", "the port was shut"},
-                {"gauge", "note", "cable out", "cable out", "the cable was pulled out: fault Cable out", true},
-                {"gauge", "note", "cable in", "cable in", "the cable was plugged in"},
-                {"motor", "event", "silent A\\r", "silent A", "the answer is held back: fault Silent", true},
-                {"gauge", "event", "garbled A+00.123\\r\\n", "garbled A+00.123",
-                 "one byte of this line was changed: fault Garble", true},
-                {"gauge", "event", "cut A+00.123\\r\\n", "cut A+00.123",
-                 "the end of this line was lost: fault Cut", true},
-                {"motor", "event", "noise 20", "noise 20", "20 bytes of any value: fault Noise", true},
-                {"motor", "event", "flood 200", "flood 200", "200 lines that nobody asked for: fault Flood", true},
-                {"world", "event", "crossing 1 2 64.100 -31.400", "crossing",
-                 "shafts 1 and 2 met at X 64, Y −31", true},
-                {"world", "event", "arrived 1 4 1.117 0.000", "arrived", "needle 1 landed 1.1 from cell 4"},
-                {"world", "event", "arrived 1 0 1.117 0.000", "arrived",
-                 "needle 1 landed 1.1 from the centre of the view"},
-                {"world", "event", "arrived 3", "arrived", "needle 3 has arrived"}});
+    ExpectRows(
+        {{"mirror", "note", "open", "open", "the port was opened"},
+         {"mirror", "note", "shut", "shut", "the port was shut"},
+         {"gauge", "note", "cable out", "cable out", "the cable was pulled out: fault Cable out", true},
+         {"gauge", "note", "cable in", "cable in", "the cable was plugged in"},
+         {"motor", "event", "silent A\\r", "silent A", "the answer is held back: fault Silent", true},
+         {"gauge", "event", "garbled A+00.123\\r\\n", "garbled A+00.123",
+          "one byte of this line was changed: fault Garble", true},
+         {"gauge", "event", "cut A+00.123\\r\\n", "cut A+00.123", "the end of this line was lost: fault Cut",
+          true},
+         {"motor", "event", "noise 20", "noise 20", "20 bytes of any value: fault Noise", true},
+         {"motor", "event", "flood 200", "flood 200", "200 lines that nobody asked for: fault Flood", true},
+         {"world", "event", "crossing 1 2 64.100 -31.400", "crossing", "shafts 1 and 2 met at X 64, Y −31",
+          true},
+         {"world", "event", "arrived 1 4 1.117 0.000", "arrived", "needle 1 landed 1.1 from cell 4"},
+         {"world", "event", "arrived 1 0 1.117 0.000", "arrived",
+          "needle 1 landed 1.1 from the centre of the view"},
+         {"world", "event", "arrived 3", "arrived", "needle 3 has arrived"}});
 }
 
 TEST(WireReader, AnythingElseIsNotKnown) {

@@ -35,8 +35,9 @@ void ExpectPlates(const Window& window, const std::vector<QRect>& expected) {
     ASSERT_EQ(plates.size(), expected.size());
     for (std::size_t plate = 0; plate < plates.size(); ++plate) {
         const QRect& found = plates[plate].second;
-        EXPECT_EQ(found, expected[plate]) << window.name << ", " << plates[plate].first << ": " << found.x() << ", "
-                                          << found.y() << ", " << found.width() << ", " << found.height();
+        EXPECT_EQ(found, expected[plate])
+            << window.name << ", " << plates[plate].first << ": " << found.x() << ", " << found.y() << ", "
+            << found.width() << ", " << found.height();
     }
 }
 
@@ -140,7 +141,8 @@ TEST(WorkbenchLayout, NoTwoPlatesOverlapAndNoneLeavesTheWindow) {
                 EXPECT_TRUE(plates[a].second.isNull() || QRect({0, 0}, size).contains(plates[a].second))
                     << plates[a].first;
                 for (std::size_t b = a + 1; b < plates.size(); ++b) {
-                    const bool shareATab = layout.HasTabs() && (plates[a].first == "mirror" || plates[b].first == "mirror");
+                    const bool shareATab =
+                        layout.HasTabs() && (plates[a].first == "mirror" || plates[b].first == "mirror");
                     EXPECT_TRUE(shareATab || !plates[a].second.intersects(plates[b].second))
                         << plates[a].first << " and " << plates[b].first;
                 }

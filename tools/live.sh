@@ -20,10 +20,9 @@ bench=$!
     echo "The workbench does not answer." >&2
     exit 1
 }
-# The first start finds the needles calibrated and the ports known; later starts keep what the operator
-# has stored.
-[ -e "$build/TRAVO/KVData.ini" ] ||
-    "$build/workbench/workbench-ask" write-settings ports "$build/TRAVO/KVData.ini"
+# The first start finds the needles calibrated, the ports known and the windows apart; later starts keep what
+# the operator has stored.
+[ -e "$build/TRAVO/KVData.ini" ] || "$build/workbench/workbench-ask" as-new
 tools/live-service.sh "$own" "$build/TRAVO" >/dev/null
 echo "The workbench runs; TRAVO starts on it."
 XDG_DATA_DIRS="$own:${XDG_DATA_DIRS:-/usr/local/share:/usr/share}" \

@@ -7,6 +7,7 @@
 #include "workbench/tour/CalibrationPanelAct.h"
 #include "workbench/tour/CalibrationPlay.h"
 #include "workbench/tour/Handling.h"
+#include "workbench/tour/ImperfectionAct.h"
 #include "workbench/tour/Report.h"
 
 namespace workbench::tour {
@@ -108,6 +109,7 @@ void PlayCalibrationAct(Stage& stage) {
     PlayCalibrations(play, DefaultSettings);
     Restart(play);
     PlayCalibratedLandings(play, DefaultCells, true);
+    PlayImperfectLandings(play);
     PrintHeading("The same with free mounts and views off the centre: no limit, and what it costs");
     PlayCalibrations(play, FreeSettings);
     Restart(play);

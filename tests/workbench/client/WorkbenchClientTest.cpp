@@ -94,8 +94,10 @@ TEST(WorkbenchClient, ARefusedCommandIsAFailureThatTellsWhy) {
         client.Move(9, {0, 0, 0});
         FAIL() << "needle 9 moved";
     } catch (const travo::Failure& failure) {
-        EXPECT_STREQ(failure.what(),
-                     "the workbench refused \"world move 9 0 0 0\": needles are numbered 1 to 4");
+        EXPECT_STREQ(
+            failure.what(),
+            "the workbench refused \"world move 9 0 0 0\": \"world move\" is to be followed by <needle> (1 "
+            "to 4), not \"9\"");
     }
     EXPECT_NO_THROW(client.Move(1, {0, 0, 0}));
 }

@@ -78,6 +78,21 @@ TEST(ScoreCommands, ALandingInTheViewIsOnCellZero) {
     EXPECT_EQ(desk.Ask("world landing", 5000), "ok 1 3.000 1 0 3.000 -5.000 1750.750 0.000 0.000");
 }
 
+TEST(ScoreCommands, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeIt) {
+    Desk desk;
+    desk.Ask("driver moveto 12429 12429 12500", 0);
+    desk.Ask("mirror move 180 0", 682);
+    // The needle has come to rest at X -100 after 732 ms, the view passing over it; nobody has looked since.
+    desk.instruments.WireOf(WireName::Mirror).Receive("cD2A0\r", milliseconds(800));
+    std::istringstream words(desk.Ask("world landing", 5000));
+    std::string ok;
+    std::int64_t inAll = 0;
+    double worst = 0.0;
+    words >> ok >> inAll >> worst;
+    EXPECT_EQ(inAll, 1);
+    EXPECT_LT(worst, 2.0);
+}
+
 TEST(ScoreCommands, DriverCallsAndWhatBecomesOfThemAreTraffic) {
     Desk desk;
     desk.Ask("driver getposition", 1);

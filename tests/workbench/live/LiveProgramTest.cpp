@@ -290,6 +290,27 @@ TEST_F(LiveProgramTest, AnAnnouncementThatIsMadeToFailKillsTheObject) {
     EXPECT_TRUE(desk_->state.LiveOpen);
 }
 
+TEST_F(LiveProgramTest, TheWorkbenchHandsCommandsOnAndOneThatHangsTakesThemUpLater) {
+    const WorkbenchProcess bench;
+    ASSERT_TRUE(bench.Ready());
+    WorkbenchClient world;
+    EXPECT_EQ(world.Ask("camera running"), "0");
+    Open();
+    EXPECT_EQ(world.Ask("camera running"), "1");
+    world.Ask("camera hide");
+    EXPECT_TRUE(Told("WindowHide"));
+    world.Ask("camera fail 1");
+    desk_->link.LiveActionStart();
+    EXPECT_TRUE(Told("Died"));
+    desk_->Click(true);
+    world.Ask("camera hang 1");
+    world.Ask("camera close");
+    EXPECT_EQ(world.Ask("camera running"), "1");
+    EXPECT_TRUE(Told("WindowClose"));
+    EXPECT_TRUE(ServeUntil([&] { return world.Ask("camera running") == "0"; }));
+    EXPECT_THROW(world.Ask("camera kill"), travo::Failure);
+}
+
 TEST_F(LiveProgramTest, RefusesCommandsThatItDoesNotKnow) {
     Open();
     for (const char* const line : {"", "dance", "hang", "hang -1", "hang 1e9", "fail -1", "fail x"}) {

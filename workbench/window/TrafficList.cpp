@@ -42,6 +42,16 @@ bool IsTyped(const QKeyEvent& event) {
            !event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
 }
 
+// A light bar without arrows, as quiet as the plate.
+void StyleScrollBar(QScrollBar& bar) {
+    bar.setStyleSheet(QStringLiteral("QScrollBar:vertical { background: %1; width: 10px; margin: 0; }"
+                                     "QScrollBar::handle:vertical { background: %2; border-radius: 4px;"
+                                     " min-height: 24px; margin: 1px; }"
+                                     "QScrollBar::handle:vertical:hover { background: %3; }"
+                                     "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }")
+                          .arg(palette::Field.name(), palette::Hair.name(), palette::Edge.name()));
+}
+
 }  // namespace
 
 TrafficList::TrafficList(TrafficModel& model, QWidget* parent)
@@ -57,6 +67,7 @@ TrafficList::TrafficList(TrafficModel& model, QWidget* parent)
     verticalScrollBar()->setSingleStep(TrafficRow::Height);
     setFrameShape(QFrame::NoFrame);
     setViewportMargins(1, 3, 1, 3);
+    StyleScrollBar(*verticalScrollBar());
 }
 
 void TrafficList::ShowSmall(bool small) {

@@ -5,12 +5,14 @@
 #include "workbench/window/BenchFace.h"
 #include "workbench/window/BenchPalette.h"
 #include "workbench/window/BenchType.h"
+#include "workbench/window/TrafficRow.h"
 
 namespace workbench {
 
 namespace {
 constexpr int ListTop = 36;
 constexpr int ListMargin = 8;
+constexpr int ListPadding = 3;  // above the first line and below the last one
 }  // namespace
 
 TrafficPlate::TrafficPlate(QWidget* parent)
@@ -89,7 +91,10 @@ void TrafficPlate::Place() {
     copy_->setGeometry(small_ ? QRect(right - 72, 5, 60, 22) : QRect(right - 134, 6, 58, 24));
     clear_->setGeometry(right - 72, 6, 60, 24);
     clear_->setVisible(!small_);
-    list_->setGeometry(ListPlace().adjusted(1, 1, -1, -1));
+    // Whole lines only: none is cut at the top when the list stands at its end.
+    const QRect list = ListPlace().adjusted(1, 1, -1, -1);
+    const int lines = (list.height() - 2 * ListPadding) / TrafficRow::Height;
+    list_->setGeometry(list.x(), list.y(), list.width(), lines * TrafficRow::Height + 2 * ListPadding);
 }
 
 void TrafficPlate::resizeEvent(QResizeEvent*) { Place(); }

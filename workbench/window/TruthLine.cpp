@@ -26,6 +26,16 @@ QString BarLabel(double scale) {
 
 QFont ReadoutFont(bool pointer) { return TextFont(type::Small, pointer ? QFont::DemiBold : QFont::Normal); }
 
+// The hint, or as many of its sentences as there is room for.
+QString HintFor(double room) {
+    const QFont font = ReadoutFont(false);
+    QString hint = ReadoutHint();
+    while (!hint.isEmpty() && WidthOf(font, hint) > room) {
+        hint = hint.left(hint.lastIndexOf(QLatin1String(". ")) + 1);
+    }
+    return hint;
+}
+
 }  // namespace
 
 TruthLine::TruthLine(QWidget* parent) : QWidget(parent) {
@@ -84,10 +94,12 @@ QString TruthLine::Text() const {
     if (!told_.isEmpty()) {
         return told_;
     }
+    if (parts_.isEmpty()) {
+        return HintFor(Room());
+    }
     const QFont font = ReadoutFont(true);
-    return parts_.isEmpty() ? ReadoutHint()
-                            : ReadoutText(
-                                  parts_, [&](const QString& text) { return WidthOf(font, text); }, Room());
+    return ReadoutText(
+        parts_, [&](const QString& text) { return WidthOf(font, text); }, Room());
 }
 
 double TruthLine::BarRight() const { return width() - heightsWidth_ - BarGap; }

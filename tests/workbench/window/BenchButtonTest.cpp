@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QTest>
+#include <vector>
 
 #include "workbench/window/BenchPalette.h"
 #include "workbench/window/BenchPush.h"

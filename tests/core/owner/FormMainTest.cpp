@@ -49,6 +49,18 @@ TEST_F(FormMainTest, LoadSelectsTheExperimentPanelWithoutStoppingTheWatchesJustS
     EXPECT_EQ(running, 3);
 }
 
+TEST_F(FormMainTest, TabsAndPanelsAreLaidOutBeforeAnyWindowIsOnShow) {
+    QRect panel;
+    profile_.whileRead = [&](const QString& place) {
+        if (place == QStringLiteral("Window|1")) {
+            EXPECT_FALSE(window_->isVisible());
+            panel = PanelOf<CtlExperiment2>(*window_).geometry();
+        }
+    };
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(panel, QRect(18, 88, 486, 520));
+}
+
 TEST_F(FormMainTest, MinimisingIsNoChangeOfPanel) {
     WriteSettings("[COMPort]\r\nMirror=1\r\n");
     ASSERT_TRUE(Start());
@@ -137,6 +149,19 @@ TEST_F(FormMainTest, TheDesignSizeIsTheSmallest) {
     ASSERT_TRUE(Start());
     window_->resize(300, 200);
     EXPECT_EQ(window_->size(), QSize(520, 624));
+}
+
+TEST_F(FormMainTest, OnAScaledDisplayTheSmallestSizeAndThatOfTheSizeButtonAreScaled) {
+    display_.vertical = 15.0 * 1.25;
+    display_.horizontal = 15.0 * 1.25;
+    ASSERT_TRUE(Start());
+    const QSize scaled(650, 780);
+    EXPECT_EQ(window_->minimumSize(), scaled) << "the window system is told";
+    window_->resize(800, 900);
+    QTest::mouseClick(
+        window_->findChild<QWidget*>(QStringLiteral("usrKVButton1"), Qt::FindDirectChildrenOnly),
+        Qt::LeftButton);
+    EXPECT_EQ(window_->size(), scaled);
 }
 
 TEST_F(FormMainTest, AMagnificationIsToldToTheCameraThatIsOpen) {
@@ -273,6 +298,19 @@ TEST_F(FormMainTest, AStartThatFailsShowsNoWindow) {
     driver_.failing = {"DriverGetCount"};
     EXPECT_FALSE(Start());
     EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(FormMainTest, AStartThatFailsBehindTheStartOfTheLoopReadsNoNeedleAnyMore) {
+    profile_.whileRead = [](const QString& place) {
+        if (place == QStringLiteral("Manipulator Calibration:3|Center,XYZ:2")) {
+            throw std::runtime_error("the store is gone");
+        }
+    };
+    EXPECT_FALSE(Start());
+    EXPECT_EQ(boxes_.Texts(), QStringList{QStringLiteral("Error : Load")});
+    journal_.clear();
+    timers_.created.at(0)->Fire();
+    EXPECT_TRUE(journal_.empty());
 }
 
 TEST_F(FormMainTest, TheEscapeKnowsThePresentZAtEachChangeOfTheView) {

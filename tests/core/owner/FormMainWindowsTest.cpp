@@ -110,6 +110,15 @@ TEST_F(FormMainWindowsTest, TheBirdsEyeViewComesBackAtItsHeightWithPanelAndLines
     EXPECT_TRUE(Windows().BirdView.LineONOff());
 }
 
+TEST_F(FormMainWindowsTest, TheSmallWindowsCloseWithTheMainWindow) {
+    ASSERT_TRUE(Start("[Window]\r\n1=0\r\n2=0\r\n3=0\r\n4=0\r\n"));
+    boxes_.answers = {platform::BoxAnswer::OK};
+    EXPECT_TRUE(window_->close());
+    for (const QWidget* const small : All()) {
+        EXPECT_FALSE(small->isVisible()) << small->objectName().toStdString();
+    }
+}
+
 TEST_F(FormMainWindowsTest, TheShiftOfTheStillComesBack) {
     ASSERT_TRUE(Start());
     window_->State().ShiftX = 0.125;

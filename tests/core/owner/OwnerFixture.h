@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -34,6 +35,9 @@ public:
     std::int32_t GetInt(const QString& section, const QString& key, std::int32_t defaultValue,
                         const QString& file) override {
         Note("read", section, key);
+        if (whileRead) {
+            whileRead(section + u'|' + key);
+        }
         return profile_.GetInt(section, key, defaultValue, file);
     }
     Names GetSectionNames(int size, const QString& file) override {
@@ -63,7 +67,8 @@ public:
     }
 
     bool failWrite = false;
-    int writtenAlone = 0;  // writes that each replaced the file
+    std::function<void(const QString&)> whileRead;  // runs before each number is read, with its place
+    int writtenAlone = 0;                           // writes that each replaced the file
 
 private:
     void Note(const char* what, const QString& section, const QString& key) {

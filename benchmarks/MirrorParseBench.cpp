@@ -50,6 +50,8 @@ public:
     // The last of the three that a status line brings.
     void ReceiveMotorData(std::int16_t ONOFF) override { reading.Take(x_, y_, ONOFF, magnification_); }
     void MotorErgoConnect(std::string_view) override {}
+    void PortLost(Instrument) override {}
+    void LineDropped(Instrument) override {}
 
     Reading reading;
 

@@ -92,8 +92,12 @@ void SwitchTo2x(PanelPlay& play) {
 
 void RequireMarks(Stage& stage, LiveClient& camera, const std::string& overlay) {
     // Nobody waits for the camera when it is told of them.
-    stage.WaitUntil([&] { return camera.Now().overlay == overlay; },
-                    "the camera does not show the marks " + overlay);
+    stage.WaitUntil(
+        [&] {
+            Require(stage.State().LiveOpen, "the camera is lost before it shows the marks " + overlay);
+            return camera.Now().overlay == overlay;
+        },
+        "the camera does not show the marks " + overlay);
 }
 
 void PlayCalibrationAct(Stage& stage) {

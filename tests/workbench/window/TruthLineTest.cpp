@@ -57,18 +57,22 @@ TEST(TruthLine, ARefusalStandsForItsTimeAndIsToldAsAnAlert) {
     TruthLine line;
     line.ShowPointer(Parts());
     alerts = 0;
+    QAccessible::setActive(true);
     const auto before = QAccessible::installUpdateHandler(CountAlerts);
     line.Refuse(QStringLiteral("the mirror's motors are off"));
     QAccessible::installUpdateHandler(before);
+    QAccessible::setActive(false);
+    EXPECT_EQ(alerts, 1);
     EXPECT_EQ(line.Text(), QStringLiteral("the mirror's motors are off"));
     EXPECT_EQ(line.accessibleDescription(), QStringLiteral("the mirror's motors are off"));
     EXPECT_EQ(TruthLine::RefusalStands, 4000);
-    QTRY_VERIFY_WITH_TIMEOUT(line.Text().startsWith(QStringLiteral("X −470.0")), 6000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line.Text().startsWith(QStringLiteral("X −470.0")); }, 6000));
 }
 
 TEST(TruthTools, TheToolsStandAtTheBarsRightEnd) {
     TruthTools tools([](PlanFollow) {}, [](double) {});
     tools.resize(636, 40);
+    tools.show();
     const auto at = [&](const char* name) {
         return tools.findChild<QWidget*>(QString::fromLatin1(name))->geometry();
     };

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <chrono>
+#include <cmath>
 #include <string>
 #include <vector>
 

@@ -43,7 +43,7 @@ bool FocusLine::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::KeyPress:
-            if (control->hasFocus() && IsPress(*static_cast<QKeyEvent*>(event))) {
+            if (IsPress(*static_cast<QKeyEvent*>(event))) {
                 Bear(control);
             }
             break;

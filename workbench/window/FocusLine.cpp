@@ -1,6 +1,7 @@
 #include "workbench/window/FocusLine.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "workbench/window/BenchPalette.h"
@@ -16,6 +17,11 @@ constexpr double Radius = 8;
 bool IsKeyboard(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason;
+}
+
+// The joystick's keys say nothing of what has the focus.
+bool IsPress(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 }  // namespace
@@ -37,7 +43,7 @@ bool FocusLine::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::KeyPress:
-            if (control->hasFocus()) {
+            if (IsPress(*static_cast<QKeyEvent*>(event))) {
                 Bear(control);
             }
             break;

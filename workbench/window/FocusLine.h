@@ -7,7 +7,7 @@
 namespace workbench {
 
 // Stands over all that is in a window and takes no mouse. The line is there while a watched control has the
-// focus and the keyboard brought it there or was used since; a click of the mouse shows none.
+// focus and the keyboard brought it there or has pressed it since; a click of the mouse shows none.
 class FocusLine : public QWidget {
 public:
     explicit FocusLine(QWidget& window);

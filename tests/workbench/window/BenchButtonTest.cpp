@@ -158,6 +158,11 @@ TEST_F(ButtonsTest, TheLineOfTheFocusStandsWhereTheKeyboardIsAndNotAfterAClick) 
     QFocusEvent clicked(QEvent::FocusIn, Qt::MouseFocusReason);
     QApplication::sendEvent(&push, &clicked);
     EXPECT_FALSE(line.isVisible());
+    push.setFocus();
+    QTest::keyClick(&push, Qt::Key_Up);
+    EXPECT_FALSE(line.isVisible());
+    QTest::keyClick(&push, Qt::Key_Space);
+    EXPECT_TRUE(line.isVisible());
 }
 
 }  // namespace

@@ -21,6 +21,17 @@ QStringList Parts() {
 
 }  // namespace
 
+TEST(TruthLine, WhereThereIsNoRoomForTheHintItsLastSentencesAreLeftOut) {
+    TruthLine line;
+    line.SetHeightsWidth(84);
+    line.resize(440, 28);
+    line.ShowScale(0.05);
+    EXPECT_FALSE(line.Text().isEmpty());
+    EXPECT_LT(line.Text().size(), ReadoutHint().size());
+    EXPECT_TRUE(ReadoutHint().startsWith(line.Text()));
+    EXPECT_TRUE(line.Text().endsWith(QLatin1Char('.')));
+}
+
 TEST(TruthLine, WithoutAPointerItSaysWhatTheHandCanDo) {
     TruthLine line;
     line.resize(896, 28);

@@ -7,7 +7,7 @@
 
 namespace travo {
 
-TEST(ScaledLayout, PlacesAndSizesScaleWithWidthAndHeightApart) {
+TEST(ScaledLayoutTest, PlacesAndSizesScaleWithWidthAndHeightApart) {
     QWidget window;
     QPushButton plain(&window);
     usrKVButton skinned(&window);
@@ -21,7 +21,7 @@ TEST(ScaledLayout, PlacesAndSizesScaleWithWidthAndHeightApart) {
     EXPECT_EQ(plain.geometry(), QRect(12, 45, 165, 165));
 }
 
-TEST(ScaledLayout, ASkinnedControlLearnsItsDesignSize) {
+TEST(ScaledLayoutTest, ASkinnedControlLearnsItsDesignSize) {
     QWidget window;
     usrKVButton skinned(&window);
     ScaledLayout layout(QSizeF(276, 222));
@@ -32,7 +32,7 @@ TEST(ScaledLayout, ASkinnedControlLearnsItsDesignSize) {
     EXPECT_EQ(layout.Scale(QSizeF(552, 333)), 1.5);
 }
 
-TEST(ScaledLayout, APanelOfNoSizePutsEverythingAway) {
+TEST(ScaledLayoutTest, APanelOfNoSizePutsEverythingAway) {
     QWidget window;
     usrKVButton skinned(&window);
     ScaledLayout layout(QSizeF(276, 222));

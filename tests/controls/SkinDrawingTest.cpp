@@ -46,7 +46,7 @@ int Count(const QImage& image, const QColor& colour) {
 
 }  // namespace
 
-TEST(SkinDrawing, NinePartBordersKeepTheirSizeWhereTheControlIsLarger) {
+TEST(SkinDrawingTest, NinePartBordersKeepTheirSizeWhereTheControlIsLarger) {
     SkinDrawing drawing(File());
     for (const QSize& size : {QSize(60, 40), QSize(200, 40), QSize(60, 150), QSize(300, 222)}) {
         const QImage image = drawing.Draw(size, 1.0, SkinFit::Proportion);
@@ -56,19 +56,19 @@ TEST(SkinDrawing, NinePartBordersKeepTheirSizeWhereTheControlIsLarger) {
     }
 }
 
-TEST(SkinDrawing, BordersGrowWithTheScale) {
+TEST(SkinDrawingTest, BordersGrowWithTheScale) {
     SkinDrawing drawing(File());
     EXPECT_EQ(Count(drawing.Draw(QSize(400, 200), 2.0, SkinFit::Proportion), Qt::red), 2 * 24 * 24);
 }
 
-TEST(SkinDrawing, BordersTakeAtMostAThirdOfASide) {
+TEST(SkinDrawingTest, BordersTakeAtMostAThirdOfASide) {
     SkinDrawing drawing(File());
     const QImage image = drawing.Draw(QSize(30, 40), 1.0, SkinFit::Proportion);
     // 10 of the corner's 12 columns stand as drawn, the two others are squeezed with the middle.
     EXPECT_EQ(Extent(image.copy(0, 0, 15, 20), Qt::red).size(), QSize(11, 12));
 }
 
-TEST(SkinDrawing, TheGlyphIsNeverDistortedAndStandsInTheMiddle) {
+TEST(SkinDrawingTest, TheGlyphIsNeverDistortedAndStandsInTheMiddle) {
     SkinDrawing drawing(File());
     for (const QSize& size : {QSize(60, 40), QSize(200, 40), QSize(60, 150), QSize(300, 222)}) {
         const QRect glyph = Extent(drawing.Draw(size, 1.0, SkinFit::Proportion), Qt::green);
@@ -77,13 +77,13 @@ TEST(SkinDrawing, TheGlyphIsNeverDistortedAndStandsInTheMiddle) {
     }
 }
 
-TEST(SkinDrawing, AGlyphLeftKeepsToTheLeftEdge) {
+TEST(SkinDrawingTest, AGlyphLeftKeepsToTheLeftEdge) {
     SkinDrawing drawing(File(QStringLiteral("glyph-left")));
     const QRect glyph = Extent(drawing.Draw(QSize(200, 40), 1.0, SkinFit::Proportion), Qt::green);
     EXPECT_EQ(glyph, QRect(20, 15, 20, 10));
 }
 
-TEST(SkinDrawing, APictureWithoutGroupsIsDrawnInProportionOrStretched) {
+TEST(SkinDrawingTest, APictureWithoutGroupsIsDrawnInProportionOrStretched) {
     const QByteArray bytes =
         "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"20\" height=\"10\" viewBox=\"0 0 20 10\">"
         "<rect x=\"0\" y=\"0\" width=\"20\" height=\"10\" fill=\"#00FF00\"/></svg>";
@@ -93,7 +93,7 @@ TEST(SkinDrawing, APictureWithoutGroupsIsDrawnInProportionOrStretched) {
     EXPECT_EQ(Extent(drawing.Draw(size, 1.0, SkinFit::Stretch), Qt::green), QRect(0, 0, 40, 60));
 }
 
-TEST(SkinDrawing, TwiceTheScaleIsDrawnAnewAndNotBlownUp) {
+TEST(SkinDrawingTest, TwiceTheScaleIsDrawnAnewAndNotBlownUp) {
     SkinDrawing drawing(ParseSkinFile(OwnSkin::Shipped(QStringLiteral("ExpMove-up"))));
     const QImage once = drawing.Draw(QSize(260, 72), 1.0, SkinFit::Proportion);
     const QImage twice = drawing.Draw(QSize(520, 144), 2.0, SkinFit::Proportion);
@@ -102,7 +102,7 @@ TEST(SkinDrawing, TwiceTheScaleIsDrawnAnewAndNotBlownUp) {
     EXPECT_GT(pure(twice), 4 * pure(once));
 }
 
-TEST(SkinDrawing, AnEmptyRectangleAndAnInvalidPictureDrawNothing) {
+TEST(SkinDrawingTest, AnEmptyRectangleAndAnInvalidPictureDrawNothing) {
     SkinDrawing drawing(File());
     EXPECT_TRUE(drawing.Draw(QSize(0, 40), 1.0, SkinFit::Proportion).isNull());
     SkinDrawing invalid(ParseSkinFile("Move"));

@@ -18,7 +18,7 @@ bool IsUsable(const QByteArray& bytes) { return !SkinFault(ParseSkinFile(bytes))
 
 }  // namespace
 
-TEST(SkinFile, AMissingFileAFolderAndAnEmptyFileGiveAFault) {
+TEST(SkinFileTest, AMissingFileAFolderAndAnEmptyFileGiveAFault) {
     const OwnSkin skin;
     skin.Write(QStringLiteral("Empty-up"), "");
     for (const char* const name : {"/skin/Missing-up.svg", "/skin", "/skin/Empty-up.svg"}) {
@@ -26,7 +26,7 @@ TEST(SkinFile, AMissingFileAFolderAndAnEmptyFileGiveAFault) {
     }
 }
 
-TEST(SkinFile, APictureCutOffAtAnyByteGivesAFault) {
+TEST(SkinFileTest, APictureCutOffAtAnyByteGivesAFault) {
     const QByteArray whole = OwnSkin::Shipped(QStringLiteral("SET-up"));
     ASSERT_TRUE(IsUsable(whole));
     // The last byte is the end of the line behind the picture.
@@ -35,14 +35,14 @@ TEST(SkinFile, APictureCutOffAtAnyByteGivesAFault) {
     }
 }
 
-TEST(SkinFile, WhatIsNoPictureGivesAFault) {
+TEST(SkinFileTest, WhatIsNoPictureGivesAFault) {
     EXPECT_FALSE(IsUsable("\x89PNG\r\n\x1a\n"));
     EXPECT_FALSE(IsUsable("Move"));
     EXPECT_FALSE(IsUsable("<html width=\"10\" height=\"10\" viewBox=\"0 0 10 10\"/>"));
     EXPECT_FALSE(IsUsable(QByteArray(100, '\0')));
 }
 
-TEST(SkinFile, APictureOfTheWrongSizeGivesAFault) {
+TEST(SkinFileTest, APictureOfTheWrongSizeGivesAFault) {
     EXPECT_TRUE(IsUsable(Picture("width=\"82\" height=\"64\" viewBox=\"0 0 82 64\"")));
     for (const char* const root :
          {"width=\"82\" height=\"64\"", "viewBox=\"0 0 82 64\"",
@@ -56,7 +56,7 @@ TEST(SkinFile, APictureOfTheWrongSizeGivesAFault) {
     }
 }
 
-TEST(SkinFile, AFaceWithoutAGlyphGivesAFault) {
+TEST(SkinFileTest, AFaceWithoutAGlyphGivesAFault) {
     const QByteArray root = "width=\"82\" height=\"64\" viewBox=\"0 0 82 64\"";
     EXPECT_FALSE(IsUsable(Picture(root, "<g id=\"face\"/>")));
     EXPECT_FALSE(IsUsable(Picture(root, "<g id=\"glyph\"/>")));
@@ -64,12 +64,12 @@ TEST(SkinFile, AFaceWithoutAGlyphGivesAFault) {
     EXPECT_TRUE(IsUsable(Picture(root, "<g><g id=\"face\"/></g>")));
 }
 
-TEST(SkinFile, AFileWithoutEndIsNotRead) {
+TEST(SkinFileTest, AFileWithoutEndIsNotRead) {
     EXPECT_FALSE(IsUsable(
         Picture("width=\"82\" height=\"64\" viewBox=\"0 0 82 64\"", QByteArray(SkinFile::MostBytes, ' '))));
 }
 
-TEST(SkinFile, EntitiesThatGrowGiveAFaultAndNotAHeapOfMemory) {
+TEST(SkinFileTest, EntitiesThatGrowGiveAFaultAndNotAHeapOfMemory) {
     QByteArray bytes = "<!DOCTYPE svg [<!ENTITY a0 \"xxxxxxxxxx\">";
     for (int i = 1; i < 12; ++i) {
         const QByteArray below = "&a" + QByteArray::number(i - 1) + ";";

@@ -27,7 +27,7 @@ QSet<QString> SetOf(const QStringList& names) { return QSet<QString>(names.begin
 
 }  // namespace
 
-TEST(SkinNames, EveryNameHasItsPictureAndEveryPictureItsName) {
+TEST(SkinNamesTest, EveryNameHasItsPictureAndEveryPictureItsName) {
     const QStringList listed = AllSkinNames();
     const QStringList files = FilesOfSkin();
     EXPECT_EQ(listed.size(), 378);
@@ -40,7 +40,7 @@ TEST(SkinNames, EveryNameHasItsPictureAndEveryPictureItsName) {
     }
 }
 
-TEST(SkinNames, NoTwoNamesDifferByCaseAlone) {
+TEST(SkinNamesTest, NoTwoNamesDifferByCaseAlone) {
     QSet<QString> lower;
     for (const QString& name : AllSkinNames()) {
         lower.insert(name.toLower());
@@ -48,7 +48,7 @@ TEST(SkinNames, NoTwoNamesDifferByCaseAlone) {
     EXPECT_EQ(lower.size(), AllSkinNames().size());
 }
 
-TEST(SkinNames, EveryPictureIsUsable) {
+TEST(SkinNamesTest, EveryPictureIsUsable) {
     for (const QString& name : AllSkinNames()) {
         const SkinFile file = ReadSkinFile(SkinFileName(SkinHome(), name));
         EXPECT_EQ(SkinFault(file).value_or(QString()).toStdString(), "") << name.toStdString();
@@ -56,7 +56,7 @@ TEST(SkinNames, EveryPictureIsUsable) {
     }
 }
 
-TEST(SkinNames, EveryPictureHasTheSizeThatTheListGives) {
+TEST(SkinNamesTest, EveryPictureHasTheSizeThatTheListGives) {
     const auto expectSize = [](const QString& name, const QSize& size) {
         EXPECT_EQ(ReadSkinFile(SkinFileName(SkinHome(), name)).size, QSizeF(size)) << name.toStdString();
     };
@@ -73,7 +73,7 @@ TEST(SkinNames, EveryPictureHasTheSizeThatTheListGives) {
     }
 }
 
-TEST(SkinNames, ButtonPicturesHoldFaceAndGlyphButCloseAndSize) {
+TEST(SkinNamesTest, ButtonPicturesHoldFaceAndGlyphButCloseAndSize) {
     for (const ButtonSkin& skin : ButtonSkins()) {
         const SkinFile file = ReadSkinFile(SkinFileName(SkinHome(), skin.name + QStringLiteral("-up")));
         const bool isWhole = skin.name == QStringLiteral("CLOSE") || skin.name == QStringLiteral("size");
@@ -81,7 +81,7 @@ TEST(SkinNames, ButtonPicturesHoldFaceAndGlyphButCloseAndSize) {
     }
 }
 
-TEST(SkinNames, LampsLettersCaptionsAndTheTrackAreStretchedAndNothingElse) {
+TEST(SkinNamesTest, LampsLettersCaptionsAndTheTrackAreStretchedAndNothingElse) {
     QStringList stretched;
     for (const QString& name : AllSkinNames()) {
         if (IsStretchedSkin(name)) {

@@ -7,7 +7,7 @@ namespace travo {
 using test::OwnSkin;
 using test::SkinHome;
 
-TEST(SkinPictures, TheSamePictureIsDrawnOnce) {
+TEST(SkinPicturesTest, TheSamePictureIsDrawnOnce) {
     SkinPictures pictures;
     pictures.Folder(SkinHome());
     const QPixmap first = pictures.Picture(QStringLiteral("SET-up"), QSize(70, 52), 1.0, 1.0);
@@ -16,7 +16,7 @@ TEST(SkinPictures, TheSamePictureIsDrawnOnce) {
     EXPECT_EQ(pictures.PixmapsKept(), 1U);
 }
 
-TEST(SkinPictures, EachSizeStateAndDisplayScaleHasItsOwn) {
+TEST(SkinPicturesTest, EachSizeStateAndDisplayScaleHasItsOwn) {
     SkinPictures pictures;
     pictures.Folder(SkinHome());
     const QPixmap one = pictures.Picture(QStringLiteral("SET-up"), QSize(70, 52), 1.0, 1.0);
@@ -32,13 +32,13 @@ TEST(SkinPictures, EachSizeStateAndDisplayScaleHasItsOwn) {
     EXPECT_NE(one.toImage(), down.toImage());
 }
 
-TEST(SkinPictures, AtAFractionalDisplayScaleAPictureIsNotWiderThanItsControl) {
+TEST(SkinPicturesTest, AtAFractionalDisplayScaleAPictureIsNotWiderThanItsControl) {
     SkinPictures pictures;
     pictures.Folder(SkinHome());
     EXPECT_EQ(pictures.Picture(QStringLiteral("SET-up"), QSize(71, 53), 1.5, 1.0).size(), QSize(106, 79));
 }
 
-TEST(SkinPictures, TheNumberOfPixmapsKeptIsBounded) {
+TEST(SkinPicturesTest, TheNumberOfPixmapsKeptIsBounded) {
     SkinPictures pictures;
     pictures.Folder(SkinHome());
     const QPixmap last = pictures.Picture(QStringLiteral("SET-up"), QSize(70, 52), 1.0, 1.0);
@@ -52,7 +52,7 @@ TEST(SkinPictures, TheNumberOfPixmapsKeptIsBounded) {
     EXPECT_EQ(pictures.PixmapsKept(), SkinPictures::MostPixmaps);
 }
 
-TEST(SkinPictures, AMissingOrBadPictureIsNullAndKeepsNothing) {
+TEST(SkinPicturesTest, AMissingOrBadPictureIsNullAndKeepsNothing) {
     const OwnSkin skin;
     skin.Write(QStringLiteral("Bad-up"), OwnSkin::Shipped(QStringLiteral("SET-up")).left(700));
     SkinPictures pictures;
@@ -62,7 +62,7 @@ TEST(SkinPictures, AMissingOrBadPictureIsNullAndKeepsNothing) {
     EXPECT_EQ(pictures.PixmapsKept(), 0U);
 }
 
-TEST(SkinPictures, AnotherFolderForgetsThePicturesOfTheFirst) {
+TEST(SkinPicturesTest, AnotherFolderForgetsThePicturesOfTheFirst) {
     const OwnSkin skin;
     skin.Write(QStringLiteral("SET-up"), OwnSkin::Shipped(QStringLiteral("RESET-up")));
     SkinPictures pictures;

@@ -1,27 +1,27 @@
 // A program of its own, since it counts every allocation.
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 #include "support/CountedAllocations.h"
 
 namespace travo::test {
 namespace {
 
-class CalibrationAllocation : public NeedleTest {
+class CalibrationAllocationTest : public NeedleRig {
 protected:
-    CalibrationAllocation() {
+    CalibrationAllocationTest() {
         for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
             CalibrateFromPoints(needle, needle % 2 == 0 ? TiltedNeedle : ReversedNeedle, {100, -200, 0});
         }
     }
 };
 
-TEST_F(CalibrationAllocation, TheCounterCounts) {
+TEST_F(CalibrationAllocationTest, TheCounterCounts) {
     const long before = Allocations();
     const auto something = std::make_unique<int>(1);
     EXPECT_EQ(Allocations(), before + 1);
     EXPECT_EQ(*something, 1);
 }
 
-TEST_F(CalibrationAllocation, CalibrationAndInverseCalibrationAllocateNothing) {
+TEST_F(CalibrationAllocationTest, CalibrationAndInverseCalibrationAllocateNothing) {
     const long before = Allocations();
     std::int64_t sum = 0;
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
@@ -34,7 +34,7 @@ TEST_F(CalibrationAllocation, CalibrationAndInverseCalibrationAllocateNothing) {
     EXPECT_NE(sum, 0);
 }
 
-TEST_F(CalibrationAllocation, TheContactCheckAllocatesNothing) {
+TEST_F(CalibrationAllocationTest, TheContactCheckAllocatesNothing) {
     const long before = Allocations();
     const bool clear = needles.ContactEvasion(0, -1, {1100, -1200, 100});
     bool all = clear;

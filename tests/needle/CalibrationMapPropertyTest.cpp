@@ -6,7 +6,7 @@
 #include <optional>
 #include <random>
 
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 #include "needle/CalibrationMap.h"
 
 namespace travo {
@@ -73,7 +73,7 @@ Points MountedAskew(Random& random) {
     return points;
 }
 
-TEST(CalibrationMapProperty, ThereAndBackDiffersByAtMostOneForTiltsUpToTwentyDegrees) {
+TEST(CalibrationMapPropertyTest, ThereAndBackDiffersByAtMostOneForTiltsUpToTwentyDegrees) {
     Random random(41);
     int direct = 0;
     for (int trial = 0; trial < 20000; ++trial) {
@@ -89,7 +89,7 @@ TEST(CalibrationMapProperty, ThereAndBackDiffersByAtMostOneForTiltsUpToTwentyDeg
     EXPECT_LT(direct, 15000);
 }
 
-TEST(CalibrationMapProperty, ThereAndBackDiffersByAtMostHalfACountAndHalfTheInverseRow) {
+TEST(CalibrationMapPropertyTest, ThereAndBackDiffersByAtMostHalfACountAndHalfTheInverseRow) {
     Random random(42);
     int compared = 0;
     for (int trial = 0; trial < 20000; ++trial) {
@@ -177,7 +177,7 @@ int Compare(const Expected& expected, Map&& map) {
     }
 }
 
-TEST(CalibrationMapProperty, OverflowOfTheMapsIsAlwaysAnErrorAndNeverAWrappedNumber) {
+TEST(CalibrationMapPropertyTest, OverflowOfTheMapsIsAlwaysAnErrorAndNeverAWrappedNumber) {
     Random random(43);
     int raised = 0;
     constexpr int Trials = 20000;
@@ -209,7 +209,7 @@ bool SumsFit(const Points& points) {
     return fit;
 }
 
-TEST(CalibrationMapProperty, OverflowOfTheIntegerSumsIsAlwaysAnErrorAndStoresNothing) {
+TEST(CalibrationMapPropertyTest, OverflowOfTheIntegerSumsIsAlwaysAnErrorAndStoresNothing) {
     Random random(44);
     int raised = 0;
     constexpr int Trials = 20000;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 
 namespace travo {
 namespace {
@@ -24,7 +24,7 @@ CalibrationMap MapOf(const Points& points, const PositionXYZ& zero = {0, 0, 0}) 
     return map;
 }
 
-TEST(CalibrationMap, StraightWorkedExample) {
+TEST(CalibrationMapTest, StraightWorkedExample) {
     const CalibrationMap map = MapOf(test::StraightNeedle, {100, -200, 0});
     EXPECT_EQ(map.ManiCenter, (std::array<double, 3>{10000, 22000, 5000}));
     EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{6000, 0, 0}));
@@ -44,7 +44,7 @@ TEST(CalibrationMap, StraightWorkedExample) {
     EXPECT_EQ(map.ToManipulator({1100, -1200, 100}), (PositionXYZ{11000, 21000, 5100}));
 }
 
-TEST(CalibrationMap, TiltedWorkedExampleToTheTenthDigit) {
+TEST(CalibrationMapTest, TiltedWorkedExampleToTheTenthDigit) {
     const CalibrationMap map = MapOf(test::TiltedNeedle, {100, -200, 0});
     constexpr double HalfDigit = 0.5e-10;
     EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{5200, 0, -3000}));
@@ -61,7 +61,7 @@ TEST(CalibrationMap, TiltedWorkedExampleToTheTenthDigit) {
     EXPECT_EQ(map.ToManipulator({1016, -1200, -413}), (PositionXYZ{11000, 21000, 5100}));
 }
 
-TEST(CalibrationMap, TheVectorsAreTheColumnsOfTheForwardMatrix) {
+TEST(CalibrationMapTest, TheVectorsAreTheColumnsOfTheForwardMatrix) {
     const CalibrationMap map = MapOf(test::TiltedNeedle);
     // A step of 10000 along manipulator X shows the first component of each vector: 8662 of X at common
     // X, 0 of Y, and at common Z the third of X. The transpose would give +5000 there.
@@ -69,7 +69,7 @@ TEST(CalibrationMap, TheVectorsAreTheColumnsOfTheForwardMatrix) {
     EXPECT_EQ(map.ToCommon({10000, 22000, 15000}), (PositionXYZ{5000, 0, 8660}));
 }
 
-TEST(CalibrationMap, TheInverseColumnsUndoTheForwardOnes) {
+TEST(CalibrationMapTest, TheInverseColumnsUndoTheForwardOnes) {
     const CalibrationMap map = MapOf(test::TiltedNeedle);
     const std::array columns{&map.CalibAxisX, &map.CalibAxisY, &map.CalibAxisZ};
     for (std::size_t row = 0; row < 3; ++row) {
@@ -83,7 +83,7 @@ TEST(CalibrationMap, TheInverseColumnsUndoTheForwardOnes) {
     }
 }
 
-TEST(CalibrationMap, AReversedNeedleTakesOutputXAsZeroMinusTheSum) {
+TEST(CalibrationMapTest, AReversedNeedleTakesOutputXAsZeroMinusTheSum) {
     const CalibrationMap map = MapOf(test::ReversedNeedle, {100, -200, 0});
     EXPECT_FALSE(map.ManiDirect);
     EXPECT_EQ(map.CalibAxisX.Raw, (std::array<double, 3>{6000, 0, 0}));
@@ -91,7 +91,7 @@ TEST(CalibrationMap, AReversedNeedleTakesOutputXAsZeroMinusTheSum) {
     EXPECT_EQ(map.ToManipulator({-900, -1200, 100}), (PositionXYZ{11000, 21000, 5100}));
 }
 
-TEST(CalibrationMap, WithoutManiDirectTheSignChangesOnOutputXForwardAndOnInputXOfEveryAxisBack) {
+TEST(CalibrationMapTest, WithoutManiDirectTheSignChangesOnOutputXForwardAndOnInputXOfEveryAxisBack) {
     Points points = test::TiltedNeedle;
     std::swap(points[1], points[2]);
     const CalibrationMap reversed = MapOf(points);
@@ -107,7 +107,7 @@ TEST(CalibrationMap, WithoutManiDirectTheSignChangesOnOutputXForwardAndOnInputXO
     EXPECT_NE(direct.ToManipulator({3000, 0, 0})[2], direct.ToManipulator({-3000, 0, 0})[2]);
 }
 
-TEST(CalibrationMap, TheThirdComponentOfTheHandednessVectorHasTheOppositeSignToTheCrossProduct) {
+TEST(CalibrationMapTest, TheThirdComponentOfTheHandednessVectorHasTheOppositeSignToTheCrossProduct) {
     // The true cross product of X (6000, 0, 0) and Y (0, 8000, 0) points along +Z, as the Z vector does.
     EXPECT_TRUE(MapOf(test::StraightNeedle).ManiDirect);
     // With Z downwards the product of the two is positive.
@@ -121,24 +121,24 @@ TEST(CalibrationMap, TheThirdComponentOfTheHandednessVectorHasTheOppositeSignToT
     EXPECT_TRUE(MapOf({{{0, 0, 0}, {-2, 0, -1}, {2, 0, -1}, {0, -20, 0}}}).ManiDirect);
 }
 
-TEST(CalibrationMap, ATieInDChoosesTheLowestAxis) {
+TEST(CalibrationMapTest, ATieInDChoosesTheLowestAxis) {
     // H is (8, 8, 0), Z (-2, 18, 0): both distances are 10. Axis 0 says direct, axis 1 would not.
     EXPECT_TRUE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {-2, 18, 0}}}).ManiDirect);
     // The same distances with the senses of the two axes changed over.
     EXPECT_FALSE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {18, -2, 0}}}).ManiDirect);
 }
 
-TEST(CalibrationMap, AnAllZeroDLeavesTheFirstAxis) {
+TEST(CalibrationMapTest, AnAllZeroDLeavesTheFirstAxis) {
     // H equals Z, (8, 0, 0): no maximum at all, and on axis 0 the product is positive.
     EXPECT_FALSE(MapOf({{{0, 0, 0}, {0, -2, 1}, {0, 2, 1}, {8, 0, 0}}}).ManiDirect);
 }
 
-TEST(CalibrationMap, APositiveProductOnALesserAxisDoesNotCount) {
+TEST(CalibrationMapTest, APositiveProductOnALesserAxisDoesNotCount) {
     // H is (8, 8, 0), Z (1, -30, 0): axis 1 is dominant with 38 against 7.
     EXPECT_TRUE(MapOf({{{0, 0, 0}, {2, -2, 1}, {-2, 2, 1}, {1, -30, 0}}}).ManiDirect);
 }
 
-TEST(CalibrationMap, PointsOneAndTwoEqualGiveTheRoundedCentreForAnyTarget) {
+TEST(CalibrationMapTest, PointsOneAndTwoEqualGiveTheRoundedCentreForAnyTarget) {
     Points points = test::StraightNeedle;
     points[2] = points[1];
     points[0] = {10001, 20000, 5000};
@@ -153,7 +153,7 @@ TEST(CalibrationMap, PointsOneAndTwoEqualGiveTheRoundedCentreForAnyTarget) {
     EXPECT_EQ(map.ToManipulator({0, 0, 0}), (PositionXYZ{8500, 22000, 5000}));
 }
 
-TEST(CalibrationMap, ASecondCalculationClearsTheInverseOfTheFirst) {
+TEST(CalibrationMapTest, ASecondCalculationClearsTheInverseOfTheFirst) {
     CalibrationMap map = MapOf(test::StraightNeedle);
     map.Calculate({});
     EXPECT_EQ(map.CalibAxisX.Inverse, (std::array<double, 3>{}));
@@ -161,7 +161,7 @@ TEST(CalibrationMap, ASecondCalculationClearsTheInverseOfTheFirst) {
     EXPECT_TRUE(map.ManiDirect);
 }
 
-TEST(CalibrationMap, AValueExactlyHalfwayGoesToTheEvenOne) {
+TEST(CalibrationMapTest, AValueExactlyHalfwayGoesToTheEvenOne) {
     Points points = test::StraightNeedle;
     points[0][0] = 10001;
     const CalibrationMap map = MapOf(points);
@@ -173,12 +173,12 @@ TEST(CalibrationMap, AValueExactlyHalfwayGoesToTheEvenOne) {
     EXPECT_EQ(map.ToManipulator(0, {3, 0, 0}), 10004);    // 10003.5
 }
 
-TEST(CalibrationMap, TheCentreKeepsItsQuarters) {
+TEST(CalibrationMapTest, TheCentreKeepsItsQuarters) {
     EXPECT_EQ(MapOf({{{2, 0, 0}, {1, 0, 0}, {0, 0, 0}, {0, 0, 0}}}).ManiCenter[0], 1.25);
     EXPECT_EQ(MapOf({{{-2, 0, 0}, {-1, 0, 0}, {0, 0, 0}, {0, 0, 0}}}).ManiCenter[0], -1.25);
 }
 
-TEST(CalibrationMap, TheDifferenceToTheCentreIsADoubleAndCannotOverflow) {
+TEST(CalibrationMapTest, TheDifferenceToTheCentreIsADoubleAndCannotOverflow) {
     CalibrationMap map = MapOf(test::StraightNeedle);
     map.ManiCenter = {-10.0, 0.0, 0.0};
     EXPECT_EQ(map.ToCommon(1, {Largest, 5, 0}), 5);
@@ -187,7 +187,7 @@ TEST(CalibrationMap, TheDifferenceToTheCentreIsADoubleAndCannotOverflow) {
     EXPECT_EQ(map.ToCommon(0, {Largest, 5, 0}), Largest);
 }
 
-TEST(CalibrationMap, TheDifferencesToTheZeroAre32BitOnesOnEveryOutputAxis) {
+TEST(CalibrationMapTest, TheDifferencesToTheZeroAre32BitOnesOnEveryOutputAxis) {
     for (std::size_t input = 0; input < 3; ++input) {
         CalibrationMap map = MapOf(test::StraightNeedle);
         map.PosZero(input, -100000);
@@ -207,7 +207,7 @@ TEST(CalibrationMap, TheDifferencesToTheZeroAre32BitOnesOnEveryOutputAxis) {
     }
 }
 
-TEST(CalibrationMap, WithoutManiDirectTheFirstDifferenceIsTakenFromTheZero) {
+TEST(CalibrationMapTest, WithoutManiDirectTheFirstDifferenceIsTakenFromTheZero) {
     CalibrationMap map = MapOf(test::ReversedNeedle);
     // 0 - Smallest does not fit, Smallest - 0 would.
     EXPECT_THROW(map.ToManipulator(1, {Smallest, 0, 0}), OverflowFailure);
@@ -216,7 +216,7 @@ TEST(CalibrationMap, WithoutManiDirectTheFirstDifferenceIsTakenFromTheZero) {
     EXPECT_NO_THROW(map.ToManipulator(1, {Smallest, 0, 0}));
 }
 
-TEST(CalibrationMap, AResultThatIsNotFiniteIsAFailure) {
+TEST(CalibrationMapTest, AResultThatIsNotFiniteIsAFailure) {
     CalibrationMap map = MapOf(test::StraightNeedle);
     map.CalibAxisX.Unit[0] = std::numeric_limits<double>::infinity();
     map.CalibAxisX.Inverse[0] = std::numeric_limits<double>::quiet_NaN();
@@ -224,7 +224,7 @@ TEST(CalibrationMap, AResultThatIsNotFiniteIsAFailure) {
     EXPECT_THROW(map.ToManipulator(0, {1, 0, 0}), OverflowFailure);
 }
 
-TEST(CalibrationMap, AVectorThatIsNotFiniteHasNoInverse) {
+TEST(CalibrationMapTest, AVectorThatIsNotFiniteHasNoInverse) {
     CalibrationMap map = MapOf(test::StraightNeedle);
     map.CalibAxisZ.Unit[2] = std::numeric_limits<double>::infinity();
     EXPECT_THROW(map.Invert(), OverflowFailure);

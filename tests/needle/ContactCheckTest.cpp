@@ -20,7 +20,7 @@ Sides SidesOf(PlanPoint a, PlanPoint b, PlanPoint c, PlanPoint d) {
     return {Side(a, b, c), Side(a, b, d), Side(c, d, a), Side(c, d, b)};
 }
 
-class ContactCheckWorkedExample : public ::testing::Test {
+class ContactCheckWorkedExampleTest : public ::testing::Test {
 protected:
     const Shaft now = ShaftOf({1000, 0}, {6000, 0});
     const Shaft target = ShaftOf({2000, 100}, {7000, 100});
@@ -39,24 +39,24 @@ protected:
     }
 };
 
-TEST_F(ContactCheckWorkedExample, TheSweptShaftLiesThirtyFurther) {
+TEST_F(ContactCheckWorkedExampleTest, TheSweptShaftLiesThirtyFurther) {
     EXPECT_EQ(swept, ShaftOf({2030, 130}, {7030, 130}));
 }
 
-TEST_F(ContactCheckWorkedExample, AShaftThatThePresentOneCutsIsAContactAtStageTwo) {
+TEST_F(ContactCheckWorkedExampleTest, AShaftThatThePresentOneCutsIsAContactAtStageTwo) {
     EXPECT_EQ(Stage1(cutting), (Sides{1, 1, 1, -1}));
     EXPECT_EQ(Stage2(cutting), (Sides{-1, 1, 1, -1}));
     EXPECT_TRUE(NeedleCrossCheck(now, swept, cutting));
 }
 
-TEST_F(ContactCheckWorkedExample, AShaftBesideTheWayIsClearAtAllStages) {
+TEST_F(ContactCheckWorkedExampleTest, AShaftBesideTheWayIsClearAtAllStages) {
     EXPECT_EQ(Stage1(beside), (Sides{-1, -1, 1, 1}));
     EXPECT_EQ(Stage2(beside), (Sides{-1, -1, 1, -1}));
     EXPECT_EQ(Stage3(beside), (Sides{-1, -1, 1, -1}));
     EXPECT_FALSE(NeedleCrossCheck(now, swept, beside));
 }
 
-TEST(ContactCheck, TheSideIsTheNegatedCrossProduct) {
+TEST(ContactCheckTest, TheSideIsTheNegatedCrossProduct) {
     EXPECT_EQ(Side({0, 0}, {10, 0}, {5, 3}), -1);
     EXPECT_EQ(Side({0, 0}, {10, 0}, {5, -3}), 1);
     EXPECT_EQ(Side({0, 0}, {10, 0}, {50, 0}), 0);
@@ -64,13 +64,13 @@ TEST(ContactCheck, TheSideIsTheNegatedCrossProduct) {
     EXPECT_EQ(Side({7, 7}, {7, 7}, {5, 3}), 0);
 }
 
-TEST(ContactCheck, TwoShaftsThatCrossInsideBothAreAContact) {
+TEST(ContactCheckTest, TwoShaftsThatCrossInsideBothAreAContact) {
     EXPECT_TRUE(Crossing({0, 0}, {10, 10}, {0, 10}, {10, 0}));
     EXPECT_TRUE(Crossing({10, 10}, {0, 0}, {0, 10}, {10, 0}));
     EXPECT_FALSE(Crossing({0, 0}, {4, 4}, {0, 10}, {10, 0}));
 }
 
-TEST(ContactCheck, TwoNeedlesWhoseEndsTouchExactlyDoNotCountAsCrossing) {
+TEST(ContactCheckTest, TwoNeedlesWhoseEndsTouchExactlyDoNotCountAsCrossing) {
     EXPECT_FALSE(Crossing({0, 0}, {10, 0}, {5, 0}, {5, 10}));   // one end on the other shaft
     EXPECT_FALSE(Crossing({0, 0}, {10, 0}, {10, 0}, {20, 5}));  // end to end
     EXPECT_FALSE(Crossing({5, 0}, {5, 10}, {0, 0}, {10, 0}));
@@ -81,7 +81,7 @@ TEST(ContactCheck, TwoNeedlesWhoseEndsTouchExactlyDoNotCountAsCrossing) {
     EXPECT_TRUE(NeedleCrossCheck(now, now, ShaftOf({3000, -1}, {3000, 4000})));
 }
 
-TEST(ContactCheck, ShaftsAlongOneLineAreSeenByStageFourAloneAndOnlyWithBothXDifferencesUnder25) {
+TEST(ContactCheckTest, ShaftsAlongOneLineAreSeenByStageFourAloneAndOnlyWithBothXDifferencesUnder25) {
     const Shaft now = ShaftOf({1000, 0}, {6000, 0});
     EXPECT_EQ(SidesOf({1000, 0}, {6000, 0}, {1024, 0}, {6024, 0}), (Sides{0, 0, 0, 0}));
     EXPECT_TRUE(NeedleCrossCheck(now, now, ShaftOf({1024, 0}, {6024, 0})));
@@ -91,20 +91,20 @@ TEST(ContactCheck, ShaftsAlongOneLineAreSeenByStageFourAloneAndOnlyWithBothXDiff
     EXPECT_FALSE(NeedleCrossCheck(now, now, ShaftOf({3000, 0}, {6000, 0})));
 }
 
-TEST(ContactCheck, StageFourComparesXAlone) {
+TEST(ContactCheckTest, StageFourComparesXAlone) {
     const Shaft now = ShaftOf({1000, 0}, {6000, 0});
     EXPECT_TRUE(NeedleCrossCheck(now, now, ShaftOf({1010, 9000}, {6010, 9000})));
     EXPECT_FALSE(NeedleCrossCheck(now, now, ShaftOf({1030, 10}, {6030, 10})));
 }
 
-TEST(ContactCheck, StageFourLooksAtTheSweptShaftAndNotAtThePresentOne) {
+TEST(ContactCheckTest, StageFourLooksAtTheSweptShaftAndNotAtThePresentOne) {
     const Shaft now = ShaftOf({1000, 0}, {6000, 0});
     const Shaft swept = SweptShaft(now, ShaftOf({2000, 0}, {7000, 0}));
     EXPECT_FALSE(NeedleCrossCheck(now, swept, ShaftOf({1000, 50}, {6000, 50})));
     EXPECT_TRUE(NeedleCrossCheck(now, swept, ShaftOf({2030, 50}, {7030, 50})));
 }
 
-TEST(ContactCheck, TheTipsPathAloneIsAContactAtStageOne) {
+TEST(ContactCheckTest, TheTipsPathAloneIsAContactAtStageOne) {
     // From above to below: neither the present nor the swept shaft cuts the short one in between.
     const Shaft now = ShaftOf({1000, 1000}, {6000, 1000});
     const Shaft swept = SweptShaft(now, ShaftOf({1000, -1000}, {6000, -1000}));
@@ -114,25 +114,25 @@ TEST(ContactCheck, TheTipsPathAloneIsAContactAtStageOne) {
     EXPECT_FALSE(NeedleCrossCheck(now, swept, ShaftOf({3000, 10}, {4000, -10})));
 }
 
-TEST(ContactCheck, TheSweptShaftAloneIsAContactAtStageThree) {
+TEST(ContactCheckTest, TheSweptShaftAloneIsAContactAtStageThree) {
     const Shaft now = ShaftOf({1000, 1000}, {6000, 1000});
     const Shaft swept = SweptShaft(now, ShaftOf({1000, 0}, {6000, 0}));
     EXPECT_TRUE(NeedleCrossCheck(now, swept, ShaftOf({3000, -20}, {3000, -4000})));
     EXPECT_FALSE(NeedleCrossCheck(now, swept, ShaftOf({3000, -30}, {3000, -4000})));
 }
 
-TEST(ContactCheck, TheMarginActsOnEachAxisAndEachEndByItself) {
+TEST(ContactCheckTest, TheMarginActsOnEachAxisAndEachEndByItself) {
     const Shaft now = ShaftOf({100, 200}, {300, 400});
     EXPECT_EQ(SweptShaft(now, ShaftOf({101, 200}, {300, 399})), ShaftOf({131, 200}, {300, 369}));
     EXPECT_EQ(SweptShaft(now, ShaftOf({99, 201}, {301, 400})), ShaftOf({69, 231}, {331, 400}));
 }
 
-TEST(ContactCheck, ATargetEqualToThePresentPositionGetsNoMargin) {
+TEST(ContactCheckTest, ATargetEqualToThePresentPositionGetsNoMargin) {
     const Shaft now = ShaftOf({100, 200}, {300, 400});
     EXPECT_EQ(SweptShaft(now, now), now);
 }
 
-TEST(ContactCheck, TheMarginAndTheTravelOverflowAsFailures) {
+TEST(ContactCheckTest, TheMarginAndTheTravelOverflowAsFailures) {
     const Shaft zero{};
     EXPECT_THROW(SweptShaft(zero, ShaftOf({INT32_MAX - 29, 0}, {0, 0})), OverflowFailure);
     EXPECT_NO_THROW(SweptShaft(zero, ShaftOf({INT32_MAX - 30, 0}, {0, 0})));
@@ -140,17 +140,17 @@ TEST(ContactCheck, TheMarginAndTheTravelOverflowAsFailures) {
     EXPECT_THROW(SweptShaft(ShaftOf({-1, 0}, {0, 0}), ShaftOf({INT32_MAX, 0}, {0, 0})), OverflowFailure);
 }
 
-TEST(ContactCheck, TwoFactorsOf46341AreEnoughToOverflow) {
+TEST(ContactCheckTest, TwoFactorsOf46341AreEnoughToOverflow) {
     EXPECT_NO_THROW(Side({0, 0}, {-46340, 0}, {0, 46340}));
     EXPECT_THROW(Side({0, 0}, {-46341, 0}, {0, 46341}), OverflowFailure);
 }
 
-TEST(ContactCheck, ASumOfTwoProductsThatFitCanOverflow) {
+TEST(ContactCheckTest, ASumOfTwoProductsThatFitCanOverflow) {
     EXPECT_NO_THROW(Side({0, 0}, {-40000, 0}, {1, 40000}));
     EXPECT_THROW(Side({0, 0}, {-40000, -40000}, {-40000, 40000}), OverflowFailure);
 }
 
-TEST(ContactCheck, AllFourSidesAreComputedWhateverTheFirstSays) {
+TEST(ContactCheckTest, AllFourSidesAreComputedWhateverTheFirstSays) {
     // c and d lie on one side of a-b, so there is no crossing; d is too far all the same.
     EXPECT_FALSE(Crossing({0, 0}, {-50000, 0}, {0, 10}, {0, 20}));
     EXPECT_THROW(Crossing({0, 0}, {-50000, 0}, {0, 10}, {0, 50000}), OverflowFailure);
@@ -158,7 +158,7 @@ TEST(ContactCheck, AllFourSidesAreComputedWhateverTheFirstSays) {
     EXPECT_THROW(Crossing({0, 0}, {0, 0}, {50000, 0}, {0, 50000}), OverflowFailure);
 }
 
-TEST(ContactCheck, TheFirstStageThatHoldsKeepsTheOthersFromOverflowing) {
+TEST(ContactCheckTest, TheFirstStageThatHoldsKeepsTheOthersFromOverflowing) {
     const Shaft other = ShaftOf({1000, -1000}, {1000, 1000});
     const Shaft now = ShaftOf({0, 0}, {0, 3'000'000});
     const Shaft swept = ShaftOf({2000, 0}, {100000, 0});
@@ -167,7 +167,7 @@ TEST(ContactCheck, TheFirstStageThatHoldsKeepsTheOthersFromOverflowing) {
     EXPECT_THROW(NeedleCrossCheck(now, swept, clearOfThePath), OverflowFailure);
 }
 
-TEST(ContactCheck, StageFourLooksAtBothEndsAlsoWhenTheTipsAreFarApart) {
+TEST(ContactCheckTest, StageFourLooksAtBothEndsAlsoWhenTheTipsAreFarApart) {
     // All shafts along Y = 0, so that every product is zero; the rears are further apart than 32 bits.
     const Shaft now = ShaftOf({0, 0}, {0, 0});
     const Shaft swept = ShaftOf({500'000'000, 0}, {1'500'000'000, 0});
@@ -191,7 +191,7 @@ std::optional<int> WideSide(PlanPoint p, PlanPoint q, PlanPoint r) {
     return (cross < 0) - (cross > 0);
 }
 
-TEST(ContactCheckProperty, OverflowOfASideIsAlwaysAnErrorAndNeverAWrongSign) {
+TEST(ContactCheckPropertyTest, OverflowOfASideIsAlwaysAnErrorAndNeverAWrongSign) {
     std::mt19937 engine(45);
     constexpr std::array<std::int32_t, 4> Reaches{3, 25000, 40000, INT32_MAX};
     int raised = 0;
@@ -253,9 +253,9 @@ std::optional<bool> WideCheck(const Shaft& now, const Shaft& swept, const Shaft&
     return contact;
 }
 
-class NeedleCrossCheckProperty : public ::testing::TestWithParam<std::int32_t> {};
+class NeedleCrossCheckPropertyTest : public ::testing::TestWithParam<std::int32_t> {};
 
-TEST_P(NeedleCrossCheckProperty, TheStagesDecideInTheirOrderAndAnOverflowIsAlwaysAnError) {
+TEST_P(NeedleCrossCheckPropertyTest, TheStagesDecideInTheirOrderAndAnOverflowIsAlwaysAnError) {
     std::mt19937 engine(46);
     std::uniform_int_distribution<std::int32_t> coordinate(-GetParam(), GetParam());
     std::array<int, 3> outcomes{};
@@ -288,7 +288,7 @@ TEST_P(NeedleCrossCheckProperty, TheStagesDecideInTheirOrderAndAnOverflowIsAlway
 
 // From coordinates so small that ends often lie on the other shaft, past the place where the first steps
 // leave 32 bits, to the whole range.
-INSTANTIATE_TEST_SUITE_P(Reaches, NeedleCrossCheckProperty,
+INSTANTIATE_TEST_SUITE_P(Reaches, NeedleCrossCheckPropertyTest,
                          ::testing::Values(4, 60, 2000, 11585, 11700, 16383, 20000, 30000, 100000,
                                            1'500'000'000, INT32_MAX));
 

@@ -1,12 +1,12 @@
 #include "needle/clsEscape.h"
 
-#include "needle/NeedleFixture.h"
+#include "needle/NeedleRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class clsEscapeTest : public NeedleTest {
+class clsEscapeTest : public NeedleRig {
 protected:
     clsEscapeTest() {
         Calibrate(0, StraightNeedle, {0, 0, 0}, {0, 0, 0});

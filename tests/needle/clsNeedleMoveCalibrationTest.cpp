@@ -1,12 +1,12 @@
 // Calibration data and maps as the needles' owner sees them.
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 
 namespace travo::test {
 namespace {
 
-class clsNeedleMoveCalibration : public NeedleTest {};
+class clsNeedleMoveCalibrationTest : public NeedleRig {};
 
-TEST_F(clsNeedleMoveCalibration, StartsWithoutPointsAndZeroAndWithEverythingElseAtNothing) {
+TEST_F(clsNeedleMoveCalibrationTest, StartsWithoutPointsAndZeroAndWithEverythingElseAtNothing) {
     EXPECT_EQ(needles.lngXYOffset, 0);
     EXPECT_EQ(needles.lngMinimumXYOffset, 0);
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
@@ -20,7 +20,7 @@ TEST_F(clsNeedleMoveCalibration, StartsWithoutPointsAndZeroAndWithEverythingElse
     }
 }
 
-TEST_F(clsNeedleMoveCalibration, EveryPointAndZeroHasItsOwnPlace) {
+TEST_F(clsNeedleMoveCalibrationTest, EveryPointAndZeroHasItsOwnPlace) {
     std::int32_t value = 0;
     for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
         for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
@@ -41,7 +41,7 @@ TEST_F(clsNeedleMoveCalibration, EveryPointAndZeroHasItsOwnPlace) {
     }
 }
 
-TEST_F(clsNeedleMoveCalibration, AnIndexOutsideItsBoundsIsAFailure) {
+TEST_F(clsNeedleMoveCalibrationTest, AnIndexOutsideItsBoundsIsAFailure) {
     for (const std::int32_t needle : {-1, 4}) {
         EXPECT_THROW(needles.ManipulatorCalibrationPosXYZ(needle, 0, 0), BoundsFailure);
         EXPECT_THROW(needles.ManipulatorCalibrationPosXYZ(needle, 0, 0, 1), BoundsFailure);
@@ -68,7 +68,7 @@ TEST_F(clsNeedleMoveCalibration, AnIndexOutsideItsBoundsIsAFailure) {
     }
 }
 
-TEST_F(clsNeedleMoveCalibration, StraightWorkedExample) {
+TEST_F(clsNeedleMoveCalibrationTest, StraightWorkedExample) {
     CalibrateFromPoints(2, StraightNeedle, {100, -200, 0});
     EXPECT_TRUE(needles.ManiDirect(2));
     EXPECT_EQ(ToCommon(2, {11000, 21000, 5100}), (PositionXYZ{1100, -1200, 100}));
@@ -76,14 +76,14 @@ TEST_F(clsNeedleMoveCalibration, StraightWorkedExample) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(clsNeedleMoveCalibration, TiltedWorkedExample) {
+TEST_F(clsNeedleMoveCalibrationTest, TiltedWorkedExample) {
     CalibrateFromPoints(1, TiltedNeedle, {100, -200, 0});
     EXPECT_TRUE(needles.ManiDirect(1));
     EXPECT_EQ(ToCommon(1, {11000, 21000, 5100}), (PositionXYZ{1016, -1200, -413}));
     EXPECT_EQ(ToManipulator(1, {1016, -1200, -413}), (PositionXYZ{11000, 21000, 5100}));
 }
 
-TEST_F(clsNeedleMoveCalibration, AReversedNeedleGivesOutputXAsZeroMinusTheSumAndItsRoundTripsHold) {
+TEST_F(clsNeedleMoveCalibrationTest, AReversedNeedleGivesOutputXAsZeroMinusTheSumAndItsRoundTripsHold) {
     CalibrateFromPoints(3, ReversedNeedle, {100, -200, 0});
     EXPECT_FALSE(needles.ManiDirect(3));
     EXPECT_EQ(ToCommon(3, {11000, 21000, 5100}), (PositionXYZ{-900, -1200, 100}));
@@ -93,7 +93,7 @@ TEST_F(clsNeedleMoveCalibration, AReversedNeedleGivesOutputXAsZeroMinusTheSumAnd
     }
 }
 
-TEST_F(clsNeedleMoveCalibration, PointsOneAndTwoEqualShowNoMessageAndAnyTargetGivesTheRoundedCentre) {
+TEST_F(clsNeedleMoveCalibrationTest, PointsOneAndTwoEqualShowNoMessageAndAnyTargetGivesTheRoundedCentre) {
     CalibrationMap::Points points = StraightNeedle;
     points[2] = points[1];
     CalibrateFromPoints(0, points, {0, 0, 0});
@@ -102,7 +102,7 @@ TEST_F(clsNeedleMoveCalibration, PointsOneAndTwoEqualShowNoMessageAndAnyTargetGi
     EXPECT_EQ(ToManipulator(0, {777, -777, 7}), (PositionXYZ{8500, 22000, 5000}));
 }
 
-TEST_F(clsNeedleMoveCalibration, ASumOfPointsBeyond32BitsIsReportedAsCalibrationCalculationFailed) {
+TEST_F(clsNeedleMoveCalibrationTest, ASumOfPointsBeyond32BitsIsReportedAsCalibrationCalculationFailed) {
     CalibrateFromPoints(0, StraightNeedle, {100, -200, 0});
     needles.ManipulatorCalibrationPosXYZ(0, 0, 1, 1'500'000'000);
     needles.ManipulatorCalibrationPosXYZ(0, 0, 2, 1'500'000'000);
@@ -113,7 +113,7 @@ TEST_F(clsNeedleMoveCalibration, ASumOfPointsBeyond32BitsIsReportedAsCalibration
     EXPECT_EQ(ToCommon(0, {11000, 21000, 5100}), (PositionXYZ{1100, -1200, 100}));
 }
 
-TEST_F(clsNeedleMoveCalibration, ANeedleIndexOutOfBoundsIsReportedAsCalibrationCalculationFailed) {
+TEST_F(clsNeedleMoveCalibrationTest, ANeedleIndexOutOfBoundsIsReportedAsCalibrationCalculationFailed) {
     needles.CalibrationCalculation(4);
     EXPECT_TRUE(OnlyPlainBox(QStringLiteral("Calibration calculation failed")));
     EXPECT_EQ(LogTexts(), QStringList{QStringLiteral("Calibration calculation failed")});
@@ -121,7 +121,7 @@ TEST_F(clsNeedleMoveCalibration, ANeedleIndexOutOfBoundsIsReportedAsCalibrationC
     EXPECT_EQ(boxes.shown.size(), 2U);
 }
 
-TEST_F(clsNeedleMoveCalibration, AWrittenCentreOverridesTheOneFromThePointsAndLeavesTheVectors) {
+TEST_F(clsNeedleMoveCalibrationTest, AWrittenCentreOverridesTheOneFromThePointsAndLeavesTheVectors) {
     CalibrateFromPoints(0, TiltedNeedle, {0, 0, 0});
     const PositionXYZ before = ToCommon(0, {11000, 22000, 5000});
     Calibrate(0, TiltedNeedle, {0, 22000, 5000}, {0, 0, 0});
@@ -131,14 +131,14 @@ TEST_F(clsNeedleMoveCalibration, AWrittenCentreOverridesTheOneFromThePointsAndLe
     EXPECT_EQ(ToManipulator(0, {0, 0, 0}), (PositionXYZ{10000, 22000, 5000}));
 }
 
-TEST_F(clsNeedleMoveCalibration, AnUncalibratedNeedleSimplyGivesNumbers) {
+TEST_F(clsNeedleMoveCalibrationTest, AnUncalibratedNeedleSimplyGivesNumbers) {
     EXPECT_EQ(ToCommon(0, {1, 2, 3}), (PositionXYZ{-100000, -100000, -100000}));
     EXPECT_EQ(ToManipulator(0, {1, 2, 3}), (PositionXYZ{0, 0, 0}));
     needles.ManiCenter(0, 1, -100000);
     EXPECT_EQ(ToManipulator(0, {1, 2, 3}), (PositionXYZ{0, -100000, 0}));
 }
 
-TEST_F(clsNeedleMoveCalibration, OneNeedlesCalibrationLeavesTheOthersAlone) {
+TEST_F(clsNeedleMoveCalibrationTest, OneNeedlesCalibrationLeavesTheOthersAlone) {
     CalibrateFromPoints(1, StraightNeedle, {0, 0, 0});
     CalibrateFromPoints(2, ReversedNeedle, {0, 0, 0});
     EXPECT_EQ(ToCommon(1, {10001, 22000, 5000}), (PositionXYZ{1, 0, 0}));
@@ -146,9 +146,9 @@ TEST_F(clsNeedleMoveCalibration, OneNeedlesCalibrationLeavesTheOthersAlone) {
     EXPECT_EQ(ToCommon(3, {10001, 22000, 5000}), (PositionXYZ{-100000, -100000, -100000}));
 }
 
-class clsNeedleMoveChangeZeroPosition : public NeedleTest {
+class clsNeedleMoveChangeZeroPositionTest : public NeedleRig {
 protected:
-    clsNeedleMoveChangeZeroPosition() {
+    clsNeedleMoveChangeZeroPositionTest() {
         for (std::int32_t needle = 0; needle < NeedleCount; ++needle) {
             for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
                 needles.PosZero(needle, axis, 1000 * (needle + 1) + axis);
@@ -164,20 +164,20 @@ protected:
     }
 };
 
-TEST_F(clsNeedleMoveChangeZeroPosition, WithNoneConnectedDoesNothing) {
+TEST_F(clsNeedleMoveChangeZeroPositionTest, WithNoneConnectedDoesNothing) {
     state.intTotalManipulatorNumber = -1;
     needles.ChangeZeroPosition();
     EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 1002}));
 }
 
-TEST_F(clsNeedleMoveChangeZeroPosition, WithHighestIndexZeroChangesNeedleZeroOnly) {
+TEST_F(clsNeedleMoveChangeZeroPositionTest, WithHighestIndexZeroChangesNeedleZeroOnly) {
     state.intTotalManipulatorNumber = 0;
     needles.ChangeZeroPosition();
     EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 702}));
     EXPECT_EQ(Zero(1), (PositionXYZ{2000, 2001, 2002}));
 }
 
-TEST_F(clsNeedleMoveChangeZeroPosition, WithFourConnectedChangesZOfAllAndNothingElse) {
+TEST_F(clsNeedleMoveChangeZeroPositionTest, WithFourConnectedChangesZOfAllAndNothingElse) {
     state.intTotalManipulatorNumber = 3;
     needles.ChangeZeroPosition();
     EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 702}));
@@ -187,7 +187,7 @@ TEST_F(clsNeedleMoveChangeZeroPosition, WithFourConnectedChangesZOfAllAndNothing
     EXPECT_EQ(Zero(3), (PositionXYZ{4000, 4001, 4002}));
 }
 
-TEST_F(clsNeedleMoveChangeZeroPosition, AnOverflowGoesToTheCaller) {
+TEST_F(clsNeedleMoveChangeZeroPositionTest, AnOverflowGoesToTheCaller) {
     state.intTotalManipulatorNumber = 1;
     needles.PosZero(1, 2, Smallest);
     EXPECT_THROW(needles.ChangeZeroPosition(), OverflowFailure);
@@ -195,7 +195,7 @@ TEST_F(clsNeedleMoveChangeZeroPosition, AnOverflowGoesToTheCaller) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(clsNeedleMoveChangeZeroPosition, WithAFifthManipulatorTheFourNeedlesChange) {
+TEST_F(clsNeedleMoveChangeZeroPositionTest, WithAFifthManipulatorTheFourNeedlesChange) {
     state.intTotalManipulatorNumber = 4;
     needles.ChangeZeroPosition();
     EXPECT_EQ(Zero(0), (PositionXYZ{1000, 1001, 702}));

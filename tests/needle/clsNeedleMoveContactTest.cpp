@@ -1,12 +1,12 @@
 // The contact check on calibrated needles, through both maps.
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 
 namespace travo::test {
 namespace {
 
-class clsNeedleMoveContact : public NeedleTest {};
+class clsNeedleMoveContactTest : public NeedleRig {};
 
-TEST_F(clsNeedleMoveContact, AShaftAcrossTheWayIsAContactAndOneBesideItIsNot) {
+TEST_F(clsNeedleMoveContactTest, AShaftAcrossTheWayIsAContactAndOneBesideItIsNot) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {2000, 0, 0}));
@@ -14,27 +14,27 @@ TEST_F(clsNeedleMoveContact, AShaftAcrossTheWayIsAContactAndOneBesideItIsNot) {
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {2000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, OnlyXAndYAreUsedSoNeedlesWithVeryDifferentZStillConflict) {
+TEST_F(clsNeedleMoveContactTest, OnlyXAndYAreUsedSoNeedlesWithVeryDifferentZStillConflict) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 20000});
     PlaceTip(1, {1500, 100, -20000});
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {2000, 0, 20000}));
 }
 
-TEST_F(clsNeedleMoveContact, ANeedleWithoutCalibrationIsNoObstacle) {
+TEST_F(clsNeedleMoveContactTest, ANeedleWithoutCalibrationIsNoObstacle) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     state.CalibrationON(1, false);
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {2000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, ANeedleBeyondTheHighestIndexIsNoObstacle) {
+TEST_F(clsNeedleMoveContactTest, ANeedleBeyondTheHighestIndexIsNoObstacle) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     EXPECT_TRUE(needles.ContactEvasion(0, 0, {2000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, WithHighestIndexZeroAndNeedleZeroTheResultIsTrueAfterNoTest) {
+TEST_F(clsNeedleMoveContactTest, WithHighestIndexZeroAndNeedleZeroTheResultIsTrueAfterNoTest) {
     // So far out that any test of the moving shaft would overflow.
     Calibrate(0, StraightNeedle, {0, 0, 0}, {0, 0, 0});
     PlaceTip(0, {-1'000'000'000, 0, 0});
@@ -43,12 +43,12 @@ TEST_F(clsNeedleMoveContact, WithHighestIndexZeroAndNeedleZeroTheResultIsTrueAft
     EXPECT_THROW(needles.ContactEvasion(0, 1, {1'000'000'000, 1'000'000'000, 0}), OverflowFailure);
 }
 
-TEST_F(clsNeedleMoveContact, WithNoneConnectedTheResultIsTrue) {
+TEST_F(clsNeedleMoveContactTest, WithNoneConnectedTheResultIsTrue) {
     PlaceObstacle(1500, 100);
     EXPECT_TRUE(needles.ContactEvasion(0, -1, {2000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AForwardMoveExtendsThePresentShaftToTheTargetsX) {
+TEST_F(clsNeedleMoveContactTest, AForwardMoveExtendsThePresentShaftToTheTargetsX) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     // The straight way from tip to target passes above the obstacle's tip, and so does the target shaft.
@@ -57,7 +57,7 @@ TEST_F(clsNeedleMoveContact, AForwardMoveExtendsThePresentShaftToTheTargetsX) {
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {2000, 1000, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AMoveThatDrawsTheNeedleBackKeepsThePresentShaftAtThePresentTip) {
+TEST_F(clsNeedleMoveContactTest, AMoveThatDrawsTheNeedleBackKeepsThePresentShaftAtThePresentTip) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {2000, 0, 0});
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {1000, 1000, 0}));
@@ -65,13 +65,13 @@ TEST_F(clsNeedleMoveContact, AMoveThatDrawsTheNeedleBackKeepsThePresentShaftAtTh
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {1000, 1000, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, ATargetEqualToThePresentPositionGetsNoMargin) {
+TEST_F(clsNeedleMoveContactTest, ATargetEqualToThePresentPositionGetsNoMargin) {
     PlaceObstacle(1010, 100);
     PlaceTip(0, {1000, 0, 0});
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {1000, 0, 500}));
 }
 
-TEST_F(clsNeedleMoveContact, TheMarginReachesThirtyBeyondTheTargetInTheDirectionOfTravel) {
+TEST_F(clsNeedleMoveContactTest, TheMarginReachesThirtyBeyondTheTargetInTheDirectionOfTravel) {
     Calibrate(0, StraightNeedle, {0, 0, 0}, {0, 0, 0});
     Calibrate(1, StraightNeedle, {0, 0, 0}, {500, 0, 0});
     PlaceTip(0, {1000, 10, 0});
@@ -87,14 +87,14 @@ TEST_F(clsNeedleMoveContact, TheMarginReachesThirtyBeyondTheTargetInTheDirection
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {1000, 100, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, StraightForwardThereIsNoMarginSinceThePresentShaftReachesTheTarget) {
+TEST_F(clsNeedleMoveContactTest, StraightForwardThereIsNoMarginSinceThePresentShaftReachesTheTarget) {
     PlaceObstacle(1010, 100);
     PlaceTip(0, {900, 0, 0});
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {1000, 0, 0}));
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {1011, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, TheRearOfAShaftIsWhereItsManipulatorXIsZero) {
+TEST_F(clsNeedleMoveContactTest, TheRearOfAShaftIsWhereItsManipulatorXIsZero) {
     // The obstacle's rear is at Y -5000, whatever its tip is.
     PlaceObstacle(1500, -6000);
     PlaceTip(0, {2000, -5500, 0});
@@ -109,7 +109,7 @@ TEST_F(clsNeedleMoveContact, TheRearOfAShaftIsWhereItsManipulatorXIsZero) {
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {3000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AReversedNeedleReachesFromItsOwnSide) {
+TEST_F(clsNeedleMoveContactTest, AReversedNeedleReachesFromItsOwnSide) {
     PlaceObstacle(1500, 100);
     Calibrate(0, ReversedNeedle, {0, 0, 0}, {6000, 0, 0});
     PlaceTip(0, {2000, 0, 0});
@@ -117,7 +117,7 @@ TEST_F(clsNeedleMoveContact, AReversedNeedleReachesFromItsOwnSide) {
     EXPECT_FALSE(needles.ContactEvasion(0, 1, {1400, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, TheLastNeedleIsTestedAsTheFirst) {
+TEST_F(clsNeedleMoveContactTest, TheLastNeedleIsTestedAsTheFirst) {
     PlaceObstacle(1500, -4000);
     Calibrate(3, CrosswiseNeedle, {0, 0, 0}, {0, -5000, 0});
     PlaceTip(0, {1000, 0, 0});
@@ -126,7 +126,7 @@ TEST_F(clsNeedleMoveContact, TheLastNeedleIsTestedAsTheFirst) {
     EXPECT_FALSE(needles.ContactEvasion(0, 3, {2000, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AnEarlierNeedleIsAnObstacleForALaterOne) {
+TEST_F(clsNeedleMoveContactTest, AnEarlierNeedleIsAnObstacleForALaterOne) {
     Calibrate(3, StraightNeedle, {0, 0, 0}, {0, 0, 0});
     Calibrate(0, CrosswiseNeedle, {0, 0, 0}, {0, -5000, 0});
     PlaceTip(3, {1000, 0, 0});
@@ -135,7 +135,7 @@ TEST_F(clsNeedleMoveContact, AnEarlierNeedleIsAnObstacleForALaterOne) {
     EXPECT_TRUE(needles.ContactEvasion(3, 3, {1400, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AMovingNeedleWithoutCalibrationIsTestedWithAPresentShaftOfZeros) {
+TEST_F(clsNeedleMoveContactTest, AMovingNeedleWithoutCalibrationIsTestedWithAPresentShaftOfZeros) {
     PlaceObstacle(1500, 2000);
     state.CalibrationON(0, false);
     PlaceTip(0, {5000, 5000, 0});
@@ -144,19 +144,19 @@ TEST_F(clsNeedleMoveContact, AMovingNeedleWithoutCalibrationIsTestedWithAPresent
     EXPECT_TRUE(needles.ContactEvasion(0, 1, {1000, 1000, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, IndicesOutsideTheTablesAreFailures) {
+TEST_F(clsNeedleMoveContactTest, IndicesOutsideTheTablesAreFailures) {
     EXPECT_THROW(needles.ContactEvasion(-1, 3, {0, 0, 0}), BoundsFailure);
     EXPECT_THROW(needles.ContactEvasion(4, 3, {0, 0, 0}), BoundsFailure);
 }
 
-TEST_F(clsNeedleMoveContact, AFifthManipulatorIsNoObstacleAndKeepsNoneFromBeingOne) {
+TEST_F(clsNeedleMoveContactTest, AFifthManipulatorIsNoObstacleAndKeepsNoneFromBeingOne) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     EXPECT_FALSE(needles.ContactEvasion(0, 4, {2000, 0, 0}));
     EXPECT_TRUE(needles.ContactEvasion(0, 4, {1200, 0, 0}));
 }
 
-TEST_F(clsNeedleMoveContact, AShaftThatOverflowsIsAFailureAlsoBehindAContact) {
+TEST_F(clsNeedleMoveContactTest, AShaftThatOverflowsIsAFailureAlsoBehindAContact) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     Calibrate(2, StraightNeedle, {0, 0, 0}, {-10, 0, 0});
@@ -165,14 +165,14 @@ TEST_F(clsNeedleMoveContact, AShaftThatOverflowsIsAFailureAlsoBehindAContact) {
     EXPECT_THROW(needles.ContactEvasion(0, 2, {2000, 0, 0}), OverflowFailure);
 }
 
-TEST_F(clsNeedleMoveContact, ZOfARearThatOverflowsIsAFailureAlthoughZIsNotLookedAt) {
+TEST_F(clsNeedleMoveContactTest, ZOfARearThatOverflowsIsAFailureAlthoughZIsNotLookedAt) {
     Calibrate(0, TiltedNeedle, {0, 0, 0}, {0, 0, 0});
     EXPECT_NO_THROW(needles.ContactEvasion(0, -1, {0, 0, 1'600'000'000}));
     needles.PosZero(0, 2, 1'000'000'000);
     EXPECT_THROW(needles.ContactEvasion(0, -1, {-2'000'000'000, 0, 2'000'000'000}), OverflowFailure);
 }
 
-TEST_F(clsNeedleMoveContact, TheCheckDoesNotReadTheSwitchAndChangesNothing) {
+TEST_F(clsNeedleMoveContactTest, TheCheckDoesNotReadTheSwitchAndChangesNothing) {
     PlaceObstacle(1500, 100);
     PlaceTip(0, {1000, 0, 0});
     needles.ContactEvasionONOFF(true);

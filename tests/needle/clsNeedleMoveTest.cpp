@@ -1,5 +1,5 @@
 // The gate for automatic needle motion, through the facade and the link to the driver.
-#include "NeedleFixture.h"
+#include "NeedleRig.h"
 
 namespace travo::test {
 namespace {
@@ -12,9 +12,9 @@ const QString Warning = QStringLiteral(
 const QString SynchroWarning =
     QStringLiteral("There is a possibility the needles will come in contact while moving.");
 
-class clsNeedleMoveGate : public NeedleTest {
+class clsNeedleMoveGateTest : public NeedleRig {
 protected:
-    clsNeedleMoveGate() { CalibrateFromPoints(0, StraightNeedle, {100, -200, 0}); }
+    clsNeedleMoveGateTest() { CalibrateFromPoints(0, StraightNeedle, {100, -200, 0}); }
 
     // Needle 0 at (1000, 0) and a target that cuts needle 1.
     void PlaceContact() {
@@ -24,7 +24,7 @@ protected:
     static constexpr PositionXYZ BehindObstacle{2000, 0, 0};
 };
 
-TEST_F(clsNeedleMoveGate, AClearTargetGoesToTheDriverInManipulatorCoordinates) {
+TEST_F(clsNeedleMoveGateTest, AClearTargetGoesToTheDriverInManipulatorCoordinates) {
     PlaceTip(0, {100, -200, 0});
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
     EXPECT_EQ(driver.moves, (Moves{{11000, 21000, 5100}}));
@@ -32,7 +32,7 @@ TEST_F(clsNeedleMoveGate, AClearTargetGoesToTheDriverInManipulatorCoordinates) {
     EXPECT_TRUE(LogTexts().isEmpty());
 }
 
-TEST_F(clsNeedleMoveGate, ThePresentPositionIsThatOfTheLastRead) {
+TEST_F(clsNeedleMoveGateTest, ThePresentPositionIsThatOfTheLastRead) {
     // 800 counts from the needle as last read, though the manipulator stands elsewhere by now.
     PlaceTip(0, {100, 600, 0});
     EXPECT_TRUE(needles.NeedleMove(0, {100, -200, 0}, 0, false, false));
@@ -40,7 +40,7 @@ TEST_F(clsNeedleMoveGate, ThePresentPositionIsThatOfTheLastRead) {
     EXPECT_LE(clock.slept, 202);
 }
 
-TEST_F(clsNeedleMoveGate, PressesMadeDuringAMoveAreDroppedAndThoseOfASynchronisedMoveAreKept) {
+TEST_F(clsNeedleMoveGateTest, PressesMadeDuringAMoveAreDroppedAndThoseOfASynchronisedMoveAreKept) {
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, true));
     EXPECT_EQ(eventLoop.standStills, 0);
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
@@ -48,7 +48,7 @@ TEST_F(clsNeedleMoveGate, PressesMadeDuringAMoveAreDroppedAndThoseOfASynchronise
     EXPECT_EQ(driver.moves.size(), 2U);
 }
 
-TEST_F(clsNeedleMoveGate, TheStandOffDoesNotTouchThePresentPosition) {
+TEST_F(clsNeedleMoveGateTest, TheStandOffDoesNotTouchThePresentPosition) {
     needles.lngXYOffset = 400;
     PlaceTip(0, {100, -200, 0});
     EXPECT_TRUE(needles.NeedleMove(0, {100, -200, 0}, 0, true, false));
@@ -57,25 +57,25 @@ TEST_F(clsNeedleMoveGate, TheStandOffDoesNotTouchThePresentPosition) {
     EXPECT_LE(clock.slept, 102);
 }
 
-TEST_F(clsNeedleMoveGate, WithAStandOffOfZeroTheTargetIsUnchanged) {
+TEST_F(clsNeedleMoveGateTest, WithAStandOffOfZeroTheTargetIsUnchanged) {
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, true, false));
     EXPECT_EQ(driver.moves, (Moves{{11000, 21000, 5100}}));
 }
 
-TEST_F(clsNeedleMoveGate, WithoutChkOffsetTheStandOffIsNotApplied) {
+TEST_F(clsNeedleMoveGateTest, WithoutChkOffsetTheStandOffIsNotApplied) {
     needles.lngXYOffset = 400;
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
     EXPECT_EQ(driver.moves, (Moves{{11000, 21000, 5100}}));
 }
 
-TEST_F(clsNeedleMoveGate, TheStandOffIsSubtractedAfterTheConversionAlsoOnAnObliqueNeedle) {
+TEST_F(clsNeedleMoveGateTest, TheStandOffIsSubtractedAfterTheConversionAlsoOnAnObliqueNeedle) {
     CalibrateFromPoints(0, TiltedNeedle, {100, -200, 0});
     needles.lngXYOffset = 500;
     EXPECT_TRUE(needles.NeedleMove(0, {1016, -1200, -413}, 0, true, false));
     EXPECT_EQ(driver.moves, (Moves{{10500, 21000, 5100}}));
 }
 
-TEST_F(clsNeedleMoveGate, APredictedContactIsRefusedInThreeLinesWithTheStopIcon) {
+TEST_F(clsNeedleMoveGateTest, APredictedContactIsRefusedInThreeLinesWithTheStopIcon) {
     PlaceContact();
     EXPECT_FALSE(needles.NeedleMove(0, BehindObstacle, 1, false, false));
     ASSERT_EQ(boxes.shown.size(), 1U);
@@ -86,7 +86,7 @@ TEST_F(clsNeedleMoveGate, APredictedContactIsRefusedInThreeLinesWithTheStopIcon)
     EXPECT_TRUE(LogTexts().isEmpty());
 }
 
-TEST_F(clsNeedleMoveGate, APredictedContactOfASynchronisedMoveIsRefusedInAPlainBox) {
+TEST_F(clsNeedleMoveGateTest, APredictedContactOfASynchronisedMoveIsRefusedInAPlainBox) {
     PlaceContact();
     EXPECT_FALSE(needles.NeedleMove(0, BehindObstacle, 1, false, true));
     EXPECT_TRUE(OnlyPlainBox(SynchroWarning));
@@ -94,7 +94,7 @@ TEST_F(clsNeedleMoveGate, APredictedContactOfASynchronisedMoveIsRefusedInAPlainB
     EXPECT_TRUE(LogTexts().isEmpty());
 }
 
-TEST_F(clsNeedleMoveGate, TheTwoRefusalTextsDifferInTheirSpacing) {
+TEST_F(clsNeedleMoveGateTest, TheTwoRefusalTextsDifferInTheirSpacing) {
     PlaceContact();
     needles.NeedleMove(0, BehindObstacle, 1, false, false);
     needles.NeedleMove(0, BehindObstacle, 1, false, true);
@@ -104,7 +104,7 @@ TEST_F(clsNeedleMoveGate, TheTwoRefusalTextsDifferInTheirSpacing) {
     EXPECT_TRUE(boxes.shown[1].text.contains(QStringLiteral("possibility the")));
 }
 
-TEST_F(clsNeedleMoveGate, WithTheVetoOffAPredictedContactNeitherStopsTheMoveNorShowsAnything) {
+TEST_F(clsNeedleMoveGateTest, WithTheVetoOffAPredictedContactNeitherStopsTheMoveNorShowsAnything) {
     PlaceContact();
     needles.ContactEvasionONOFF(true);
     EXPECT_TRUE(needles.NeedleMove(0, BehindObstacle, 1, false, false));
@@ -116,7 +116,7 @@ TEST_F(clsNeedleMoveGate, WithTheVetoOffAPredictedContactNeitherStopsTheMoveNorS
     EXPECT_FALSE(needles.NeedleMove(0, BehindObstacle, 1, false, false));
 }
 
-TEST_F(clsNeedleMoveGate, ANeedleWithoutCalibrationIsToldAndTheResultIsTrue) {
+TEST_F(clsNeedleMoveGateTest, ANeedleWithoutCalibrationIsToldAndTheResultIsTrue) {
     state.CalibrationON(0, false);
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
     EXPECT_TRUE(OnlyPlainBox(PleaseCalibrate));
@@ -124,14 +124,14 @@ TEST_F(clsNeedleMoveGate, ANeedleWithoutCalibrationIsToldAndTheResultIsTrue) {
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(clsNeedleMoveGate, AContactRefusalComesBeforeTheMissingCalibration) {
+TEST_F(clsNeedleMoveGateTest, AContactRefusalComesBeforeTheMissingCalibration) {
     PlaceContact();
     state.CalibrationON(0, false);
     EXPECT_FALSE(needles.NeedleMove(0, BehindObstacle, 1, false, false));
     EXPECT_EQ(boxes.Texts(), QStringList{Warning});
 }
 
-TEST_F(clsNeedleMoveGate, TheConversionsComeBeforeTheMissingCalibration) {
+TEST_F(clsNeedleMoveGateTest, TheConversionsComeBeforeTheMissingCalibration) {
     // The contact check does not read the present place of an uncalibrated needle, the conversion does.
     state.CalibrationON(0, false);
     PlaceTip(0, {0, Largest, 0});
@@ -140,14 +140,14 @@ TEST_F(clsNeedleMoveGate, TheConversionsComeBeforeTheMissingCalibration) {
     EXPECT_TRUE(OnlyPlainBox(Failed));
 }
 
-TEST_F(clsNeedleMoveGate, TheStandOffComesBeforeTheMissingCalibration) {
+TEST_F(clsNeedleMoveGateTest, TheStandOffComesBeforeTheMissingCalibration) {
     state.CalibrationON(0, false);
     needles.lngXYOffset = Smallest;
     EXPECT_FALSE(needles.NeedleMove(0, {0, 0, 0}, 0, true, false));
     EXPECT_TRUE(OnlyPlainBox(Failed));
 }
 
-TEST_F(clsNeedleMoveGate, AContactRefusalComesBeforeTheConversions) {
+TEST_F(clsNeedleMoveGateTest, AContactRefusalComesBeforeTheConversions) {
     PlaceContact();
     state.CalibrationON(0, false);
     PlaceTip(0, {0, Largest, 0});
@@ -156,7 +156,7 @@ TEST_F(clsNeedleMoveGate, AContactRefusalComesBeforeTheConversions) {
     EXPECT_EQ(boxes.Texts(), QStringList{Warning});
 }
 
-TEST_F(clsNeedleMoveGate, AnOverflowOfTheContactCheckIsReportedAsNeedleMoveFailed) {
+TEST_F(clsNeedleMoveGateTest, AnOverflowOfTheContactCheckIsReportedAsNeedleMoveFailed) {
     PlaceContact();
     EXPECT_FALSE(needles.NeedleMove(0, {60000, 60000, 0}, 1, false, false));
     EXPECT_TRUE(OnlyPlainBox(Failed));
@@ -164,7 +164,7 @@ TEST_F(clsNeedleMoveGate, AnOverflowOfTheContactCheckIsReportedAsNeedleMoveFaile
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(clsNeedleMoveGate, TheContactCheckRunsAndCanFailAlsoWithItsVetoOff) {
+TEST_F(clsNeedleMoveGateTest, TheContactCheckRunsAndCanFailAlsoWithItsVetoOff) {
     PlaceContact();
     needles.ContactEvasionONOFF(true);
     EXPECT_FALSE(needles.NeedleMove(0, {60000, 60000, 0}, 1, false, false));
@@ -172,7 +172,7 @@ TEST_F(clsNeedleMoveGate, TheContactCheckRunsAndCanFailAlsoWithItsVetoOff) {
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(clsNeedleMoveGate, AnIndexOutOfBoundsIsReportedAsNeedleMoveFailed) {
+TEST_F(clsNeedleMoveGateTest, AnIndexOutOfBoundsIsReportedAsNeedleMoveFailed) {
     EXPECT_FALSE(needles.NeedleMove(-1, {0, 0, 0}, 0, false, false));
     EXPECT_FALSE(needles.NeedleMove(4, {0, 0, 0}, 0, false, false));
     EXPECT_EQ(boxes.Texts(), (QStringList{Failed, Failed}));
@@ -180,40 +180,40 @@ TEST_F(clsNeedleMoveGate, AnIndexOutOfBoundsIsReportedAsNeedleMoveFailed) {
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(clsNeedleMoveGate, WithAFifthManipulatorANeedleMovesAsBefore) {
+TEST_F(clsNeedleMoveGateTest, WithAFifthManipulatorANeedleMovesAsBefore) {
     EXPECT_TRUE(needles.NeedleMove(0, {0, 0, 0}, 4, false, false));
     EXPECT_EQ(driver.moves.size(), 1U);
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(clsNeedleMoveGate, ATargetOutsideTheRangeIsToldByTheLinkAndTheResultIsTrue) {
+TEST_F(clsNeedleMoveGateTest, ATargetOutsideTheRangeIsToldByTheLinkAndTheResultIsTrue) {
     EXPECT_TRUE(needles.NeedleMove(0, {20000, -200, 0}, 0, false, false));
     EXPECT_TRUE(OnlyPlainBox(QStringLiteral("Manipulator : Outside the movement range")));
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(clsNeedleMoveGate, TheStandOffIsInTheTargetWhoseRangeIsChecked) {
+TEST_F(clsNeedleMoveGateTest, TheStandOffIsInTheTargetWhoseRangeIsChecked) {
     needles.lngXYOffset = 6000;
     EXPECT_TRUE(needles.NeedleMove(0, {20000, -200, 0}, 0, true, false));
     EXPECT_EQ(driver.moves, (Moves{{23900, 22000, 5000}}));
 }
 
-TEST_F(clsNeedleMoveGate, ADriverThatFailsIsToldByTheLinkAndTheResultIsTrue) {
+TEST_F(clsNeedleMoveGateTest, ADriverThatFailsIsToldByTheLinkAndTheResultIsTrue) {
     driver.failing.insert("DriverMoveTo");
     EXPECT_TRUE(needles.NeedleMove(0, {1100, -1200, 100}, 0, false, false));
     EXPECT_TRUE(OnlyPlainBox(QStringLiteral("Manipulator : Communication failed")));
 }
 
-TEST_F(clsNeedleMoveGate, TheBoxIsUpWhileThePositionReadGoesOn) {
+TEST_F(clsNeedleMoveGateTest, TheBoxIsUpWhileThePositionReadGoesOn) {
     PlaceContact();
     boxes.whileShown = [&] { PlaceTip(0, {7, 8, 9}); };
     EXPECT_FALSE(needles.NeedleMove(0, BehindObstacle, 1, false, false));
     EXPECT_EQ(state.Needles()[0], (PositionXYZ{7, 8, 9}));
 }
 
-class clsNeedleMoveCellPosition : public clsNeedleMoveGate {};
+class clsNeedleMoveTest : public clsNeedleMoveGate {};
 
-TEST_F(clsNeedleMoveCellPosition, BothStandOffsAreApplied) {
+TEST_F(clsNeedleMoveTest, BothStandOffsAreApplied) {
     objective.lngOffset = 150;
     needles.lngXYOffset = 400;
     needles.NeedleMoveCellPosition(0, {1100, -1200, 100}, 0);
@@ -221,18 +221,18 @@ TEST_F(clsNeedleMoveCellPosition, BothStandOffsAreApplied) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(clsNeedleMoveCellPosition, TheZStandOffIsAddedEvenWhenTheCellsZIsZero) {
+TEST_F(clsNeedleMoveTest, TheZStandOffIsAddedEvenWhenTheCellsZIsZero) {
     needles.NeedleMoveCellPosition(0, {100, -200, 0}, 0);
     EXPECT_EQ(driver.moves, (Moves{{10000, 22000, 5100}}));
 }
 
-TEST_F(clsNeedleMoveCellPosition, WithBothOffsetsZeroTheNeedleGoesToTheCellItself) {
+TEST_F(clsNeedleMoveTest, WithBothOffsetsZeroTheNeedleGoesToTheCellItself) {
     objective.lngOffset = 0;
     needles.NeedleMoveCellPosition(0, {1100, -1200, 100}, 0);
     EXPECT_EQ(driver.moves, (Moves{{11000, 21000, 5100}}));
 }
 
-TEST_F(clsNeedleMoveCellPosition, TheZStandOffIsAddedInTheCommonFrame) {
+TEST_F(clsNeedleMoveTest, TheZStandOffIsAddedInTheCommonFrame) {
     CalibrateFromPoints(0, TiltedNeedle, {0, 0, 0});
     objective.lngOffset = 1000;
     needles.NeedleMoveCellPosition(0, {0, 0, 0}, 0);
@@ -241,13 +241,13 @@ TEST_F(clsNeedleMoveCellPosition, TheZStandOffIsAddedInTheCommonFrame) {
     EXPECT_EQ(driver.moves, (Moves{{above[0], above[1], above[2]}}));
 }
 
-TEST_F(clsNeedleMoveCellPosition, AContactGivesTheThreeLines) {
+TEST_F(clsNeedleMoveTest, AContactGivesTheThreeLines) {
     PlaceContact();
     needles.NeedleMoveCellPosition(0, BehindObstacle, 1);
     EXPECT_EQ(boxes.Texts(), QStringList{Warning});
 }
 
-TEST_F(clsNeedleMoveCellPosition, AnOverflowOfTheZAdditionGoesToTheCaller) {
+TEST_F(clsNeedleMoveTest, AnOverflowOfTheZAdditionGoesToTheCaller) {
     EXPECT_THROW(needles.NeedleMoveCellPosition(0, {0, 0, Largest - 99}, 0), OverflowFailure);
     EXPECT_TRUE(boxes.shown.empty());
     EXPECT_TRUE(LogTexts().isEmpty());

@@ -1,12 +1,12 @@
 #include "needle/clsObjectiveUpDown.h"
 
-#include "needle/NeedleFixture.h"
+#include "needle/NeedleRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class clsObjectiveUpDownTest : public NeedleTest {
+class clsObjectiveUpDownTest : public NeedleRig {
 protected:
     // Ports are created by the links in the order gauge, mirror, motor.
     FakeSerialPort& MotorPort() { return *serialPorts.created.at(2); }

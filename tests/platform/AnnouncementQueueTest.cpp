@@ -44,7 +44,7 @@ void Fill(AnnouncementQueue& queue, std::size_t count) {
     }
 }
 
-TEST(AnnouncementQueue, OneIsInFlightAtATimeInTheirOrder) {
+TEST(AnnouncementQueueTest, OneIsInFlightAtATimeInTheirOrder) {
     AnnouncementQueue queue;
     EXPECT_EQ(Text(queue.Next()), "none");
     queue.Add(Plain(PanelLeave));
@@ -57,7 +57,7 @@ TEST(AnnouncementQueue, OneIsInFlightAtATimeInTheirOrder) {
     EXPECT_EQ(Text(queue.Next()), "none");
 }
 
-TEST(AnnouncementQueue, AWaitingMagnificationTakesTheNewValueAndKeepsItsPlace) {
+TEST(AnnouncementQueueTest, AWaitingMagnificationTakesTheNewValueAndKeepsItsPlace) {
     AnnouncementQueue queue;
     queue.Add(Plain(PanelLeave));
     queue.Next();
@@ -68,7 +68,7 @@ TEST(AnnouncementQueue, AWaitingMagnificationTakesTheNewValueAndKeepsItsPlace) {
     EXPECT_EQ(All(queue), (std::vector<std::string>{"LiveChangeMagnification 3", "LiveCalibPoints"}));
 }
 
-TEST(AnnouncementQueue, AMagnificationThatHasGoneOutIsNotTakenBack) {
+TEST(AnnouncementQueueTest, AMagnificationThatHasGoneOutIsNotTakenBack) {
     AnnouncementQueue queue;
     queue.Add(Change(1));
     EXPECT_EQ(Text(queue.Next()), "LiveChangeMagnification 1");
@@ -76,13 +76,13 @@ TEST(AnnouncementQueue, AMagnificationThatHasGoneOutIsNotTakenBack) {
     EXPECT_EQ(All(queue), std::vector<std::string>{"LiveChangeMagnification 2"});
 }
 
-TEST(AnnouncementQueue, WhatBearsNoValueIsToldAsOftenAsItIsSaid) {
+TEST(AnnouncementQueueTest, WhatBearsNoValueIsToldAsOftenAsItIsSaid) {
     AnnouncementQueue queue;
     Fill(queue, 3);
     EXPECT_EQ(All(queue).size(), 3U);
 }
 
-TEST(AnnouncementQueue, SixtyFourMayWaitBehindTheOneInFlightAndNoMore) {
+TEST(AnnouncementQueueTest, SixtyFourMayWaitBehindTheOneInFlightAndNoMore) {
     AnnouncementQueue queue;
     queue.Add(Plain(Points));
     queue.Next();
@@ -92,7 +92,7 @@ TEST(AnnouncementQueue, SixtyFourMayWaitBehindTheOneInFlightAndNoMore) {
     EXPECT_EQ(All(queue), std::vector<std::string>(64, "LivePanelLeave"));
 }
 
-TEST(AnnouncementQueue, WithSixtyFourWaitingAMagnificationAmongThemStillTakesTheNewValue) {
+TEST(AnnouncementQueueTest, WithSixtyFourWaitingAMagnificationAmongThemStillTakesTheNewValue) {
     AnnouncementQueue queue;
     queue.Add(Change(1));
     Fill(queue, 63);
@@ -100,7 +100,7 @@ TEST(AnnouncementQueue, WithSixtyFourWaitingAMagnificationAmongThemStillTakesThe
     EXPECT_EQ(Text(queue.Next()), "LiveChangeMagnification 2");
 }
 
-TEST(AnnouncementQueue, ClearedItHasNothingInFlightAndNothingWaiting) {
+TEST(AnnouncementQueueTest, ClearedItHasNothingInFlightAndNothingWaiting) {
     AnnouncementQueue queue;
     Fill(queue, 2);
     queue.Next();

@@ -10,9 +10,9 @@
 namespace travo::platform::qt {
 namespace {
 
-class PortNames : public ::testing::Test {
+class PortNamesTest : public ::testing::Test {
 protected:
-    PortNames() { QDir(folder_.path()).mkdir(QStringLiteral("ports")); }
+    PortNamesTest() { QDir(folder_.path()).mkdir(QStringLiteral("ports")); }
 
     QString InFolder(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
     void Link(const char* name, const QString& target) { ASSERT_TRUE(QFile::link(target, InFolder(name))); }
@@ -26,47 +26,47 @@ protected:
     QTemporaryDir folder_;
 };
 
-TEST_F(PortNames, PortWithoutALinkIsTheBuiltInTerminalOneBelowItsNumber) {
+TEST_F(PortNamesTest, PortWithoutALinkIsTheBuiltInTerminalOneBelowItsNumber) {
     EXPECT_EQ(Device(78), QStringLiteral("/dev/ttyS77"));
     EXPECT_EQ(Device(32767), QStringLiteral("/dev/ttyS32766"));
 }
 
-TEST_F(PortNames, PortWithoutAPortsFolderIsTheBuiltInTerminal) {
+TEST_F(PortNamesTest, PortWithoutAPortsFolderIsTheBuiltInTerminal) {
     QTemporaryDir empty;
     EXPECT_EQ(PortDevice(empty.path(), 78), QStringLiteral("/dev/ttyS77"));
 }
 
-TEST_F(PortNames, LinkGivesItsTarget) {
+TEST_F(PortNamesTest, LinkGivesItsTarget) {
     const QString device = MakeFile("adapter");
     Link("ports/com3", device);
     EXPECT_EQ(Device(3), device);
 }
 
-TEST_F(PortNames, LinkToALinkGivesTheDeviceBehindBoth) {
+TEST_F(PortNamesTest, LinkToALinkGivesTheDeviceBehindBoth) {
     const QString device = MakeFile("adapter");
     Link("by-id", device);
     Link("ports/com3", InFolder("by-id"));
     EXPECT_EQ(Device(3), device);
 }
 
-TEST_F(PortNames, LinkThatLeadsNowhereGivesNoDeviceAndDoesNotFallBack) {
+TEST_F(PortNamesTest, LinkThatLeadsNowhereGivesNoDeviceAndDoesNotFallBack) {
     Link("ports/com1", InFolder("gone"));
     EXPECT_EQ(Device(1), QString());
 }
 
-TEST_F(PortNames, WhatIsNoLinkIsTheDeviceItself) {
+TEST_F(PortNamesTest, WhatIsNoLinkIsTheDeviceItself) {
     const QString device = MakeFile("ports/com4");
     EXPECT_EQ(Device(4), device);
 }
 
-TEST_F(PortNames, NumbersBelowOneHaveNoDevice) {
+TEST_F(PortNamesTest, NumbersBelowOneHaveNoDevice) {
     MakeFile("ports/com0");
     EXPECT_EQ(Device(0), QString());
     EXPECT_EQ(Device(-1), QString());
     EXPECT_EQ(Device(-32768), QString());
 }
 
-TEST_F(PortNames, PinnedPortsAreThoseOfWellWrittenNumbersDanglingOnesToo) {
+TEST_F(PortNamesTest, PinnedPortsAreThoseOfWellWrittenNumbersDanglingOnesToo) {
     MakeFile("ports/com2");
     Link("ports/com30", InFolder("gone"));
     for (const char* other : {"ports/com", "ports/com0", "ports/com01", "ports/com5x", "ports/com40000",

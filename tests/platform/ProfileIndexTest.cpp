@@ -14,7 +14,7 @@ std::string Found(const std::optional<QByteArrayView>& value) {
     return value ? value->toByteArray().toStdString() : "none";
 }
 
-TEST(ProfileIndex, FindsWhatGoingThroughTheTextFinds) {
+TEST(ProfileIndexTest, FindsWhatGoingThroughTheTextFinds) {
     const char* const pieces[] = {"[a]",   "[A]", "[b]",    "[",      "]",  "k=1", "K = 2", " l=\"3\"",
                                   "; k=4", "=5",  "\xE4=6", "\xC4=7", "\r", "\n",  "\n",    "\n"};
     const char* const names[] = {"a", "b", "k", "l", "", "\xE4", "c"};
@@ -34,12 +34,12 @@ TEST(ProfileIndex, FindsWhatGoingThroughTheTextFinds) {
     }
 }
 
-TEST(ProfileIndex, OfNoTextNothingIsFound) {
+TEST(ProfileIndexTest, OfNoTextNothingIsFound) {
     EXPECT_EQ(ProfileIndex().Value("a", "k"), std::nullopt);
     EXPECT_EQ(ProfileIndex(QByteArray()).Value("", ""), std::nullopt);
 }
 
-TEST(ProfileIndex, ManyValuesOfALargeTextAreFoundInOneGoThroughIt) {
+TEST(ProfileIndexTest, ManyValuesOfALargeTextAreFoundInOneGoThroughIt) {
     // Ten times the goal of a second: gone through for each of them, it would be minutes.
     QByteArray bytes;
     for (int section = 0; section < 20; ++section) {

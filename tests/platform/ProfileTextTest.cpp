@@ -24,7 +24,7 @@ std::string With(QByteArrayView text, QByteArrayView section, QByteArrayView key
     return Text(WithProfileValue(text, section, key, value));
 }
 
-TEST(ProfileValue, FindsTheKeyInItsSection) {
+TEST(ProfileValueTest, FindsTheKeyInItsSection) {
     const QByteArrayView text = "[COMPort]\r\nMirror=3\r\nMotor=5\r\n[Window]\r\nMirror=7\r\n";
     EXPECT_EQ(Value(text, "COMPort", "Mirror"), "3");
     EXPECT_EQ(Value(text, "COMPort", "Motor"), "5");
@@ -34,26 +34,26 @@ TEST(ProfileValue, FindsTheKeyInItsSection) {
     EXPECT_EQ(Value("", "Window", "Mirror"), "nothing");
 }
 
-TEST(ProfileValue, SectionsAndKeysMatchWithoutRegardToCase) {
+TEST(ProfileValueTest, SectionsAndKeysMatchWithoutRegardToCase) {
     EXPECT_EQ(
         Value("[Manipulator Calibration:2]\r\nZERO,XYZ:2=-5\r\n", "MANIPULATOR calibration:2", "zero,xyz:2"),
         "-5");
     EXPECT_EQ(Value("[\xC4rger]\r\n\xDC=1\r\n", "\xE4RGER", "\xFC"), "1");
 }
 
-TEST(ProfileValue, TheFirstOfTwoEqualKeysCounts) { EXPECT_EQ(Value("[S]\nk=1\nK=2\n", "S", "K"), "1"); }
+TEST(ProfileValueTest, TheFirstOfTwoEqualKeysCounts) { EXPECT_EQ(Value("[S]\nk=1\nK=2\n", "S", "K"), "1"); }
 
-TEST(ProfileValue, TheFirstOfTwoEqualSectionsCounts) {
+TEST(ProfileValueTest, TheFirstOfTwoEqualSectionsCounts) {
     const QByteArrayView text = "[S]\na=1\n[s]\na=2\nb=3\n";
     EXPECT_EQ(Value(text, "s", "a"), "1");
     EXPECT_EQ(Value(text, "s", "b"), "nothing");
 }
 
-TEST(ProfileValue, BlanksRoundNamesAndValuesDoNotCount) {
+TEST(ProfileValueTest, BlanksRoundNamesAndValuesDoNotCount) {
     EXPECT_EQ(Value(" \t[ S ] \r\n\t k \t= \t a b \t\r\n", "S", "k"), "a b");
 }
 
-TEST(ProfileValue, OnePairOfQuotesIsTakenOff) {
+TEST(ProfileValueTest, OnePairOfQuotesIsTakenOff) {
     EXPECT_EQ(Value("[S]\nk= \" a \" \n", "S", "k"), " a ");
     EXPECT_EQ(Value("[S]\nk=' a '\n", "S", "k"), " a ");
     EXPECT_EQ(Value("[S]\nk=\"\"a\"\"\n", "S", "k"), "\"a\"");
@@ -61,23 +61,23 @@ TEST(ProfileValue, OnePairOfQuotesIsTakenOff) {
     EXPECT_EQ(Value("[S]\nk=\"\"\n", "S", "k"), "");
 }
 
-TEST(ProfileValue, QuotesThatAreNoPairStay) {
+TEST(ProfileValueTest, QuotesThatAreNoPairStay) {
     EXPECT_EQ(Value("[S]\nk=\"a'\n", "S", "k"), "\"a'");
     EXPECT_EQ(Value("[S]\nk=\"a\n", "S", "k"), "\"a");
     EXPECT_EQ(Value("[S]\nk=\"\n", "S", "k"), "\"");
     EXPECT_EQ(Value("[S]\nk=a\"b\"\n", "S", "k"), "a\"b\"");
 }
 
-TEST(ProfileValue, AnEmptyValueIsFoundAndEmpty) {
+TEST(ProfileValueTest, AnEmptyValueIsFoundAndEmpty) {
     EXPECT_EQ(Value("[S]\nk=\nl", "S", "k"), "");
     EXPECT_EQ(Value("[S]\nk= \t", "S", "k"), "");
 }
 
-TEST(ProfileValue, AValueMayHoldEqualsSignsSemicolonsAndBrackets) {
+TEST(ProfileValueTest, AValueMayHoldEqualsSignsSemicolonsAndBrackets) {
     EXPECT_EQ(Value("[S]\nk=a=b;c[d]\n", "S", "k"), "a=b;c[d]");
 }
 
-TEST(ProfileValue, CommentsAndOddLinesSayNothing) {
+TEST(ProfileValueTest, CommentsAndOddLinesSayNothing) {
     const QByteArrayView text = "k=0\n;[S]\n[S\n]\n=5\nk\n;k=1\n [S]\n ; k=2\nS\n=\n[]\nk=3\n[S]\n";
     EXPECT_EQ(Value(text, "S", "k"), "nothing");
     EXPECT_EQ(Value(text, "S", ""), "nothing");
@@ -85,24 +85,24 @@ TEST(ProfileValue, CommentsAndOddLinesSayNothing) {
     EXPECT_EQ(Value(text, "S", ";k"), "nothing");
 }
 
-TEST(ProfileValue, ASectionLineMayBearATrailingRemark) {
+TEST(ProfileValueTest, ASectionLineMayBearATrailingRemark) {
     EXPECT_EQ(Value("[S] ; the first\nk=1\n", "S", "k"), "1");
 }
 
-TEST(ProfileValue, ASectionNameEndsAtTheLastBracketSoThatItMayHoldOthers) {
+TEST(ProfileValueTest, ASectionNameEndsAtTheLastBracketSoThatItMayHoldOthers) {
     EXPECT_EQ(Value("[a]b]\nk=1\n", "a]b", "k"), "1");
     EXPECT_EQ(With("[a]b]\nk=1\n", "a]b", "k", "2"), "[a]b]\nk=2\r\n");
     EXPECT_EQ(Value(WithProfileValue("", "[a]]", "k", "2"), "[a]]", "k"), "2");
 }
 
-TEST(ProfileValue, LinesMayEndInLineFeedOrNotAtAll) {
+TEST(ProfileValueTest, LinesMayEndInLineFeedOrNotAtAll) {
     EXPECT_EQ(Value("[S]\nk=1\nl=2", "S", "k"), "1");
     EXPECT_EQ(Value("[S]\nk=1\nl=2", "S", "l"), "2");
     EXPECT_EQ(Value("[S]\r\nl=2\r", "S", "l"), "2");
     EXPECT_EQ(Value("[S]", "S", "l"), "nothing");
 }
 
-TEST(ProfileValue, ANulEndsWhatIsReadOfItsLine) {
+TEST(ProfileValueTest, ANulEndsWhatIsReadOfItsLine) {
     const QByteArray text = QByteArrayLiteral("[S]\r\nk=1\0002\r\nl\0=3\r\nm=4\r\n[T\0]\r\nm=5\r\n");
     EXPECT_EQ(Value(text, "S", "k"), "1");
     EXPECT_EQ(Value(text, "S", "l"), "nothing");
@@ -110,7 +110,7 @@ TEST(ProfileValue, ANulEndsWhatIsReadOfItsLine) {
     EXPECT_EQ(Value(text, "T", "m"), "nothing");
 }
 
-TEST(ProfileNames, SectionsAndKeysComeInOrderAndSpellingOfTheFileRepeatedOnesAsWell) {
+TEST(ProfileNamesTest, SectionsAndKeysComeInOrderAndSpellingOfTheFileRepeatedOnesAsWell) {
     const QByteArrayView text =
         "; x\r\na=1\r\n[One]\r\nB=2\r\nodd\r\na=3\r\n\r\nb=4\r\n[two]\r\n[ONE]\r\nc=5\r\n";
     EXPECT_EQ(ProfileSections(text), (QByteArrayList{"One", "two", "ONE"}));
@@ -119,7 +119,7 @@ TEST(ProfileNames, SectionsAndKeysComeInOrderAndSpellingOfTheFileRepeatedOnesAsW
     EXPECT_EQ(ProfileKeys(text, "three"), QByteArrayList());
 }
 
-TEST(ProfileInteger, BeginsWithASignOrDigits) {
+TEST(ProfileIntegerTest, BeginsWithASignOrDigits) {
     EXPECT_EQ(ProfileInteger("0"), 0);
     EXPECT_EQ(ProfileInteger("12500"), 12500);
     EXPECT_EQ(ProfileInteger("-100000"), -100000);
@@ -128,22 +128,22 @@ TEST(ProfileInteger, BeginsWithASignOrDigits) {
     EXPECT_EQ(ProfileInteger("-1"), -1);
 }
 
-TEST(ProfileInteger, BlanksAreSkipped) { EXPECT_EQ(ProfileInteger(" \t -5 "), -5); }
+TEST(ProfileIntegerTest, BlanksAreSkipped) { EXPECT_EQ(ProfileInteger(" \t -5 "), -5); }
 
-TEST(ProfileInteger, WhatFollowsTheDigitsDoesNotCount) {
+TEST(ProfileIntegerTest, WhatFollowsTheDigitsDoesNotCount) {
     EXPECT_EQ(ProfileInteger("12abc"), 12);
     EXPECT_EQ(ProfileInteger("1.9"), 1);
     EXPECT_EQ(ProfileInteger("1 2"), 1);
     EXPECT_EQ(ProfileInteger("-3-4"), -3);
 }
 
-TEST(ProfileInteger, ASignAloneNothingHexadecimalOrAnyOtherBeginningIs0) {
+TEST(ProfileIntegerTest, ASignAloneNothingHexadecimalOrAnyOtherBeginningIs0) {
     for (const char* value : {"", " ", "-", "+", "- 5", "--5", "+-5", "0x10", "abc", "x1", ".5", "\xB2"}) {
         EXPECT_EQ(ProfileInteger(value), 0) << value;
     }
 }
 
-TEST(ProfileInteger, Beyond32BitsItWraps) {
+TEST(ProfileIntegerTest, Beyond32BitsItWraps) {
     EXPECT_EQ(ProfileInteger("2147483647"), INT32_MAX);
     EXPECT_EQ(ProfileInteger("2147483648"), INT32_MIN);
     EXPECT_EQ(ProfileInteger("-2147483648"), INT32_MIN);
@@ -154,70 +154,72 @@ TEST(ProfileInteger, Beyond32BitsItWraps) {
     EXPECT_EQ(ProfileInteger("18446744073709551617"), 1);
 }
 
-TEST(WithProfileValue, AnEmptyTextGetsSectionAndKey) {
+TEST(WithProfileValueTest, AnEmptyTextGetsSectionAndKey) {
     EXPECT_EQ(With("", "COMPort", "Mirror", "3"), "[COMPort]\r\nMirror=3\r\n");
 }
 
-TEST(WithProfileValue, ARewrittenKeyKeepsItsPlaceAndSpelling) {
+TEST(WithProfileValueTest, ARewrittenKeyKeepsItsPlaceAndSpelling) {
     EXPECT_EQ(With("[comport]\r\nMIRROR=3\r\nMotor=4\r\n", "COMPort", "Mirror", "12"),
               "[comport]\r\nMIRROR=12\r\nMotor=4\r\n");
 }
 
-TEST(WithProfileValue, ARewrittenKeyKeepsTheBlanksBeforeItsEqualsSign) {
+TEST(WithProfileValueTest, ARewrittenKeyKeepsTheBlanksBeforeItsEqualsSign) {
     EXPECT_EQ(With("[S]\r\n  k \t= old ; x\r\nl=1\r\n", "S", "k", "new"), "[S]\r\n  k \t=new\r\nl=1\r\n");
 }
 
-TEST(WithProfileValue, TheFirstOfEqualSectionsAndKeysIsRewritten) {
+TEST(WithProfileValueTest, TheFirstOfEqualSectionsAndKeysIsRewritten) {
     EXPECT_EQ(With("[S]\r\nk=1\r\nk=2\r\n[S]\r\nk=3\r\n", "S", "k", "9"),
               "[S]\r\nk=9\r\nk=2\r\n[S]\r\nk=3\r\n");
 }
 
-TEST(WithProfileValue, ANewKeyGoesToTheEndOfItsSection) {
+TEST(WithProfileValueTest, ANewKeyGoesToTheEndOfItsSection) {
     EXPECT_EQ(With("[S]\r\na=1\r\n[T]\r\nb=2\r\n", "S", "k", "9"), "[S]\r\na=1\r\nk=9\r\n[T]\r\nb=2\r\n");
     EXPECT_EQ(With("[S]\r\na=1\r\n; x\r\n\r\n \r\n[T]\r\n", "S", "k", "9"),
               "[S]\r\na=1\r\n; x\r\nk=9\r\n\r\n \r\n[T]\r\n");
     EXPECT_EQ(With("[S]\r\n\r\n[T]\r\n", "S", "k", "9"), "[S]\r\nk=9\r\n\r\n[T]\r\n");
 }
 
-TEST(WithProfileValue, ANewSectionGoesToTheEndOfTheFile) {
+TEST(WithProfileValueTest, ANewSectionGoesToTheEndOfTheFile) {
     EXPECT_EQ(With("; x\r\n[S]\r\na=1\r\n", "T", "k", "9"), "; x\r\n[S]\r\na=1\r\n[T]\r\nk=9\r\n");
 }
 
-TEST(WithProfileValue, AMissingFinalLineEndIsMadeUp) {
+TEST(WithProfileValueTest, AMissingFinalLineEndIsMadeUp) {
     EXPECT_EQ(With("[S]\r\na=1", "S", "k", "9"), "[S]\r\na=1\r\nk=9\r\n");
     EXPECT_EQ(With("[S]", "S", "k", "9"), "[S]\r\nk=9\r\n");
     EXPECT_EQ(With("[S]\r\na=1", "T", "k", "9"), "[S]\r\na=1\r\n[T]\r\nk=9\r\n");
     EXPECT_EQ(With("[S]\r\nk=1", "S", "k", "9"), "[S]\r\nk=9\r\n");
 }
 
-TEST(WithProfileValue, InAFileOfLineFeedsOnlyTheWrittenLineEndsInCRLF) {
+TEST(WithProfileValueTest, InAFileOfLineFeedsOnlyTheWrittenLineEndsInCRLF) {
     EXPECT_EQ(With("[S]\na=1\nk=2\nb=3\n", "S", "k", "9"), "[S]\na=1\nk=9\r\nb=3\n");
 }
 
-TEST(WithProfileValue, UnknownSectionsKeysCommentsAndOddLinesKeepTheirBytes) {
+TEST(WithProfileValueTest, UnknownSectionsKeysCommentsAndOddLinesKeepTheirBytes) {
     const std::string before = "stray\n; \xA9 \x81\r\n[Other]\r\n x = \"y\" \n=\r\n\0\x1A\r\n[S]\r\n;c\r\n"s;
     const std::string after = "\r\n[S]\r\nk=lost\r\n\xFF\xFE\0"s;
     const std::string text = before + "k=1\r\n" + after;
     EXPECT_EQ(With(text, "S", "k", "22"), before + "k=22\r\n" + after);
 }
 
-TEST(WithProfileValue, AnEmptyValueIsWrittenAsSuch) { EXPECT_EQ(With("", "S", "k", ""), "[S]\r\nk=\r\n"); }
+TEST(WithProfileValueTest, AnEmptyValueIsWrittenAsSuch) {
+    EXPECT_EQ(With("", "S", "k", ""), "[S]\r\nk=\r\n");
+}
 
-TEST(ProfileCanHold, NoLineBreakAnywhere) {
+TEST(ProfileCanHoldTest, NoLineBreakAnywhere) {
     EXPECT_TRUE(ProfileCanHold("S", "k", "v"));
     EXPECT_FALSE(ProfileCanHold("S\n", "k", "v"));
     EXPECT_FALSE(ProfileCanHold("S", "k\r", "v"));
     EXPECT_FALSE(ProfileCanHold("S", "k", "v\nl=1"));
 }
 
-TEST(ProfileCanHold, NoKeyThatWouldReadAsSomethingElse) {
+TEST(ProfileCanHoldTest, NoKeyThatWouldReadAsSomethingElse) {
     for (const char* key : {"", "a=b", ";k", "[k", "[k]"}) {
         EXPECT_FALSE(ProfileCanHold("S", key, "v")) << key;
     }
     EXPECT_TRUE(ProfileCanHold("S]", "Index:3,XYZ:0", "[;=]"));
 }
 
-TEST(WithoutProfileKey, RemovesItsLineAlone) {
+TEST(WithoutProfileKeyTest, RemovesItsLineAlone) {
     EXPECT_EQ(Text(WithoutProfileKey("[S]\r\na=1\r\nK=2\r\n;c\r\nk=3\r\n", "s", "k")),
               "[S]\r\na=1\r\n;c\r\nk=3\r\n");
     EXPECT_EQ(Text(WithoutProfileKey("[S]\r\na=1\r\nk=2", "S", "k")), "[S]\r\na=1\r\n");
@@ -226,7 +228,7 @@ TEST(WithoutProfileKey, RemovesItsLineAlone) {
     EXPECT_EQ(Text(WithoutProfileKey("k=1\r\n", "S", "k")), "k=1\r\n");
 }
 
-TEST(WithoutProfileSection, RemovesTheFirstSectionOfThatNameUpToTheNext) {
+TEST(WithoutProfileSectionTest, RemovesTheFirstSectionOfThatNameUpToTheNext) {
     EXPECT_EQ(Text(WithoutProfileSection("x\r\n[S]\r\na=1\r\n;c\r\n\r\n[T]\r\nb=2\r\n[s]\r\nd=3\r\n", "s")),
               "x\r\n[T]\r\nb=2\r\n[s]\r\nd=3\r\n");
     EXPECT_EQ(Text(WithoutProfileSection("[T]\r\n[S]\r\na=1", "S")), "[T]\r\n");
@@ -268,7 +270,7 @@ bool OnlyReplaced(const QByteArray& text, const QByteArray& old) {
            replaced.chopped(replaced.endsWith('\n') ? 1 : 0).indexOf('\n') < 0;
 }
 
-TEST(ProfileText, AnyBytesTakeAKeyGiveItBackAndLoseNothing) {
+TEST(ProfileTextTest, AnyBytesTakeAKeyGiveItBackAndLoseNothing) {
     std::mt19937 engine(7);
     int present = 0;
     for (int round = 0; round < 20000; ++round) {
@@ -284,7 +286,7 @@ TEST(ProfileText, AnyBytesTakeAKeyGiveItBackAndLoseNothing) {
     EXPECT_GT(present, 0);
 }
 
-TEST(ProfileText, ALineOf10MBIsReadAndKept) {
+TEST(ProfileTextTest, ALineOf10MBIsReadAndKept) {
     const QByteArray big(10 * 1024 * 1024, 'x');
     const QByteArray text = "[S]\r\n" + big + "\r\nbig=" + big + "\r\nk=1\r\n";
     EXPECT_EQ(Value(text, "S", "k"), "1");
@@ -292,7 +294,7 @@ TEST(ProfileText, ALineOf10MBIsReadAndKept) {
     EXPECT_TRUE(WithProfileValue(text, "S", "k", "2") == "[S]\r\n" + big + "\r\nbig=" + big + "\r\nk=2\r\n");
 }
 
-TEST(ProfileText, AMillionLinesAreReadAndKept) {
+TEST(ProfileTextTest, AMillionLinesAreReadAndKept) {
     const QByteArray many = QByteArray("[\n=\n;\n[]\n\n").repeated(200000);
     const QByteArray text = many + "[S]\nk=1\n";
     EXPECT_EQ(Value(text, "S", "k"), "1");

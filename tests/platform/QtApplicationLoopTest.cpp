@@ -27,7 +27,7 @@ void ServeUntil(const std::function<bool()>& condition) {
     EXPECT_TRUE(condition());
 }
 
-TEST(QtApplicationLoop, WhatNoHandlerTakesIsToldAndTheProgramGoesOn) {
+TEST(QtApplicationLoopTest, WhatNoHandlerTakesIsToldAndTheProgramGoesOn) {
     int told = 0;
     application->WhenUnexpectedFailure([&] { ++told; });
     QTimer::singleShot(0, [] { throw std::runtime_error("nobody takes this"); });
@@ -39,7 +39,7 @@ TEST(QtApplicationLoop, WhatNoHandlerTakesIsToldAndTheProgramGoesOn) {
     application->WhenUnexpectedFailure({});
 }
 
-TEST(QtApplicationLoop, WhateverIsThrownIsToldAndTheProgramGoesOn) {
+TEST(QtApplicationLoopTest, WhateverIsThrownIsToldAndTheProgramGoesOn) {
     int told = 0;
     application->WhenUnexpectedFailure([&] { ++told; });
     QTimer::singleShot(0, [] { throw 42; });
@@ -47,7 +47,7 @@ TEST(QtApplicationLoop, WhateverIsThrownIsToldAndTheProgramGoesOn) {
     application->WhenUnexpectedFailure({});
 }
 
-TEST(QtApplicationLoop, WithoutAnybodyToTellTheProgramGoesOnToo) {
+TEST(QtApplicationLoopTest, WithoutAnybodyToTellTheProgramGoesOnToo) {
     bool raised = false;
     QTimer::singleShot(0, [&] {
         raised = true;
@@ -56,7 +56,7 @@ TEST(QtApplicationLoop, WithoutAnybodyToTellTheProgramGoesOnToo) {
     ServeUntil([&] { return raised; });
 }
 
-TEST(QtApplicationLoop, AWordToEndIsToldAndClosesNoWindow) {
+TEST(QtApplicationLoopTest, AWordToEndIsToldAndClosesNoWindow) {
     QWidget window;
     window.show();
     int told = 0;
@@ -68,14 +68,14 @@ TEST(QtApplicationLoop, AWordToEndIsToldAndClosesNoWindow) {
     application->WhenToldToEnd({});
 }
 
-TEST(QtTermination, IsAskedForFromTheSignalOnAlsoBeforeTheEventLoopTakesItUp) {
+TEST(QtTerminationTest, IsAskedForFromTheSignalOnAlsoBeforeTheEventLoopTakesItUp) {
     const QtTermination termination([] {});
     EXPECT_FALSE(QtTermination::Asked());
     kill(getpid(), SIGTERM);
     EXPECT_TRUE(QtTermination::Asked());
 }
 
-TEST(QtTermination, ATerminationSignalIsACallFromTheEventLoopOnce) {
+TEST(QtTerminationTest, ATerminationSignalIsACallFromTheEventLoopOnce) {
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
         int called = 0;
         const QtTermination termination([&] { ++called; });

@@ -48,34 +48,34 @@ std::string FailureOf(const std::function<void()>& call) {
     return "no failure";
 }
 
-TEST(QtDriverLibrary, ACompleteLibraryGivesADriverObject) { EXPECT_NE(Load("complete"), nullptr); }
+TEST(QtDriverLibraryTest, ACompleteLibraryGivesADriverObject) { EXPECT_NE(Load("complete"), nullptr); }
 
-TEST(QtDriverLibrary, DriverGetPositionGivesNumberAndCoordinatesInTheirOrder) {
+TEST(QtDriverLibraryTest, DriverGetPositionGivesNumberAndCoordinatesInTheirOrder) {
     const ManipulatorDriver::Position position = Load("complete")->DriverGetPosition();
     EXPECT_EQ(position.number, 1);
     EXPECT_EQ(position.xyz, (Place{100, 200, 300}));
 }
 
-TEST(QtDriverLibrary, DriverMoveToHandsDownTheCoordinatesInTheirOrder) {
+TEST(QtDriverLibraryTest, DriverMoveToHandsDownTheCoordinatesInTheirOrder) {
     const auto driver = Load("complete");
     driver->DriverMoveTo(1, 2, 3);
     EXPECT_EQ(driver->DriverGetPosition().xyz, (Place{1, 2, 3}));
 }
 
-TEST(QtDriverLibrary, DriverSelectHandsDownTheNumberAndGivesTheAnswer) {
+TEST(QtDriverLibraryTest, DriverSelectHandsDownTheNumberAndGivesTheAnswer) {
     const auto driver = Load("complete");
     EXPECT_EQ(driver->DriverSelect(3), 3000);
     EXPECT_EQ(driver->DriverGetPosition().number, 3);
 }
 
-TEST(QtDriverLibrary, DriverReconnectAndDriverGetCountReachTheLibrary) {
+TEST(QtDriverLibraryTest, DriverReconnectAndDriverGetCountReachTheLibrary) {
     const auto driver = Load("complete");
     EXPECT_EQ(driver->DriverGetCount(), 4);
     driver->DriverReconnect();
     EXPECT_EQ(driver->DriverGetCount(), 5);
 }
 
-TEST(QtDriverLibrary, AMissingFunctionMeansNoDriverObject) {
+TEST(QtDriverLibraryTest, AMissingFunctionMeansNoDriverObject) {
     for (const char* library :
          {"lacks_get_position", "lacks_move_to", "lacks_select", "lacks_get_count", "lacks_reconnect"}) {
         // The library itself does load: it is the function that makes the difference.
@@ -86,19 +86,19 @@ TEST(QtDriverLibrary, AMissingFunctionMeansNoDriverObject) {
     }
 }
 
-TEST(QtDriverLibrary, ALibraryWithoutAllFunctionsIsNotLeftLoaded) {
+TEST(QtDriverLibraryTest, ALibraryWithoutAllFunctionsIsNotLeftLoaded) {
     EXPECT_EQ(Load("lacks_reconnect"), nullptr);
     EXPECT_FALSE(IsLoaded("lacks_reconnect"));
 }
 
-TEST(QtDriverLibrary, AMissingLibraryMeansNoDriverObject) {
+TEST(QtDriverLibraryTest, AMissingLibraryMeansNoDriverObject) {
     const QTemporaryDir folder;
     EXPECT_EQ(QtDriverLibrary(folder.path()).Create(), nullptr);
     EXPECT_EQ(QtDriverLibrary(folder.filePath(QStringLiteral("nowhere"))).Create(), nullptr);
     EXPECT_EQ(QtDriverLibrary(QString()).Create(), nullptr);
 }
 
-TEST(QtDriverLibrary, AFileThatIsNoLibraryMeansNoDriverObject) {
+TEST(QtDriverLibraryTest, AFileThatIsNoLibraryMeansNoDriverObject) {
     for (const QByteArray& content : {QByteArray(), QByteArray("no library"), QByteArray(4096, '\xFF'),
                                       QByteArray("\x7f"
                                                  "ELF") +
@@ -112,17 +112,17 @@ TEST(QtDriverLibrary, AFileThatIsNoLibraryMeansNoDriverObject) {
     }
 }
 
-TEST(QtDriverLibrary, AFolderOfThatNameMeansNoDriverObject) {
+TEST(QtDriverLibraryTest, AFolderOfThatNameMeansNoDriverObject) {
     const QTemporaryDir folder;
     ASSERT_TRUE(QDir().mkdir(FileIn(folder.path())));
     EXPECT_EQ(QtDriverLibrary(folder.path()).Create(), nullptr);
 }
 
-TEST(QtDriverLibrary, ALibraryThatNeedsASymbolNobodyHasMeansNoDriverObject) {
+TEST(QtDriverLibraryTest, ALibraryThatNeedsASymbolNobodyHasMeansNoDriverObject) {
     EXPECT_EQ(Load("needs_what_nobody_has"), nullptr);
 }
 
-TEST(QtDriverLibrary, ALibraryThatAppearsLaterIsFoundByTheNextCreate) {
+TEST(QtDriverLibraryTest, ALibraryThatAppearsLaterIsFoundByTheNextCreate) {
     const QTemporaryDir folder;
     QtDriverLibrary library(folder.path());
     EXPECT_EQ(library.Create(), nullptr);
@@ -132,7 +132,7 @@ TEST(QtDriverLibrary, ALibraryThatAppearsLaterIsFoundByTheNextCreate) {
     EXPECT_EQ(driver->DriverGetPosition().number, 5);
 }
 
-TEST(QtDriverLibrary, AFolderWithBlanksAndLettersBeyondASCIIIsFound) {
+TEST(QtDriverLibraryTest, AFolderWithBlanksAndLettersBeyondASCIIIsFound) {
     const QTemporaryDir folder;
     const QString program = folder.filePath(QStringLiteral("Gerät für Nadeln 針"));
     ASSERT_TRUE(QDir().mkdir(program));
@@ -140,7 +140,7 @@ TEST(QtDriverLibrary, AFolderWithBlanksAndLettersBeyondASCIIIsFound) {
     EXPECT_NE(QtDriverLibrary(program).Create(), nullptr);
 }
 
-TEST(QtDriverLibrary, ANegativeStatusIsAFailureThatNamesOperationAndStatus) {
+TEST(QtDriverLibraryTest, ANegativeStatusIsAFailureThatNamesOperationAndStatus) {
     const auto driver = Load("failing");
     EXPECT_EQ(FailureOf([&] { driver->DriverGetPosition(); }), "DriverGetPosition failed with status -7");
     EXPECT_EQ(FailureOf([&] { driver->DriverMoveTo(1, 2, 3); }), "DriverMoveTo failed with status -7");
@@ -149,7 +149,7 @@ TEST(QtDriverLibrary, ANegativeStatusIsAFailureThatNamesOperationAndStatus) {
     EXPECT_EQ(FailureOf([&] { driver->DriverReconnect(); }), "DriverReconnect failed with status -7");
 }
 
-TEST(QtDriverLibrary, WhateverTheLibraryThrowsIsAFailureThatNamesTheOperation) {
+TEST(QtDriverLibraryTest, WhateverTheLibraryThrowsIsAFailureThatNamesTheOperation) {
     const auto driver = Load("throwing");
     EXPECT_EQ(FailureOf([&] { driver->DriverGetPosition(); }), "DriverGetPosition failed and threw");
     EXPECT_EQ(FailureOf([&] { driver->DriverMoveTo(1, 2, 3); }), "DriverMoveTo failed and threw");
@@ -158,23 +158,23 @@ TEST(QtDriverLibrary, WhateverTheLibraryThrowsIsAFailureThatNamesTheOperation) {
     EXPECT_EQ(FailureOf([&] { driver->DriverReconnect(); }), "DriverReconnect failed and threw");
 }
 
-TEST(QtDriverLibrary, TheLowestStatusIsAFailureLikeAnyOther) {
+TEST(QtDriverLibraryTest, TheLowestStatusIsAFailureLikeAnyOther) {
     EXPECT_EQ(FailureOf([] { Load("lowest_status")->DriverReconnect(); }),
               "DriverReconnect failed with status -2147483648");
 }
 
-TEST(QtDriverLibrary, APositiveStatusIsSuccess) {
+TEST(QtDriverLibraryTest, APositiveStatusIsSuccess) {
     const auto driver = Load("positive_status");
     EXPECT_NO_THROW(driver->DriverReconnect());
     EXPECT_EQ(driver->DriverGetCount(), 5);
 }
 
-TEST(QtDriverLibrary, NumberAndCoordinatesPassUntestedWhateverTheyAre) {
+TEST(QtDriverLibraryTest, NumberAndCoordinatesPassUntestedWhateverTheyAre) {
     EXPECT_EQ(Load("number_5")->DriverGetPosition().number, 5);
     EXPECT_EQ(Load("outside_range")->DriverGetPosition().xyz, (Place{-1, 200, 25001}));
 }
 
-TEST(QtDriverLibrary, EachCreateLoadsAnewOnceTheLastObjectIsReleased) {
+TEST(QtDriverLibraryTest, EachCreateLoadsAnewOnceTheLastObjectIsReleased) {
     QtDriverLibrary library(FolderOf("complete"));
     auto driver = library.Create();
     driver->DriverMoveTo(1, 2, 3);
@@ -185,7 +185,7 @@ TEST(QtDriverLibrary, EachCreateLoadsAnewOnceTheLastObjectIsReleased) {
     EXPECT_EQ(driver->DriverGetPosition().xyz, (Place{100, 200, 300}));
 }
 
-TEST(QtDriverLibrary, AnObjectOutlivesTheReleaseOfAnotherOneAndOfTheLibraryObject) {
+TEST(QtDriverLibraryTest, AnObjectOutlivesTheReleaseOfAnotherOneAndOfTheLibraryObject) {
     auto library = std::make_unique<QtDriverLibrary>(FolderOf("complete"));
     const auto driver = library->Create();
     library->Create().reset();

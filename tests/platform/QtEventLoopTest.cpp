@@ -11,7 +11,7 @@ namespace travo::platform::qt {
 
 namespace {
 
-TEST(QtEventLoop, ServeServesWhatIsPendingAndReturns) {
+TEST(QtEventLoopTest, ServeServesWhatIsPendingAndReturns) {
     QtEventLoop loop;
     int served = 0;
     loop.Queue([&] { ++served; });
@@ -20,7 +20,7 @@ TEST(QtEventLoop, ServeServesWhatIsPendingAndReturns) {
     EXPECT_EQ(served, 1);
 }
 
-TEST(QtEventLoop, AnEventEndsTheSleepBeforeItsTimeIsOver) {
+TEST(QtEventLoopTest, AnEventEndsTheSleepBeforeItsTimeIsOver) {
     QtEventLoop loop;
     int served = 0;
     QTimer::singleShot(1, [&] { ++served; });
@@ -32,7 +32,7 @@ TEST(QtEventLoop, AnEventEndsTheSleepBeforeItsTimeIsOver) {
     EXPECT_LT(time.elapsed(), 600000);
 }
 
-TEST(QtEventLoop, TheSleepEndsWhenItsTimeIsOver) {
+TEST(QtEventLoopTest, TheSleepEndsWhenItsTimeIsOver) {
     QtEventLoop loop;
     QElapsedTimer time;
     time.start();
@@ -42,7 +42,7 @@ TEST(QtEventLoop, TheSleepEndsWhenItsTimeIsOver) {
     EXPECT_GE(time.elapsed(), 20);
 }
 
-TEST(QtEventLoop, WhatWaitsForTheEndOfWaitsRunsFromTheEventLoopAfterTheOutermost) {
+TEST(QtEventLoopTest, WhatWaitsForTheEndOfWaitsRunsFromTheEventLoopAfterTheOutermost) {
     QtEventLoop loop;
     std::vector<int> order;
     {
@@ -61,7 +61,7 @@ TEST(QtEventLoop, WhatWaitsForTheEndOfWaitsRunsFromTheEventLoopAfterTheOutermost
     EXPECT_EQ(order, std::vector<int>{1});
 }
 
-TEST(QtEventLoop, WhatFindsANewWaitInItsTurnWaitsOnceMore) {
+TEST(QtEventLoopTest, WhatFindsANewWaitInItsTurnWaitsOnceMore) {
     QtEventLoop loop;
     int run = 0;
     {

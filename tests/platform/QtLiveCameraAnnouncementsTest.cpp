@@ -1,7 +1,7 @@
 // What the camera is told without waiting, over a real bus.
 #include <gtest/gtest.h>
 
-#include "platform/LiveBusStage.h"
+#include "platform/LiveBusRig.h"
 #include "platform/qt/QtLiveCamera.h"
 
 namespace travo::test {
@@ -19,8 +19,8 @@ const QLatin1String Leave("LivePanelLeave");
 constexpr QtLiveCamera::Limits Endless{std::chrono::milliseconds(10000), std::chrono::hours(1),
                                        std::chrono::milliseconds(2000)};
 
-TEST(QtLiveCameraAnnouncements, AnnouncementsGoOutInTheirOrderWithoutACallBehindThem) {
-    BusStage stage;
+TEST(QtLiveCameraAnnouncementsTest, AnnouncementsGoOutInTheirOrderWithoutACallBehindThem) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.camera.Announce(Leave);
@@ -32,8 +32,8 @@ TEST(QtLiveCameraAnnouncements, AnnouncementsGoOutInTheirOrderWithoutACallBehind
     EXPECT_EQ(told.texts, Texts{});
 }
 
-TEST(QtLiveCameraAnnouncements, ACallGoesOutBehindAllAnnouncementsAndItsTimeBeginsThen) {
-    BusStage stage(Hasty);
+TEST(QtLiveCameraAnnouncementsTest, ACallGoesOutBehindAllAnnouncementsAndItsTimeBeginsThen) {
+    LiveBusRig stage(Hasty);
     Told told;
     stage.camera.Create(told);
     stage.Play("slow");
@@ -48,8 +48,8 @@ TEST(QtLiveCameraAnnouncements, ACallGoesOutBehindAllAnnouncementsAndItsTimeBegi
     EXPECT_TRUE(told.Wait({"WindowHide"})) << "answers that were waited for are told to nobody again";
 }
 
-TEST(QtLiveCameraAnnouncements, AnAnnouncementThatIsNotAnsweredIsTheLastOneAndALoss) {
-    BusStage stage(Hasty);
+TEST(QtLiveCameraAnnouncementsTest, AnAnnouncementThatIsNotAnsweredIsTheLastOneAndALoss) {
+    LiveBusRig stage(Hasty);
     Told told;
     stage.camera.Create(told);
     stage.Play("hangs");
@@ -62,8 +62,8 @@ TEST(QtLiveCameraAnnouncements, AnAnnouncementThatIsNotAnsweredIsTheLastOneAndAL
     EXPECT_EQ(stage.Calls(), Texts{"LivePanelLeave"});
 }
 
-TEST(QtLiveCameraAnnouncements, ACallBehindAnAnnouncementThatIsNotAnsweredFailsAndIsNotMade) {
-    BusStage stage(Hasty);
+TEST(QtLiveCameraAnnouncementsTest, ACallBehindAnAnnouncementThatIsNotAnsweredFailsAndIsNotMade) {
+    LiveBusRig stage(Hasty);
     Told told;
     stage.camera.Create(told);
     stage.Play("hangs");
@@ -73,8 +73,8 @@ TEST(QtLiveCameraAnnouncements, ACallBehindAnAnnouncementThatIsNotAnsweredFailsA
     EXPECT_EQ(stage.Calls(), Texts{"LivePanelLeave"});
 }
 
-TEST(QtLiveCameraAnnouncements, MoreThanSixtyFourWaitingAnnouncementsAreALossThatTheEventLoopTells) {
-    BusStage stage(Endless);
+TEST(QtLiveCameraAnnouncementsTest, MoreThanSixtyFourWaitingAnnouncementsAreALossThatTheEventLoopTells) {
+    LiveBusRig stage(Endless);
     Told told;
     stage.camera.Create(told);
     stage.Play("hangs");
@@ -90,8 +90,8 @@ TEST(QtLiveCameraAnnouncements, MoreThanSixtyFourWaitingAnnouncementsAreALossTha
     EXPECT_EQ(stage.Calls(), Texts{"LivePanelLeave"});
 }
 
-TEST(QtLiveCameraAnnouncements, ACreationEmptiesWhatWaitsAndALateAnswerToItIsNothing) {
-    BusStage stage(Endless);
+TEST(QtLiveCameraAnnouncementsTest, ACreationEmptiesWhatWaitsAndALateAnswerToItIsNothing) {
+    LiveBusRig stage(Endless);
     Told told;
     stage.camera.Create(told);
     stage.Play("late");
@@ -104,8 +104,8 @@ TEST(QtLiveCameraAnnouncements, ACreationEmptiesWhatWaitsAndALateAnswerToItIsNot
     EXPECT_EQ(told.texts, Texts{});
 }
 
-TEST(QtLiveCameraAnnouncements, ALossThatIsOnItsWayIsNotToldOfTheNextObject) {
-    BusStage stage(Endless);
+TEST(QtLiveCameraAnnouncementsTest, ALossThatIsOnItsWayIsNotToldOfTheNextObject) {
+    LiveBusRig stage(Endless);
     Told told;
     stage.camera.Create(told);
     stage.Play("hangs");
@@ -118,8 +118,8 @@ TEST(QtLiveCameraAnnouncements, ALossThatIsOnItsWayIsNotToldOfTheNextObject) {
     EXPECT_TRUE(told.Wait({"WindowHide"}));
 }
 
-TEST(QtLiveCameraAnnouncements, AProgramThatClosesOwesNoAnswerAnyMore) {
-    BusStage stage(Hasty);
+TEST(QtLiveCameraAnnouncementsTest, AProgramThatClosesOwesNoAnswerAnyMore) {
+    LiveBusRig stage(Hasty);
     stage.Play("stays");
     Told told;
     stage.camera.Create(told);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/LiveBusStage.h"
+#include "platform/LiveBusRig.h"
 
 namespace travo::test {
 
@@ -14,13 +14,13 @@ const QLatin1String ShowWindow("LiveShowWindow");
 const QLatin1String Attach("LiveAttach");
 const QLatin1String Magnification("LiveChangeMagnification");
 
-TEST(QtLiveCamera, WaitsTenSecondsForAStartAndTwoForACallAndForARelease) {
+TEST(QtLiveCameraTest, WaitsTenSecondsForAStartAndTwoForACallAndForARelease) {
     EXPECT_EQ(Patient.start, std::chrono::seconds(10));
     EXPECT_EQ(Patient.call, std::chrono::seconds(2));
     EXPECT_EQ(Patient.release, std::chrono::seconds(2));
 }
 
-TEST(QtLiveCamera, WithoutASessionBusCreateRaisesAndTheRestIsHarmless) {
+TEST(QtLiveCameraTest, WithoutASessionBusCreateRaisesAndTheRestIsHarmless) {
     const QTemporaryDir empty;
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qputenv("XDG_RUNTIME_DIR", empty.path().toLocal8Bit());
@@ -34,15 +34,15 @@ TEST(QtLiveCamera, WithoutASessionBusCreateRaisesAndTheRestIsHarmless) {
     EXPECT_THROW(camera.Create(told), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, ABusThatRefusesUsIsAFailureAndNotTheEnd) {
+TEST(QtLiveCameraTest, ABusThatRefusesUsIsAFailureAndNotTheEnd) {
     const PrivateBus bus(PrivateBus::Room::None);
     QtLiveCamera camera;
     Told told;
     EXPECT_THROW(camera.Create(told), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, FindsTheBusInTheRuntimeFolder) {
-    BusStage stage;
+TEST(QtLiveCameraTest, FindsTheBusInTheRuntimeFolder) {
+    LiveBusRig stage;
     const QTemporaryDir runtime;
     const QString socket = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS")
                                .section(QLatin1String("unix:path="), 1)
@@ -54,15 +54,15 @@ TEST(QtLiveCamera, FindsTheBusInTheRuntimeFolder) {
     EXPECT_NO_THROW(stage.camera.Create(told));
 }
 
-TEST(QtLiveCamera, AnAbsentProgramIsAFailureAtOnce) {
-    BusStage stage;
+TEST(QtLiveCameraTest, AnAbsentProgramIsAFailureAtOnce) {
+    LiveBusRig stage;
     stage.bus.Uninstall(Service);
     Told told;
     EXPECT_THROW(stage.camera.Create(told), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, CallsNeverStartTheProgram) {
-    BusStage stage;
+TEST(QtLiveCameraTest, CallsNeverStartTheProgram) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.Work(QStringLiteral("Die"));
@@ -74,24 +74,24 @@ TEST(QtLiveCamera, CallsNeverStartTheProgram) {
     EXPECT_EQ(stage.Started(), 1);
 }
 
-TEST(QtLiveCamera, AProgramThatEndsBeforeItIsReadyIsAFailure) {
-    BusStage stage;
+TEST(QtLiveCameraTest, AProgramThatEndsBeforeItIsReadyIsAFailure) {
+    LiveBusRig stage;
     stage.Play("ends at once");
     Told told;
     EXPECT_THROW(stage.camera.Create(told), LiveCameraFailure);
     EXPECT_EQ(stage.Started(), 1);
 }
 
-TEST(QtLiveCamera, AProgramThatNeverComesUpIsAFailureAtTheLimit) {
-    BusStage stage({std::chrono::milliseconds(300), std::chrono::milliseconds(300), {}});
+TEST(QtLiveCameraTest, AProgramThatNeverComesUpIsAFailureAtTheLimit) {
+    LiveBusRig stage({std::chrono::milliseconds(300), std::chrono::milliseconds(300), {}});
     stage.Play("never comes up");
     Told told;
     EXPECT_THROW(stage.camera.Create(told), LiveCameraFailure);
     EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, AnAnswerThatComesTooLateIsNotTakenForThatOfTheNextCall) {
-    BusStage stage(Hasty);
+TEST(QtLiveCameraTest, AnAnswerThatComesTooLateIsNotTakenForThatOfTheNextCall) {
+    LiveBusRig stage(Hasty);
     Told told;
     stage.camera.Create(told);
     stage.Play("late");
@@ -103,8 +103,8 @@ TEST(QtLiveCamera, AnAnswerThatComesTooLateIsNotTakenForThatOfTheNextCall) {
     EXPECT_NO_THROW(stage.camera.Call(Attach));
 }
 
-TEST(QtLiveCamera, TheLossOfTheProgramIsToldOnce) {
-    BusStage stage;
+TEST(QtLiveCameraTest, TheLossOfTheProgramIsToldOnce) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.Work(QStringLiteral("Die"));
@@ -112,8 +112,8 @@ TEST(QtLiveCamera, TheLossOfTheProgramIsToldOnce) {
     EXPECT_THROW(stage.camera.Call(ShowWindow), LiveCameraFailure);
 }
 
-TEST(QtLiveCamera, CallsGoToTheProgramOfTheCreationOnly) {
-    BusStage stage;
+TEST(QtLiveCameraTest, CallsGoToTheProgramOfTheCreationOnly) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.Work(QStringLiteral("ReleaseName"));
@@ -127,8 +127,8 @@ TEST(QtLiveCamera, CallsGoToTheProgramOfTheCreationOnly) {
     EXPECT_EQ(told.texts, Texts{});
 }
 
-TEST(QtLiveCamera, TheMagnificationGoesAsASixteenBitNumber) {
-    BusStage stage;
+TEST(QtLiveCameraTest, TheMagnificationGoesAsASixteenBitNumber) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.camera.Announce(Magnification, 3);
@@ -136,8 +136,8 @@ TEST(QtLiveCamera, TheMagnificationGoesAsASixteenBitNumber) {
     EXPECT_EQ(stage.Calls(), (Texts{"LiveChangeMagnification 3 n", "LiveShowWindow"}));
 }
 
-TEST(QtLiveCamera, AnEventNeverComesFromWithinACall) {
-    BusStage stage;
+TEST(QtLiveCameraTest, AnEventNeverComesFromWithinACall) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.Play("tells first");
@@ -146,8 +146,8 @@ TEST(QtLiveCamera, AnEventNeverComesFromWithinACall) {
     EXPECT_TRUE(told.Wait({"BirdViewSave"}));
 }
 
-TEST(QtLiveCamera, AnEventOnItsWayAtTheReleaseIsNotTold) {
-    BusStage stage;
+TEST(QtLiveCameraTest, AnEventOnItsWayAtTheReleaseIsNotTold) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.Play("tells first");
@@ -159,8 +159,8 @@ TEST(QtLiveCamera, AnEventOnItsWayAtTheReleaseIsNotTold) {
     EXPECT_TRUE(told.Wait({"WindowHide"}));
 }
 
-TEST(QtLiveCamera, TheProgramOfAnEarlierObjectIsNotHeardAnyMore) {
-    BusStage stage;
+TEST(QtLiveCameraTest, TheProgramOfAnEarlierObjectIsNotHeardAnyMore) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     const QString first = stage.Owner();
@@ -173,8 +173,8 @@ TEST(QtLiveCamera, TheProgramOfAnEarlierObjectIsNotHeardAnyMore) {
     EXPECT_TRUE(told.Wait({"WindowHide"}));
 }
 
-TEST(QtLiveCamera, AnEventOfSomebodyElseIsNotTold) {
-    BusStage stage;
+TEST(QtLiveCameraTest, AnEventOfSomebodyElseIsNotTold) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     {
@@ -189,8 +189,8 @@ TEST(QtLiveCamera, AnEventOfSomebodyElseIsNotTold) {
     EXPECT_TRUE(told.Wait({"WindowHide"}));
 }
 
-TEST(QtLiveCamera, ReleasingLeavesTheBusSoThatTheProgramCanEnd) {
-    BusStage stage;
+TEST(QtLiveCameraTest, ReleasingLeavesTheBusSoThatTheProgramCanEnd) {
+    LiveBusRig stage;
     Told told;
     const int before = stage.bus.Clients();
     stage.camera.Create(told);
@@ -202,8 +202,8 @@ TEST(QtLiveCamera, ReleasingLeavesTheBusSoThatTheProgramCanEnd) {
     EXPECT_NO_THROW(stage.camera.Create(told));
 }
 
-TEST(QtLiveCamera, ReplacingAnObjectStaysOnTheBusAllTheTime) {
-    BusStage stage;
+TEST(QtLiveCameraTest, ReplacingAnObjectStaysOnTheBusAllTheTime) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     const int before = stage.bus.Clients();
@@ -212,8 +212,8 @@ TEST(QtLiveCamera, ReplacingAnObjectStaysOnTheBusAllTheTime) {
     EXPECT_EQ(stage.Started(), 1);
 }
 
-TEST(QtLiveCamera, TheEndOfTheBusIsALossAndANewBusIsFound) {
-    BusStage stage;
+TEST(QtLiveCameraTest, TheEndOfTheBusIsALossAndANewBusIsFound) {
+    LiveBusRig stage;
     Told told;
     stage.camera.Create(told);
     stage.bus.Stop();

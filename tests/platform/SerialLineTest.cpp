@@ -64,16 +64,16 @@ using platform::qt::ClearToSendOf;
 
 constexpr int AnyDescriptor = 77;
 
-class SerialLine : public SerialRig {
+class SerialLineTest : public SerialRig {
 protected:
-    SerialLine() {
+    SerialLineTest() {
         driver = {};
         driver.isOn = true;
     }
-    ~SerialLine() override { driver = {}; }
+    ~SerialLineTest() override { driver = {}; }
 };
 
-TEST_F(SerialLine, ClearToSendIsThatSignalAndNoOther) {
+TEST_F(SerialLineTest, ClearToSendIsThatSignalAndNoOther) {
     driver.signals = TIOCM_CTS;
     EXPECT_TRUE(ClearToSendOf(AnyDescriptor)->on);
     driver.signals = TIOCM_DSR | TIOCM_CAR | TIOCM_RNG | TIOCM_RTS | TIOCM_DTR | TIOCM_LE;
@@ -82,7 +82,7 @@ TEST_F(SerialLine, ClearToSendIsThatSignalAndNoOther) {
     EXPECT_TRUE(ClearToSendOf(AnyDescriptor)->on);
 }
 
-TEST_F(SerialLine, ChangesAreThoseThatTheDriverCountedOfThatSignal) {
+TEST_F(SerialLineTest, ChangesAreThoseThatTheDriverCountedOfThatSignal) {
     driver.counters.cts = 41;
     driver.counters.dsr = 7;
     driver.counters.dcd = 8;
@@ -91,25 +91,25 @@ TEST_F(SerialLine, ChangesAreThoseThatTheDriverCountedOfThatSignal) {
     EXPECT_EQ(ClearToSendOf(AnyDescriptor), (ClearToSend{.on = false, .changes = 41}));
 }
 
-TEST_F(SerialLine, ADriverThatDoesNotCountTellsTheLevelAlone) {
+TEST_F(SerialLineTest, ADriverThatDoesNotCountTellsTheLevelAlone) {
     driver.counts = false;
     driver.signals = TIOCM_CTS;
     EXPECT_EQ(ClearToSendOf(AnyDescriptor), (ClearToSend{.on = true, .changes = std::nullopt}));
 }
 
-TEST_F(SerialLine, AnAdapterWithoutModemSignalsTellsNothingWhateverItCounts) {
+TEST_F(SerialLineTest, AnAdapterWithoutModemSignalsTellsNothingWhateverItCounts) {
     driver.hasSignals = false;
     driver.counters.cts = 3;
     EXPECT_EQ(ClearToSendOf(AnyDescriptor), std::nullopt);
 }
 
-TEST_F(SerialLine, TheKernelIsAskedAboutThatDescriptorWithItsOwnTwoRequests) {
+TEST_F(SerialLineTest, TheKernelIsAskedAboutThatDescriptorWithItsOwnTwoRequests) {
     ClearToSendOf(AnyDescriptor);
     const std::map<int, std::vector<unsigned long>> both{{AnyDescriptor, {TIOCMGET, TIOCGICOUNT}}};
     EXPECT_EQ(driver.asked, both);
 }
 
-TEST_F(SerialLine, APseudoTerminalAndAClosedDescriptorHaveNoModemSignals) {
+TEST_F(SerialLineTest, APseudoTerminalAndAClosedDescriptorHaveNoModemSignals) {
     driver.isOn = false;
     const int terminal = ::open(wire_.Device().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     ASSERT_GE(terminal, 0);
@@ -120,7 +120,7 @@ TEST_F(SerialLine, APseudoTerminalAndAClosedDescriptorHaveNoModemSignals) {
 }
 
 // The ports as the program makes them, which ask the kernel.
-class AdapterWithSignals : public SerialLine {
+class AdapterWithSignalsTest : public SerialLine {
 protected:
     void OpenAsTheProgramDoes() {
         port_ = kernelPorts_.Create(
@@ -143,7 +143,7 @@ protected:
     platform::qt::QtSerialPorts kernelPorts_{folder_.path()};
 };
 
-TEST_F(AdapterWithSignals, ARisingAndAFallingSignalAreAnEventEach) {
+TEST_F(AdapterWithSignalsTest, ARisingAndAFallingSignalAreAnEventEach) {
     driver.counts = false;
     OpenAsTheProgramDoes();
     driver.signals = TIOCM_CTS;
@@ -153,7 +153,7 @@ TEST_F(AdapterWithSignals, ARisingAndAFallingSignalAreAnEventEach) {
     EXPECT_EQ(events_, (std::vector{ClearToSendEvent, ClearToSendEvent}));
 }
 
-TEST_F(AdapterWithSignals, APulseThatIsOverBeforeAnybodyLooksIsAnEvent) {
+TEST_F(AdapterWithSignalsTest, APulseThatIsOverBeforeAnybodyLooksIsAnEvent) {
     OpenAsTheProgramDoes();
     driver.counters.cts += 2;
     ASSERT_TRUE(IsEvent(1));
@@ -161,7 +161,7 @@ TEST_F(AdapterWithSignals, APulseThatIsOverBeforeAnybodyLooksIsAnEvent) {
     EXPECT_EQ(events_, std::vector{ClearToSendEvent});
 }
 
-TEST_F(AdapterWithSignals, ChangesOfOtherSignalsAreNone) {
+TEST_F(AdapterWithSignalsTest, ChangesOfOtherSignalsAreNone) {
     OpenAsTheProgramDoes();
     driver.signals = TIOCM_DSR | TIOCM_RNG;
     driver.counters.dsr = 5;
@@ -170,7 +170,7 @@ TEST_F(AdapterWithSignals, ChangesOfOtherSignalsAreNone) {
     EXPECT_TRUE(events_.empty());
 }
 
-TEST_F(AdapterWithSignals, TextComesToTheProgramAtTheSignalAndNotAtItsReception) {
+TEST_F(AdapterWithSignalsTest, TextComesToTheProgramAtTheSignalAndNotAtItsReception) {
     OpenAsTheProgramDoes();
     wire_.Send("A+00.100\r\n");
     ASSERT_TRUE(ServeUntil([this] { return port_->InBufferCount() == 10; }));
@@ -181,7 +181,7 @@ TEST_F(AdapterWithSignals, TextComesToTheProgramAtTheSignalAndNotAtItsReception)
     EXPECT_EQ(received_, "A+00.100\r\n");
 }
 
-TEST_F(AdapterWithSignals, OfASilentLineOneDescriptorAloneIsAsked) {
+TEST_F(AdapterWithSignalsTest, OfASilentLineOneDescriptorAloneIsAsked) {
     OpenAsTheProgramDoes();
     ASSERT_TRUE(ServeUntil([] {
         return std::any_of(driver.asked.begin(), driver.asked.end(),
@@ -190,7 +190,7 @@ TEST_F(AdapterWithSignals, OfASilentLineOneDescriptorAloneIsAsked) {
     EXPECT_EQ(driver.asked.size(), 1U);
 }
 
-TEST_F(SerialLine, ALineTakesBytesUntilItIsFullOrGone) {
+TEST_F(SerialLineTest, ALineTakesBytesUntilItIsFullOrGone) {
     driver.isOn = false;
     const int terminal =
         ::open(wire_.Device().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);

@@ -11,9 +11,9 @@ using platform::ReceptionEvent;
 using platform::qt::ClearToSend;
 using platform::qt::QtSerialPort;
 
-class SerialReception : public SerialRig {};
+class SerialReceptionTest : public SerialRig {};
 
-TEST_F(SerialReception, WithoutModemSignalsAReceptionIsAChangeOfClearToSendAsWell) {
+TEST_F(SerialReceptionTest, WithoutModemSignalsAReceptionIsAChangeOfClearToSendAsWell) {
     OpenAndKeep();
     wire_.Send("A\r");
     ASSERT_TRUE(ServeUntil([this] { return events_.size() == 2; }));
@@ -21,7 +21,7 @@ TEST_F(SerialReception, WithoutModemSignalsAReceptionIsAChangeOfClearToSendAsWel
     EXPECT_EQ(received_, "A\r");
 }
 
-TEST_F(SerialReception, WithModemSignalsAReceptionIsOnlyThat) {
+TEST_F(SerialReceptionTest, WithModemSignalsAReceptionIsOnlyThat) {
     HasModemSignals();
     OpenAndKeep();
     wire_.Send("A\r");
@@ -30,14 +30,14 @@ TEST_F(SerialReception, WithModemSignalsAReceptionIsOnlyThat) {
     EXPECT_EQ(events_, std::vector{ReceptionEvent});
 }
 
-TEST_F(SerialReception, ThresholdZeroFiresNoReceptionEvent) {
+TEST_F(SerialReceptionTest, ThresholdZeroFiresNoReceptionEvent) {
     OpenAndKeep(0);
     wire_.Send("A+00.100\r\n");
     ASSERT_TRUE(ServeUntil([this] { return received_ == "A+00.100\r\n"; }));
     EXPECT_EQ(events_, std::vector{ClearToSendEvent});
 }
 
-TEST_F(SerialReception, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInThePort) {
+TEST_F(SerialReceptionTest, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInThePort) {
     HasModemSignals();
     OpenAndKeep(0);
     wire_.Send("A+00.100\r\n");
@@ -50,7 +50,7 @@ TEST_F(SerialReception, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInTheP
     EXPECT_EQ(received_, "A+00.100\r\n");
 }
 
-TEST_F(SerialReception, EachChangeOfClearToSendIsOneEvent) {
+TEST_F(SerialReceptionTest, EachChangeOfClearToSendIsOneEvent) {
     HasModemSignals();
     OpenAndKeep(0);
     for (const bool on : {true, false, true}) {
@@ -62,7 +62,7 @@ TEST_F(SerialReception, EachChangeOfClearToSendIsOneEvent) {
     EXPECT_EQ(events_, (std::vector(3, ClearToSendEvent)));
 }
 
-TEST_F(SerialReception, APulseThatIsOverBeforeTheLevelIsAskedIsSeenByTheCounter) {
+TEST_F(SerialReceptionTest, APulseThatIsOverBeforeTheLevelIsAskedIsSeenByTheCounter) {
     line_ = ClearToSend{.on = false, .changes = 5};
     OpenAndKeep(0);
     line_->changes = 7;
@@ -71,7 +71,7 @@ TEST_F(SerialReception, APulseThatIsOverBeforeTheLevelIsAskedIsSeenByTheCounter)
     EXPECT_EQ(events_, std::vector{ClearToSendEvent});
 }
 
-TEST_F(SerialReception, TheThresholdCountsTheCharactersThatWait) {
+TEST_F(SerialReceptionTest, TheThresholdCountsTheCharactersThatWait) {
     HasModemSignals();
     OpenAndKeep(3);
     wire_.Send("ab");
@@ -83,7 +83,7 @@ TEST_F(SerialReception, TheThresholdCountsTheCharactersThatWait) {
     EXPECT_EQ(events_, std::vector{ReceptionEvent});
 }
 
-TEST_F(SerialReception, AnInputLengthTakesSoManyAndIsAskedAgainForTheRest) {
+TEST_F(SerialReceptionTest, AnInputLengthTakesSoManyAndIsAskedAgainForTheRest) {
     HasModemSignals();
     OpenAndKeep();
     port_->InputLen(1);
@@ -92,7 +92,7 @@ TEST_F(SerialReception, AnInputLengthTakesSoManyAndIsAskedAgainForTheRest) {
     EXPECT_EQ(events_, (std::vector(3, ReceptionEvent)));
 }
 
-TEST_F(SerialReception, ALinkThatTakesNothingIsNotCalledOverAndOver) {
+TEST_F(SerialReceptionTest, ALinkThatTakesNothingIsNotCalledOverAndOver) {
     Open(0, [] {});
     wire_.Send("noise");
     ASSERT_TRUE(ServeUntil([this] { return !events_.empty(); }));
@@ -101,7 +101,7 @@ TEST_F(SerialReception, ALinkThatTakesNothingIsNotCalledOverAndOver) {
     EXPECT_EQ(port_->InBufferCount(), 5);
 }
 
-TEST_F(SerialReception, OneByteAtATimeArrivesWholeAndInOrder) {
+TEST_F(SerialReceptionTest, OneByteAtATimeArrivesWholeAndInOrder) {
     OpenAndKeep();
     const std::string bytes = Pattern(500);
     for (const char byte : bytes) {
@@ -112,7 +112,7 @@ TEST_F(SerialReception, OneByteAtATimeArrivesWholeAndInOrder) {
     EXPECT_EQ(received_, bytes);
 }
 
-TEST_F(SerialReception, AHundredKilobytesAtOnceArriveWholeAndInOrder) {
+TEST_F(SerialReceptionTest, AHundredKilobytesAtOnceArriveWholeAndInOrder) {
     OpenAndKeep();
     const std::string bytes = Pattern(100 * 1024);
     ASSERT_TRUE(SendAll(bytes));
@@ -120,7 +120,7 @@ TEST_F(SerialReception, AHundredKilobytesAtOnceArriveWholeAndInOrder) {
     EXPECT_EQ(received_, bytes);
 }
 
-TEST_F(SerialReception, AFloodThatNobodyTakesIsBoundedAndArrivesWholeOnceItIsTaken) {
+TEST_F(SerialReceptionTest, AFloodThatNobodyTakesIsBoundedAndArrivesWholeOnceItIsTaken) {
     Open(0, [] {});
     const std::string bytes = Pattern(QtSerialPort::MostUnreadBytes + 512 * 1024);
     std::string_view rest = bytes;
@@ -141,7 +141,7 @@ TEST_F(SerialReception, AFloodThatNobodyTakesIsBoundedAndArrivesWholeOnceItIsTak
     EXPECT_TRUE(received_ == bytes);
 }
 
-TEST_F(SerialReception, NoiseOfEveryByteArrivesUnchangedAndClosesNothing) {
+TEST_F(SerialReceptionTest, NoiseOfEveryByteArrivesUnchangedAndClosesNothing) {
     std::string noise;
     for (int byte = 0; byte < 256; ++byte) {
         noise += static_cast<char>(byte);
@@ -154,7 +154,7 @@ TEST_F(SerialReception, NoiseOfEveryByteArrivesUnchangedAndClosesNothing) {
     EXPECT_TRUE(port_->PortOpen());
 }
 
-TEST_F(SerialReception, BytesThatComeDuringABoxAreToldDuringIt) {
+TEST_F(SerialReceptionTest, BytesThatComeDuringABoxAreToldDuringIt) {
     bool boxUp = false;
     std::string duringBox;
     Open(1, [&] {
@@ -174,7 +174,7 @@ TEST_F(SerialReception, BytesThatComeDuringABoxAreToldDuringIt) {
     EXPECT_EQ(duringBox, "second");
 }
 
-TEST_F(SerialReception, CallsInsideCallsAreBoundedAndTheRestIsToldOnTheWayOut) {
+TEST_F(SerialReceptionTest, CallsInsideCallsAreBoundedAndTheRestIsToldOnTheWayOut) {
     HasModemSignals();
     constexpr int Bytes = 40;
     int depth = 0;
@@ -198,7 +198,7 @@ TEST_F(SerialReception, CallsInsideCallsAreBoundedAndTheRestIsToldOnTheWayOut) {
     EXPECT_EQ(port_->InBufferCount(), 0);
 }
 
-TEST_F(SerialReception, AFailureInOnCommLosesNoLaterReception) {
+TEST_F(SerialReceptionTest, AFailureInOnCommLosesNoLaterReception) {
     bool fail = true;
     Open(1, [&] {
         if (std::exchange(fail, false)) {
@@ -213,7 +213,7 @@ TEST_F(SerialReception, AFailureInOnCommLosesNoLaterReception) {
     EXPECT_EQ(application_.failures, 1);
 }
 
-TEST_F(SerialReception, ClosingInsideOnCommEndsTheEvents) {
+TEST_F(SerialReceptionTest, ClosingInsideOnCommEndsTheEvents) {
     Open(1, [this] { port_->PortOpen(false); });
     wire_.Send("A\r");
     ASSERT_TRUE(ServeUntil([this] { return !events_.empty(); }));
@@ -223,7 +223,7 @@ TEST_F(SerialReception, ClosingInsideOnCommEndsTheEvents) {
     EXPECT_EQ(events_, std::vector{ReceptionEvent});
 }
 
-TEST_F(SerialReception, ReopeningInsideOnCommStartsANewConversation) {
+TEST_F(SerialReceptionTest, ReopeningInsideOnCommStartsANewConversation) {
     bool reopened = false;
     Open(1, [&] {
         if (!std::exchange(reopened, true)) {
@@ -240,7 +240,7 @@ TEST_F(SerialReception, ReopeningInsideOnCommStartsANewConversation) {
     EXPECT_TRUE(port_->PortOpen());
 }
 
-TEST_F(SerialReception, DestroyingThePortInsideOnCommIsSafe) {
+TEST_F(SerialReceptionTest, DestroyingThePortInsideOnCommIsSafe) {
     Open(1, [this] { port_.reset(); });
     wire_.Send("A\r");
     ASSERT_TRUE(ServeUntil([this] { return port_ == nullptr; }));
@@ -249,7 +249,7 @@ TEST_F(SerialReception, DestroyingThePortInsideOnCommIsSafe) {
     EXPECT_EQ(events_, std::vector{ReceptionEvent});
 }
 
-TEST_F(SerialReception, DestroyingThePortInACallInsideACallIsSafe) {
+TEST_F(SerialReceptionTest, DestroyingThePortInACallInsideACallIsSafe) {
     bool nested = false;
     Open(1, [this, &nested] {
         port_->Input();
@@ -266,7 +266,7 @@ TEST_F(SerialReception, DestroyingThePortInACallInsideACallIsSafe) {
     EXPECT_EQ(events_.size(), 2u);
 }
 
-TEST_F(SerialReception, DestroyingAPortWhileItsEventIsQueuedIsSafe) {
+TEST_F(SerialReceptionTest, DestroyingAPortWhileItsEventIsQueuedIsSafe) {
     const PseudoTerminal otherWire;
     Pin(2, otherWire.Device());
     int calls = 0;

@@ -10,19 +10,19 @@ namespace {
 using Parity = SerialSettings::Parity;
 using StopBits = SerialSettings::StopBits;
 
-TEST(SerialSettings, TheTextsOfTheInstrumentsAreRead) {
+TEST(SerialSettingsTest, TheTextsOfTheInstrumentsAreRead) {
     EXPECT_EQ(ReadSerialSettings("9600,N,8,1"), (SerialSettings{9600, Parity::None, 8, StopBits::One}));
     EXPECT_EQ(ReadSerialSettings("2400,N,8,1"), (SerialSettings{2400, Parity::None, 8, StopBits::One}));
 }
 
-TEST(SerialSettings, EveryFieldIsReadInEachOfItsForms) {
+TEST(SerialSettingsTest, EveryFieldIsReadInEachOfItsForms) {
     EXPECT_EQ(ReadSerialSettings("1,E,5,1.5"), (SerialSettings{1, Parity::Even, 5, StopBits::OneAndHalf}));
     EXPECT_EQ(ReadSerialSettings("115200,O,6,2"), (SerialSettings{115200, Parity::Odd, 6, StopBits::Two}));
     EXPECT_EQ(ReadSerialSettings("999999999,N,7,1"),
               (SerialSettings{999999999, Parity::None, 7, StopBits::One}));
 }
 
-TEST(SerialSettings, AnyOtherTextIsRefused) {
+TEST(SerialSettingsTest, AnyOtherTextIsRefused) {
     for (const char* text : {"",
                              ",,,",
                              "9600",
@@ -58,7 +58,7 @@ TEST(SerialSettings, AnyOtherTextIsRefused) {
     }
 }
 
-TEST(SerialSettings, ANulInTheTextIsRefused) {
+TEST(SerialSettingsTest, ANulInTheTextIsRefused) {
     EXPECT_THROW(ReadSerialSettings(std::string_view("9600,N,8,1\0", 11)), std::runtime_error);
 }
 

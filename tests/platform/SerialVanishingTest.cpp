@@ -6,9 +6,9 @@
 namespace travo::test {
 namespace {
 
-class SerialVanishing : public SerialRig {};
+class SerialVanishingTest : public SerialRig {};
 
-TEST_F(SerialVanishing, ThePortClosesOnceWithoutAnEventAndTellsThatItIsLost) {
+TEST_F(SerialVanishingTest, ThePortClosesOnceWithoutAnEventAndTellsThatItIsLost) {
     OpenAndKeep();
     wire_.Vanish();
     ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
@@ -19,7 +19,7 @@ TEST_F(SerialVanishing, ThePortClosesOnceWithoutAnEventAndTellsThatItIsLost) {
     EXPECT_EQ(application_.failures, 0);
 }
 
-TEST_F(SerialVanishing, TheEventLoopSleepsAfterwards) {
+TEST_F(SerialVanishingTest, TheEventLoopSleepsAfterwards) {
     OpenAndKeep();
     wire_.Vanish();
     // Left open, the port would wake it some hundred thousand times.
@@ -27,7 +27,7 @@ TEST_F(SerialVanishing, TheEventLoopSleepsAfterwards) {
     EXPECT_FALSE(port_->PortOpen());
 }
 
-TEST_F(SerialVanishing, WhatCameBeforeIsToldFirst) {
+TEST_F(SerialVanishingTest, WhatCameBeforeIsToldFirst) {
     OpenAndKeep();
     wire_.Send("last words");
     ASSERT_TRUE(ServeUntil([this] { return received_ == "last words"; }));
@@ -36,7 +36,7 @@ TEST_F(SerialVanishing, WhatCameBeforeIsToldFirst) {
     EXPECT_EQ(received_, "last words");
 }
 
-TEST_F(SerialVanishing, OutputToAVanishedDeviceIsSilentAndCloses) {
+TEST_F(SerialVanishingTest, OutputToAVanishedDeviceIsSilentAndCloses) {
     OpenAndKeep();
     wire_.Vanish();
     port_->Output("lost");
@@ -47,7 +47,7 @@ TEST_F(SerialVanishing, OutputToAVanishedDeviceIsSilentAndCloses) {
     EXPECT_EQ(port_->InBufferCount(), 0);
 }
 
-TEST_F(SerialVanishing, ThePortClosesDuringABoxAsWell) {
+TEST_F(SerialVanishingTest, ThePortClosesDuringABoxAsWell) {
     Open(1, [this] {
         port_->Input();
         wire_.Vanish();
@@ -58,7 +58,7 @@ TEST_F(SerialVanishing, ThePortClosesDuringABoxAsWell) {
     EXPECT_EQ(events_, std::vector{platform::ReceptionEvent});
 }
 
-TEST_F(SerialVanishing, ALineWhoseModemSignalsAreGoneIsClosed) {
+TEST_F(SerialVanishingTest, ALineWhoseModemSignalsAreGoneIsClosed) {
     HasModemSignals();
     OpenAndKeep();
     line_.reset();
@@ -68,7 +68,7 @@ TEST_F(SerialVanishing, ALineWhoseModemSignalsAreGoneIsClosed) {
     EXPECT_EQ(lost_, std::vector{1});
 }
 
-TEST_F(SerialVanishing, ItDoesNotOpenWhileTheDeviceIsGoneAndOpensOnceItIsBack) {
+TEST_F(SerialVanishingTest, ItDoesNotOpenWhileTheDeviceIsGoneAndOpensOnceItIsBack) {
     OpenAndKeep();
     wire_.Vanish();
     ASSERT_TRUE(ServeUntil([this] { return !port_->PortOpen(); }));
@@ -84,7 +84,7 @@ TEST_F(SerialVanishing, ItDoesNotOpenWhileTheDeviceIsGoneAndOpensOnceItIsBack) {
     EXPECT_EQ(back.Receive(), "again");
 }
 
-TEST_F(SerialVanishing, ClosingBeforeItIsNoticedLeavesTheNextOpeningAlone) {
+TEST_F(SerialVanishingTest, ClosingBeforeItIsNoticedLeavesTheNextOpeningAlone) {
     OpenAndKeep();
     wire_.Vanish();
     port_->Output("lost");  // the first error; its closing is queued
@@ -97,7 +97,7 @@ TEST_F(SerialVanishing, ClosingBeforeItIsNoticedLeavesTheNextOpeningAlone) {
     EXPECT_TRUE(lost_.empty());
 }
 
-TEST_F(SerialVanishing, APortThatItsOwnerClosesIsNotLost) {
+TEST_F(SerialVanishingTest, APortThatItsOwnerClosesIsNotLost) {
     OpenAndKeep();
     port_->PortOpen(false);
     wire_.Vanish();
@@ -105,7 +105,7 @@ TEST_F(SerialVanishing, APortThatItsOwnerClosesIsNotLost) {
     EXPECT_TRUE(lost_.empty());
 }
 
-TEST_F(SerialVanishing, TheTellingMayOpenThePortAnew) {
+TEST_F(SerialVanishingTest, TheTellingMayOpenThePortAnew) {
     const PseudoTerminal back;
     bool wasOpen = true;
     port_ = ports_.Create([] {},
@@ -122,7 +122,7 @@ TEST_F(SerialVanishing, TheTellingMayOpenThePortAnew) {
     EXPECT_TRUE(port_->PortOpen());
 }
 
-TEST_F(SerialVanishing, TheTellingMayEndThePort) {
+TEST_F(SerialVanishingTest, TheTellingMayEndThePort) {
     port_ = ports_.Create([] {}, [this] { port_.reset(); });
     port_->CommPort(1);
     port_->PortOpen(true);
@@ -132,7 +132,7 @@ TEST_F(SerialVanishing, TheTellingMayEndThePort) {
     EXPECT_EQ(application_.failures, 0);
 }
 
-TEST_F(SerialVanishing, DestroyingThePortBeforeItIsNoticedIsSafe) {
+TEST_F(SerialVanishingTest, DestroyingThePortBeforeItIsNoticedIsSafe) {
     OpenAndKeep();
     wire_.Vanish();
     port_->Output("lost");

@@ -5,7 +5,7 @@
 #include <QDBusConnection>
 #include <QTemporaryDir>
 
-#include "platform/LiveBusStage.h"
+#include "platform/LiveBusRig.h"
 #include "support/SilentBus.h"
 
 namespace travo::test {
@@ -22,59 +22,59 @@ constexpr std::chrono::milliseconds Short{200};
 
 QByteArray Environment() { return qgetenv("DBUS_SESSION_BUS_ADDRESS"); }
 
-TEST(SessionBus, ABusThatAnswersIsNotSilent) {
+TEST(SessionBusTest, ABusThatAnswersIsNotSilent) {
     const PrivateBus bus;
     EXPECT_FALSE(IsSilent(SessionBusAddress(), Long));
 }
 
-TEST(SessionBus, ABusThatRefusesUsIsNotSilent) {
+TEST(SessionBusTest, ABusThatRefusesUsIsNotSilent) {
     const PrivateBus bus(PrivateBus::Room::None);
     EXPECT_FALSE(IsSilent(SessionBusAddress(), Long));
 }
 
-TEST(SessionBus, NoBusIsNotSilent) {
+TEST(SessionBusTest, NoBusIsNotSilent) {
     const QTemporaryDir empty;
     EXPECT_FALSE(IsSilent(QString(), Long));
     EXPECT_FALSE(IsSilent(QStringLiteral("unix:path=") + empty.filePath(QStringLiteral("nobody")), Long));
     EXPECT_FALSE(IsSilent(QStringLiteral("unix:path=/") + QString(200, QLatin1Char('x')), Long));
 }
 
-TEST(SessionBus, ABusThatIsReachedOtherwiseIsNotTried) {
+TEST(SessionBusTest, ABusThatIsReachedOtherwiseIsNotTried) {
     EXPECT_FALSE(IsSilent(QStringLiteral("tcp:host=localhost,port=1"), Long));
     EXPECT_FALSE(IsSilent(QStringLiteral("autolaunch:"), Long));
 }
 
-TEST(SessionBus, ABusThatTakesAConnectionAndSaysNothingIsSilent) {
+TEST(SessionBusTest, ABusThatTakesAConnectionAndSaysNothingIsSilent) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     EXPECT_TRUE(IsSilent(silent.Address(), Short));
 }
 
-TEST(SessionBus, ABusThatHasNoRoomForAConnectionIsSilent) {
+TEST(SessionBusTest, ABusThatHasNoRoomForAConnectionIsSilent) {
     const SilentBus silent(SilentBus::Manner::HasNoRoom);
     EXPECT_TRUE(IsSilent(silent.Address(), Short));
 }
 
-TEST(SessionBus, ABusThatLetsUsInAndDoesNotGreetUsIsSilent) {
+TEST(SessionBusTest, ABusThatLetsUsInAndDoesNotGreetUsIsSilent) {
     SilentBus silent(SilentBus::Manner::LetsUsIn);
     EXPECT_TRUE(IsSilent(silent.Address(), std::chrono::seconds(2)));
     EXPECT_TRUE(silent.HasLetUsIn());
 }
 
-TEST(SessionBus, TheFirstEntryOfAnAddressThatTakesAConnectionCounts) {
+TEST(SessionBusTest, TheFirstEntryOfAnAddressThatTakesAConnectionCounts) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     const PrivateBus bus;
     EXPECT_TRUE(IsSilent(QStringLiteral("unix:path=/nobody;") + silent.Address(), Short));
     EXPECT_FALSE(IsSilent(SessionBusAddress() + QLatin1Char(';') + silent.Address(), Long));
 }
 
-TEST(SessionBus, ANameInAnAddressMayBeEscapedAndAbstract) {
+TEST(SessionBusTest, ANameInAnAddressMayBeEscapedAndAbstract) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     EXPECT_TRUE(IsSilent(silent.EscapedAddress() + QStringLiteral(",guid=00"), Short));
     const SilentBus abstract(SilentBus::Manner::TakesConnections, SilentBus::Place::Abstract);
     EXPECT_TRUE(IsSilent(abstract.Address(), Short));
 }
 
-TEST(SilentBusGuard, ABusThatAnswersStaysWhereItIs) {
+TEST(SilentBusGuardTest, ABusThatAnswersStaysWhereItIs) {
     const PrivateBus bus;
     const QByteArray before = Environment();
     SilentBusGuard guard(Long);
@@ -83,7 +83,7 @@ TEST(SilentBusGuard, ABusThatAnswersStaysWhereItIs) {
     EXPECT_EQ(Environment(), before);
 }
 
-TEST(SilentBusGuard, ASilentBusThatHasBeenLetGoStaysOutOfTheToolkitsReach) {
+TEST(SilentBusGuardTest, ASilentBusThatHasBeenLetGoStaysOutOfTheToolkitsReach) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     qputenv("DBUS_SESSION_BUS_ADDRESS", silent.Address().toLocal8Bit());
     SilentBusGuard guard(Short);
@@ -94,7 +94,7 @@ TEST(SilentBusGuard, ASilentBusThatHasBeenLetGoStaysOutOfTheToolkitsReach) {
     EXPECT_EQ(silent.Newcomers(), 1) << "the guard alone has tried it";
 }
 
-TEST(SilentBusGuard, ASilentBusInTheRuntimeFolderIsOutOfReachAsWell) {
+TEST(SilentBusGuardTest, ASilentBusInTheRuntimeFolderIsOutOfReachAsWell) {
     const SilentBus silent(SilentBus::Manner::TakesConnections, SilentBus::Place::RuntimeFolder);
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     SilentBusGuard guard(Short);
@@ -104,7 +104,7 @@ TEST(SilentBusGuard, ASilentBusInTheRuntimeFolderIsOutOfReachAsWell) {
     EXPECT_FALSE(qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS"));
 }
 
-TEST(QtLiveCameraBus, ASilentBusIsAFailureAtTheLimitOfACall) {
+TEST(QtLiveCameraBusTest, ASilentBusIsAFailureAtTheLimitOfACall) {
     const SilentBus silent(SilentBus::Manner::TakesConnections);
     qputenv("DBUS_SESSION_BUS_ADDRESS", silent.Address().toLocal8Bit());
     QtLiveCamera camera(Hasty);

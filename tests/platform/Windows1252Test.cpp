@@ -13,11 +13,11 @@ QByteArray EveryByte() {
     return bytes;
 }
 
-TEST(Windows1252, EveryByteComesBackAsItself) {
+TEST(Windows1252Test, EveryByteComesBackAsItself) {
     EXPECT_EQ(ToWindows1252(FromWindows1252(EveryByte())), EveryByte());
 }
 
-TEST(Windows1252, BytesBelow80AndFromA0UpAreTheCharactersOfTheSameNumber) {
+TEST(Windows1252Test, BytesBelow80AndFromA0UpAreTheCharactersOfTheSameNumber) {
     const QString text = FromWindows1252(EveryByte());
     for (int code = 0; code < 256; ++code) {
         if (code < 0x80 || code >= 0xA0) {
@@ -26,12 +26,12 @@ TEST(Windows1252, BytesBelow80AndFromA0UpAreTheCharactersOfTheSameNumber) {
     }
 }
 
-TEST(Windows1252, BytesFrom80To9FAreTheCodePagesOwnCharacters) {
+TEST(Windows1252Test, BytesFrom80To9FAreTheCodePagesOwnCharacters) {
     EXPECT_EQ(FromWindows1252("\x80\x82\x85\x8A\x8C\x8E\x91\x94\x96\x99\x9C\x9F"),
               QStringLiteral(u"\u20ac\u201a\u2026\u0160\u0152\u017d\u2018\u201d\u2013\u2122\u0153\u0178"));
 }
 
-TEST(Windows1252, TheFiveUnusedBytesAreTheControlCharactersOfTheirNumber) {
+TEST(Windows1252Test, TheFiveUnusedBytesAreTheControlCharactersOfTheirNumber) {
     const QByteArray unused("\x81\x8D\x8F\x90\x9D");
     const QString controls = FromWindows1252(unused);
     for (int i = 0; i < unused.size(); ++i) {
@@ -39,35 +39,35 @@ TEST(Windows1252, TheFiveUnusedBytesAreTheControlCharactersOfTheirNumber) {
     }
 }
 
-TEST(Windows1252, ACharacterThatTheCodePageLacksBecomesOneQuestionMark) {
+TEST(Windows1252Test, ACharacterThatTheCodePageLacksBecomesOneQuestionMark) {
     EXPECT_EQ(ToWindows1252(QStringLiteral(u"\u03a9")), "?");
     EXPECT_EQ(ToWindows1252(QStringLiteral(u"a\u8111z")), "a?z");
     EXPECT_EQ(ToWindows1252(QString(QChar(0x80))), "?");
 }
 
-TEST(Windows1252, ACharacterOfTwoUnitsBecomesOneQuestionMark) {
+TEST(Windows1252Test, ACharacterOfTwoUnitsBecomesOneQuestionMark) {
     EXPECT_EQ(ToWindows1252(QStringLiteral(u"a\U0001F52Cz")), "a?z");
 }
 
-TEST(Windows1252, HalfACharacterBecomesAQuestionMarkAndSwallowsNothing) {
+TEST(Windows1252Test, HalfACharacterBecomesAQuestionMarkAndSwallowsNothing) {
     EXPECT_EQ(ToWindows1252(QString(QChar(0xD83D)) + QLatin1Char('z')), "?z");
     EXPECT_EQ(ToWindows1252(QLatin1Char('a') + QString(QChar(0xD83D))), "a?");
     EXPECT_EQ(ToWindows1252(QString(QChar(0xDD2C)) + QLatin1Char('z')), "?z");
 }
 
-TEST(Windows1252, EmptyTextsStayEmpty) {
+TEST(Windows1252Test, EmptyTextsStayEmpty) {
     EXPECT_TRUE(ToWindows1252(QString()).isEmpty());
     EXPECT_TRUE(FromWindows1252({}).isEmpty());
 }
 
-TEST(Windows1252, LettersAreEqualWithoutRegardToCaseAccentsIncluded) {
+TEST(Windows1252Test, LettersAreEqualWithoutRegardToCaseAccentsIncluded) {
     EXPECT_TRUE(EqualWithoutCase("COMPort", "comPORT"));
     EXPECT_TRUE(EqualWithoutCase("\xC4\xD6\xDC\xDE", "\xE4\xF6\xFC\xFE"));
     EXPECT_TRUE(EqualWithoutCase("\x8A\x8C\x8E\x9F", "\x9A\x9C\x9E\xFF"));
     EXPECT_TRUE(EqualWithoutCase("", ""));
 }
 
-TEST(Windows1252, OtherCharactersAreEqualOnlyToThemselves) {
+TEST(Windows1252Test, OtherCharactersAreEqualOnlyToThemselves) {
     EXPECT_FALSE(EqualWithoutCase("\xD7", "\xF7"));  // times and divided by
     EXPECT_FALSE(EqualWithoutCase("[", "{"));
     EXPECT_FALSE(EqualWithoutCase("@", "`"));
@@ -75,7 +75,7 @@ TEST(Windows1252, OtherCharactersAreEqualOnlyToThemselves) {
     EXPECT_FALSE(EqualWithoutCase("", "a"));
 }
 
-TEST(Windows1252, EachByteHasAtMostOneOtherThatIsEqualButForCase) {
+TEST(Windows1252Test, EachByteHasAtMostOneOtherThatIsEqualButForCase) {
     const QByteArray all = EveryByte();
     for (const char one : all) {
         int equal = 0;

@@ -22,13 +22,13 @@ const Texts Attach{"LiveAttach"};
 const Texts LeaveAndAttach{"LivePanelLeave", "LiveAttach"};
 const Texts Nothing{};
 
-void Tell(const LiveDesk& desk, LiveStage& stage, Step step) {
+void Tell(const LiveRig& desk, LiveStage& stage, Step step) {
     const std::size_t before = desk.Told().size();
     stage.Tell(step);
     EXPECT_TRUE(QTest::qWaitFor([&] { return desk.Told().size() > before; }, HearLimit));
 }
 
-void Bring(LiveDesk& desk, LiveStage& stage, Now situation) {
+void Bring(LiveRig& desk, LiveStage& stage, Now situation) {
     if (situation == Now::NoCamera || situation == Now::Wanted) {
         return;
     }
@@ -41,7 +41,7 @@ void Bring(LiveDesk& desk, LiveStage& stage, Now situation) {
     }
 }
 
-void Take(LiveDesk& desk, LiveStage& stage, Step step) {
+void Take(LiveRig& desk, LiveStage& stage, Step step) {
     switch (step) {
         case Step::StartUp:
             return desk.StartUp();
@@ -58,7 +58,7 @@ void Take(LiveDesk& desk, LiveStage& stage, Step step) {
     }
 }
 
-void CheckSituation(LiveDesk& desk, Now situation) {
+void CheckSituation(LiveRig& desk, Now situation) {
     const bool open = situation == Now::Visible || situation == Now::Hidden;
     const bool none = situation == Now::NoCamera || situation == Now::Wanted;
     const auto object = open   ? LiveLink::Object::Living
@@ -123,8 +123,7 @@ const std::vector<LiveRow>& LiveTable() {
 
 void CheckLiveRow(const LiveRow& row, LiveStage& stage) {
     const bool wanted = row.before == Now::Wanted;
-    LiveDesk desk(stage.Camera(),
-                  wanted ? LiveDesk::AtLastEnd::CameraOpen : LiveDesk::AtLastEnd::CameraClosed);
+    LiveRig desk(stage.Camera(), wanted ? LiveRig::AtLastEnd::CameraOpen : LiveRig::AtLastEnd::CameraClosed);
     Bring(desk, stage, row.before);
     CheckSituation(desk, row.before);
     stage.Calls();

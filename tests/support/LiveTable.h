@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/LiveDesk.h"
+#include "support/LiveRig.h"
 
 namespace travo::test {
 

@@ -54,7 +54,7 @@ QStringList Words(const char* line) {
     return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-class CommandLineOf : public testing::TestWithParam<Program> {
+class CommandLineOfTest : public testing::TestWithParam<Program> {
 protected:
     void ExpectHelp(const QStringList& arguments) {
         const Said said = Say(GetParam().path, arguments);
@@ -73,17 +73,17 @@ protected:
         EXPECT_EQ(said.out.toStdString(), "") << sentence;
     }
 };
-INSTANTIATE_TEST_SUITE_P(Programs, CommandLineOf, testing::ValuesIn(Programs), [](const auto& program) {
+INSTANTIATE_TEST_SUITE_P(Programs, CommandLineOfTest, testing::ValuesIn(Programs), [](const auto& program) {
     return QString::fromLatin1(program.param.name).remove(QLatin1Char('-')).toStdString();
 });
 
-TEST_P(CommandLineOf, HelpIsPrintedWithoutADisplay) {
+TEST_P(CommandLineOfTest, HelpIsPrintedWithoutADisplay) {
     for (const char* const option : {"--help", "-h", "--help-all"}) {
         ExpectHelp(Words(option));
     }
 }
 
-TEST_P(CommandLineOf, TheVersionIsPrintedWithoutADisplay) {
+TEST_P(CommandLineOfTest, TheVersionIsPrintedWithoutADisplay) {
     for (const char* const line : {"--version", "-v", "--version --help", "--help --version"}) {
         const Said said = Say(GetParam().path, Words(line));
         EXPECT_EQ(said.exitCode, 0) << line;
@@ -92,7 +92,7 @@ TEST_P(CommandLineOf, TheVersionIsPrintedWithoutADisplay) {
     }
 }
 
-TEST_P(CommandLineOf, AWrongOptionIsToldWithoutADisplay) {
+TEST_P(CommandLineOfTest, AWrongOptionIsToldWithoutADisplay) {
     ExpectRefusal({QStringLiteral("--nonsense")}, "Unknown option 'nonsense'.");
     ExpectRefusal(Words("-n"), "Unknown option 'n'.");
     ExpectRefusal(Words("--help=yes"), "Unexpected value after '--help'.");
@@ -100,24 +100,24 @@ TEST_P(CommandLineOf, AWrongOptionIsToldWithoutADisplay) {
     ExpectRefusal(Words("--nonsense --help"), "Unknown option 'nonsense'.");
 }
 
-class TheWorkbench : public CommandLineOf {};
-INSTANTIATE_TEST_SUITE_P(Programs, TheWorkbench, testing::Values(Programs.at(0)));
+class TheWorkbenchTest : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, TheWorkbenchTest, testing::Values(Programs.at(0)));
 
-TEST_P(TheWorkbench, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
+TEST_P(TheWorkbenchTest, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
     ExpectHelp(Words("--headless --help --end-with-input"));
     ExpectHelp(Words("--program-folder /nowhere --headless -h"));
     ExpectHelp(Words("-h --program-folder=/nowhere"));
 }
 
-TEST_P(TheWorkbench, RefusesAnOptionThatLacksItsValueAndAFolderThatIsNotThere) {
+TEST_P(TheWorkbenchTest, RefusesAnOptionThatLacksItsValueAndAFolderThatIsNotThere) {
     ExpectRefusal(Words("--headless --program-folder"), "Missing value after '--program-folder'.");
     ExpectRefusal(Words("--program-folder /nowhere"), "there is no such program folder: /nowhere");
 }
 
-class Ask : public CommandLineOf {};
-INSTANTIATE_TEST_SUITE_P(Programs, Ask, testing::Values(Programs.at(1)));
+class AskTest : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, AskTest, testing::Values(Programs.at(1)));
 
-TEST_P(Ask, TakesOptionsAheadOfTheCommandAlone) {
+TEST_P(AskTest, TakesOptionsAheadOfTheCommandAlone) {
     ExpectHelp(Words("--help world move 1 -5 -5 -5"));
     // What comes behind the first word is the command's, whatever it looks like: here it is sent.
     const Said said = Say(GetParam().path, Words("world --help -5"));
@@ -127,7 +127,7 @@ TEST_P(Ask, TakesOptionsAheadOfTheCommandAlone) {
     EXPECT_EQ(said.out.toStdString(), "");
 }
 
-TEST_P(Ask, SaysHowItIsUsedWhereItIsToldNothing) {
+TEST_P(AskTest, SaysHowItIsUsedWhereItIsToldNothing) {
     const Said said = Say(GetParam().path, {});
     EXPECT_EQ(said.exitCode, 2);
     EXPECT_EQ(said.err.toStdString(),
@@ -135,15 +135,15 @@ TEST_P(Ask, SaysHowItIsUsedWhereItIsToldNothing) {
 }
 
 #ifdef TOUR_PROGRAM
-class Tour : public CommandLineOf {};
-INSTANTIATE_TEST_SUITE_P(Programs, Tour, testing::Values(Programs.at(3)));
+class TourTest : public CommandLineOf {};
+INSTANTIATE_TEST_SUITE_P(Programs, TourTest, testing::Values(Programs.at(3)));
 
-TEST_P(Tour, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
+TEST_P(TourTest, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
     ExpectHelp(Words("--only panels --help folder workbench pictures"));
     ExpectHelp(Words("folder -h workbench"));
 }
 
-TEST_P(Tour, RefusesWhatItCannotPlay) {
+TEST_P(TourTest, RefusesWhatItCannotPlay) {
     ExpectRefusal(Words("--only nothing folder workbench pictures"),
                   "there is nothing to play of the name nothing");
     ExpectRefusal(Words("folder workbench"),

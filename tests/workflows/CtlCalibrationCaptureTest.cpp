@@ -1,5 +1,5 @@
 // What a press of a capture button records, tells and refuses, and the steps that follow.
-#include "workflows/CtlCalibrationBench.h"
+#include "workflows/CtlCalibrationRig.h"
 
 namespace travo::test {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CtlCalibrationCapture : public CtlCalibrationBench {
+class CtlCalibrationCaptureTest : public CtlCalibrationRig {
 protected:
     // A capture with a camera, up to what the camera is told last.
     static Journal Capture(const std::string& overlay) {
@@ -26,7 +26,7 @@ protected:
 
 // Magnification.
 
-TEST_F(CtlCalibrationCapture, APressAtAMagnificationOtherThanIndex2CapturesNothing) {
+TEST_F(CtlCalibrationCaptureTest, APressAtAMagnificationOtherThanIndex2CapturesNothing) {
     for (const int mode : {Full, Re}) {
         Click(Mode(mode));
         const std::string before = OnShow();
@@ -47,14 +47,14 @@ TEST_F(CtlCalibrationCapture, APressAtAMagnificationOtherThanIndex2CapturesNothi
     EXPECT_EQ(LogTexts(rig.log), QStringList());
 }
 
-TEST_F(CtlCalibrationCapture, TheMagnificationBoxIsAPlainOne) {
+TEST_F(CtlCalibrationCaptureTest, TheMagnificationBoxIsAPlainOne) {
     rig.state.CurrentMagnification(3);
     Click(Point(A));
     EXPECT_EQ(rig.boxes.shown.at(0).buttons, platform::BoxButtons::OK);
     EXPECT_EQ(rig.boxes.shown.at(0).icon, platform::BoxIcon::None);
 }
 
-TEST_F(CtlCalibrationCapture, AfterAPressAtTheWrongMagnificationThePointCanBeCaptured) {
+TEST_F(CtlCalibrationCaptureTest, AfterAPressAtTheWrongMagnificationThePointCanBeCaptured) {
     rig.state.CurrentMagnification(1);
     Click(Point(B));
     rig.state.CurrentMagnification(2);
@@ -64,7 +64,7 @@ TEST_F(CtlCalibrationCapture, AfterAPressAtTheWrongMagnificationThePointCanBeCap
     EXPECT_EQ(Take(), Capture("LiveCalibPoints"));
 }
 
-TEST_F(CtlCalibrationCapture, ACapturedButtonPressedAtTheWrongMagnificationStaysDownAndCounts) {
+TEST_F(CtlCalibrationCaptureTest, ACapturedButtonPressedAtTheWrongMagnificationStaysDownAndCounts) {
     CaptureAt(A, Straight[0]);
     CaptureAt(B, Straight[1]);
     rig.state.CurrentMagnification(3);
@@ -78,7 +78,7 @@ TEST_F(CtlCalibrationCapture, ACapturedButtonPressedAtTheWrongMagnificationStays
 
 // What is told, in order.
 
-TEST_F(CtlCalibrationCapture, EachCaptureButtonTellsTheCameraAsksAndReadsInOrder) {
+TEST_F(CtlCalibrationCaptureTest, EachCaptureButtonTellsTheCameraAsksAndReadsInOrder) {
     for (const int mark : {B, A}) {
         Click(Point(mark));
         EXPECT_EQ(Take(), Capture("LiveCalibPoints"));
@@ -95,7 +95,7 @@ TEST_F(CtlCalibrationCapture, EachCaptureButtonTellsTheCameraAsksAndReadsInOrder
     EXPECT_EQ(Take(), Capture("LiveCalibCenter"));
 }
 
-TEST_F(CtlCalibrationCapture, WithoutLiveOpenNoCaptureTellsTheCameraAnything) {
+TEST_F(CtlCalibrationCaptureTest, WithoutLiveOpenNoCaptureTellsTheCameraAnything) {
     rig.state.LiveOpen = false;
     const Journal told = Joined({Requests, {"DriverGetPosition"}});
     Click(Point(A));
@@ -112,7 +112,7 @@ TEST_F(CtlCalibrationCapture, WithoutLiveOpenNoCaptureTellsTheCameraAnything) {
     EXPECT_EQ(Take(), told);
 }
 
-TEST_F(CtlCalibrationCapture, ASecondPressOfACapturedButtonChangesNothing) {
+TEST_F(CtlCalibrationCaptureTest, ASecondPressOfACapturedButtonChangesNothing) {
     CaptureAt(A, Straight[0]);
     Take();
     Tip({1, 2, 3});
@@ -134,7 +134,7 @@ TEST_F(CtlCalibrationCapture, ASecondPressOfACapturedButtonChangesNothing) {
 
 // Steps.
 
-TEST_F(CtlCalibrationCapture, PressingPositionZIsPossibleOnlyAfterAllOfPositionAPositionBPositionC) {
+TEST_F(CtlCalibrationCaptureTest, PressingPositionZIsPossibleOnlyAfterAllOfPositionAPositionBPositionC) {
     for (const std::array<int, 3>& order : {std::array{A, B, C}, std::array{C, A, B}, std::array{B, C, A}}) {
         Click(Mode(Full));
         for (const int mark : order) {
@@ -146,7 +146,7 @@ TEST_F(CtlCalibrationCapture, PressingPositionZIsPossibleOnlyAfterAllOfPositionA
     }
 }
 
-TEST_F(CtlCalibrationCapture, TheMotorRaiseAndLoweringHappenOnlyWithTheMotorPortOpen) {
+TEST_F(CtlCalibrationCaptureTest, TheMotorRaiseAndLoweringHappenOnlyWithTheMotorPortOpen) {
     for (const bool open : {true, false}) {
         if (!open) {
             rig.communication.MotorPortClose();
@@ -165,7 +165,7 @@ TEST_F(CtlCalibrationCapture, TheMotorRaiseAndLoweringHappenOnlyWithTheMotorPort
     }
 }
 
-TEST_F(CtlCalibrationCapture, WithTheMotorPortClosedTheOperatorIsToldAndThenTheCamera) {
+TEST_F(CtlCalibrationCaptureTest, WithTheMotorPortClosedTheOperatorIsToldAndThenTheCamera) {
     rig.communication.MotorPortClose();
     CaptureAt(A, Straight[0]);
     CaptureAt(B, Straight[1]);
@@ -174,7 +174,7 @@ TEST_F(CtlCalibrationCapture, WithTheMotorPortClosedTheOperatorIsToldAndThenTheC
     EXPECT_EQ(Take(), Joined({Capture("LiveCalibPoints"), {"box " + RaiseBox.toStdString(), "LiveCalibZ"}}));
 }
 
-TEST_F(CtlCalibrationCapture, EachRaiseAndLoweringByTheMotorTellsWhetherTheObjectiveStandsRaised) {
+TEST_F(CtlCalibrationCaptureTest, EachRaiseAndLoweringByTheMotorTellsWhetherTheObjectiveStandsRaised) {
     CaptureMarks();
     EXPECT_THAT(objectiveRaised, ElementsAre(true));
     Click(Mode(Full));
@@ -191,7 +191,7 @@ TEST_F(CtlCalibrationCapture, EachRaiseAndLoweringByTheMotorTellsWhetherTheObjec
     EXPECT_THAT(objectiveRaised, ElementsAre(true)) << "nothing was lowered";
 }
 
-TEST_F(CtlCalibrationCapture, AnObjectiveThatIsLoweredAsOftenAsItWasRaisedStandsRaisedNoMore) {
+TEST_F(CtlCalibrationCaptureTest, AnObjectiveThatIsLoweredAsOftenAsItWasRaisedStandsRaisedNoMore) {
     for (int round = 0; round < 2; ++round) {
         CaptureAll();
         Click(Confirm(Set));
@@ -203,35 +203,35 @@ TEST_F(CtlCalibrationCapture, AnObjectiveThatIsLoweredAsOftenAsItWasRaisedStands
     EXPECT_THAT(objectiveRaised, IsEmpty()) << "raised by hand";
 }
 
-TEST_F(CtlCalibrationCapture, ARaiseThatThePortRefusesIsNone) {
+TEST_F(CtlCalibrationCaptureTest, ARaiseThatThePortRefusesIsNone) {
     rig.MotorPort().failOutput = true;
     CaptureMarks();
     EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
     EXPECT_THAT(objectiveRaised, IsEmpty());
 }
 
-TEST_F(CtlCalibrationCapture, TheRaiseIsToldBeforeItsBox) {
+TEST_F(CtlCalibrationCaptureTest, TheRaiseIsToldBeforeItsBox) {
     std::size_t told = 0;
     rig.boxes.whileShown = [this, &told] { told = objectiveRaised.size(); };
     CaptureMarks();
     EXPECT_EQ(told, 1U);
 }
 
-TEST_F(CtlCalibrationCapture, TheStepIsOnShowBehindItsBox) {
+TEST_F(CtlCalibrationCaptureTest, TheStepIsOnShowBehindItsBox) {
     std::string behind;
     rig.boxes.whileShown = [this, &behind] { behind = OnShow(); };
     CaptureMarks();
     EXPECT_EQ(behind, "Z picture 1");
 }
 
-TEST_F(CtlCalibrationCapture, ACameraThatGoesWhileTheBoxStandsIsNotToldTheStep) {
+TEST_F(CtlCalibrationCaptureTest, ACameraThatGoesWhileTheBoxStandsIsNotToldTheStep) {
     rig.boxes.whileShown = [this] { rig.camera.TellWindowClose(); };
     CaptureMarks();
     EXPECT_EQ(TakeBoxes(), QStringList{FocusBox});
     EXPECT_EQ(rig.journal.back(), "Live_WindowClose");
 }
 
-TEST_F(CtlCalibrationCapture, SetIsEnabledByTheZPointAndByTheCentreAlone) {
+TEST_F(CtlCalibrationCaptureTest, SetIsEnabledByTheZPointAndByTheCentreAlone) {
     for (const int mark : {A, B, C}) {
         Click(Point(mark));
         EXPECT_FALSE(Confirm(Set).Enabled()) << mark;
@@ -246,7 +246,7 @@ TEST_F(CtlCalibrationCapture, SetIsEnabledByTheZPointAndByTheCentreAlone) {
 
 // Failures.
 
-TEST_F(CtlCalibrationCapture, ADriverThatFailsIsReportedTwiceAndTheButtonIsRaised) {
+TEST_F(CtlCalibrationCaptureTest, ADriverThatFailsIsReportedTwiceAndTheButtonIsRaised) {
     rig.driver.failing = {"DriverGetPosition"};
     Click(Point(A));
     EXPECT_EQ(OnShow(), "A B C picture 0");
@@ -260,7 +260,7 @@ TEST_F(CtlCalibrationCapture, ADriverThatFailsIsReportedTwiceAndTheButtonIsRaise
               (QStringList{QStringLiteral("Manipulator : Communication failed"), CaptureFailed}));
 }
 
-TEST_F(CtlCalibrationCapture, AReadingOutOfRangeAndThenAGuardThatIsTakenFailTheCapture) {
+TEST_F(CtlCalibrationCaptureTest, AReadingOutOfRangeAndThenAGuardThatIsTakenFailTheCapture) {
     CaptureAt(A, {25001, 0, 0});
     ExpectCaptureFailed();
     EXPECT_EQ(OnShow(), "A B C picture 0");
@@ -273,7 +273,7 @@ TEST_F(CtlCalibrationCapture, AReadingOutOfRangeAndThenAGuardThatIsTakenFailTheC
     EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
 
-TEST_F(CtlCalibrationCapture, ARecordOfAFifthNeedleFailsTheCapture) {
+TEST_F(CtlCalibrationCaptureTest, ARecordOfAFifthNeedleFailsTheCapture) {
     rig.driver.selected = 5;
     Click(Point(A));
     ExpectCaptureFailed();
@@ -284,14 +284,14 @@ TEST_F(CtlCalibrationCapture, ARecordOfAFifthNeedleFailsTheCapture) {
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationCapture, AViewBeyond32BitsFailsTheCapture) {
+TEST_F(CtlCalibrationCaptureTest, AViewBeyond32BitsFailsTheCapture) {
     View({INT32_MAX, 0, 0});
     Click(Point(A));
     ExpectCaptureFailed();
     EXPECT_EQ(OnShow(), "A B C picture 0");
 }
 
-TEST_F(CtlCalibrationCapture, AfterAFailureTheNextPressCapturesAndThePointsTrulyCapturedCount) {
+TEST_F(CtlCalibrationCaptureTest, AfterAFailureTheNextPressCapturesAndThePointsTrulyCapturedCount) {
     for (const int lost : {A, B, C}) {
         Click(Mode(Full));
         rig.driver.failing = {"DriverGetPosition"};
@@ -306,7 +306,7 @@ TEST_F(CtlCalibrationCapture, AfterAFailureTheNextPressCapturesAndThePointsTruly
     EXPECT_EQ(rig.needleMove.ManipulatorCalibrationPosXYZ(0, 0, C), Straight[2][0]);
 }
 
-TEST_F(CtlCalibrationCapture, ACaptureThatWasLostDoesNotCountTowardsTheThree) {
+TEST_F(CtlCalibrationCaptureTest, ACaptureThatWasLostDoesNotCountTowardsTheThree) {
     CaptureAt(A, {25001, 0, 0});
     CaptureAt(A, Straight[0]);
     EXPECT_EQ(OnShow(), "A B C picture 0") << "the guard was still taken";
@@ -317,7 +317,7 @@ TEST_F(CtlCalibrationCapture, ACaptureThatWasLostDoesNotCountTowardsTheThree) {
     EXPECT_EQ(OnShow(), "Z picture 1");
 }
 
-TEST_F(CtlCalibrationCapture, ALostZPointAndALostCentreAreCapturedByTheNextPress) {
+TEST_F(CtlCalibrationCaptureTest, ALostZPointAndALostCentreAreCapturedByTheNextPress) {
     CaptureMarks();
     for (const int point : {Z, Centre}) {
         if (point == Centre) {
@@ -332,7 +332,7 @@ TEST_F(CtlCalibrationCapture, ALostZPointAndALostCentreAreCapturedByTheNextPress
     }
 }
 
-TEST_F(CtlCalibrationCapture, AFailedZPointAndAFailedCentreDoNotEnableSet) {
+TEST_F(CtlCalibrationCaptureTest, AFailedZPointAndAFailedCentreDoNotEnableSet) {
     CaptureMarks();
     rig.driver.failing = {"DriverGetPosition"};
     Click(Point(Z));
@@ -344,21 +344,21 @@ TEST_F(CtlCalibrationCapture, AFailedZPointAndAFailedCentreDoNotEnableSet) {
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationCapture, TheButtonIsRaisedBeforeTheFailureIsShown) {
+TEST_F(CtlCalibrationCaptureTest, TheButtonIsRaisedBeforeTheFailureIsShown) {
     std::string behind;
     rig.boxes.whileShown = [this, &behind] { behind = OnShow(); };
     CaptureAt(A, {-1, 0, 0});
     EXPECT_EQ(behind, "A B C picture 0");
 }
 
-TEST_F(CtlCalibrationCapture, ALogThatCannotBeWrittenKeepsNoFailureFromTheOperator) {
+TEST_F(CtlCalibrationCaptureTest, ALogThatCannotBeWrittenKeepsNoFailureFromTheOperator) {
     rig.log.LogFilePath(rig.folder.filePath(QStringLiteral("missing/debugTRAVO.txt")));
     CaptureAt(A, {-1, 0, 0});
     EXPECT_EQ(TakeBoxes(), QStringList{CaptureFailed});
     EXPECT_EQ(rig.journal.back(), "LiveActionEnd");
 }
 
-TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheStartOfACaptureDisturbsNothing) {
+TEST_F(CtlCalibrationCaptureTest, ACameraThatDiesAtTheStartOfACaptureDisturbsNothing) {
     rig.camera.failing = {"LiveActionStart"};
     Click(Point(A));
     rig.camera.TellFailure();
@@ -368,7 +368,7 @@ TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheStartOfACaptureDisturbsNothing
     EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
 
-TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheOverlayTakesNoPointThatIsRecorded) {
+TEST_F(CtlCalibrationCaptureTest, ACameraThatDiesAtTheOverlayTakesNoPointThatIsRecorded) {
     rig.camera.failing = {"LiveCalibPoints"};
     CaptureAt(A, Straight[0]);
     rig.camera.TellFailure();
@@ -380,7 +380,7 @@ TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheOverlayTakesNoPointThatIsRecor
     EXPECT_EQ(OnShow(), "Z picture 1");
 }
 
-TEST_F(CtlCalibrationCapture, ACameraThatDiesAtTheRaisedStepDisturbsNothing) {
+TEST_F(CtlCalibrationCaptureTest, ACameraThatDiesAtTheRaisedStepDisturbsNothing) {
     rig.camera.failing = {"LiveCalibZ"};
     CaptureMarks();
     rig.camera.TellFailure();

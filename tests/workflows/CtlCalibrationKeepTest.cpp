@@ -1,5 +1,5 @@
 // What SET, RESET and ALLRESET leave in the settings file, in the maps and with the owner.
-#include "workflows/CtlCalibrationBench.h"
+#include "workflows/CtlCalibrationRig.h"
 
 namespace travo::test {
 namespace {
@@ -12,7 +12,7 @@ using Values = std::map<std::string, std::string>;
 // The fake clock's time.
 const std::string Now = "08/07/03    14:05";
 
-class CtlCalibrationKeep : public CtlCalibrationBench {
+class CtlCalibrationKeepTest : public CtlCalibrationRig {
 protected:
     static Values PointKeys(const std::array<PositionXYZ, 4>& points) {
         Values values;
@@ -69,7 +69,7 @@ protected:
 
 // Full calibration.
 
-TEST_F(CtlCalibrationKeep, AFullCalibrationWritesPointsZerosAndTimeAndNothingElse) {
+TEST_F(CtlCalibrationKeepTest, AFullCalibrationWritesPointsZerosAndTimeAndNothingElse) {
     View({-20, 100, 345});
     CaptureAll();
     EXPECT_TRUE(Section(0).empty()) << "nothing is kept before SET";
@@ -83,7 +83,7 @@ TEST_F(CtlCalibrationKeep, AFullCalibrationWritesPointsZerosAndTimeAndNothingEls
     }
 }
 
-TEST_F(CtlCalibrationKeep, AFullCalibrationGoesIntoTheMapsAndMakesTheNeedleCalibrated) {
+TEST_F(CtlCalibrationKeepTest, AFullCalibrationGoesIntoTheMapsAndMakesTheNeedleCalibrated) {
     View({-20, 0, 345});
     CaptureAll();
     Click(Confirm(Set));
@@ -101,7 +101,7 @@ TEST_F(CtlCalibrationKeep, AFullCalibrationGoesIntoTheMapsAndMakesTheNeedleCalib
     EXPECT_EQ(ToCommon(0, {11000, 21000, 5100}), (PositionXYZ{1100, -1000, 445}));
 }
 
-TEST_F(CtlCalibrationKeep, AFullCalibrationTellsTheTimeLowersTheObjectiveAndTellsTheCamera) {
+TEST_F(CtlCalibrationKeepTest, AFullCalibrationTellsTheTimeLowersTheObjectiveAndTellsTheCamera) {
     CaptureAll();
     Take();
     Click(Confirm(Set));
@@ -111,7 +111,7 @@ TEST_F(CtlCalibrationKeep, AFullCalibrationTellsTheTimeLowersTheObjectiveAndTell
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationKeep, WithoutLiveOpenSetTellsTheCameraNothing) {
+TEST_F(CtlCalibrationKeepTest, WithoutLiveOpenSetTellsTheCameraNothing) {
     rig.state.LiveOpen = false;
     CaptureAll();
     Take();
@@ -124,7 +124,7 @@ TEST_F(CtlCalibrationKeep, WithoutLiveOpenSetTellsTheCameraNothing) {
     EXPECT_THAT(Take(), ElementsAre("time 0 " + Now + " 1"));
 }
 
-TEST_F(CtlCalibrationKeep, AFullCalibrationLeavesACentreOfTheSettingsAsItWas) {
+TEST_F(CtlCalibrationKeepTest, AFullCalibrationLeavesACentreOfTheSettingsAsItWas) {
     ReCalibrate({11, 12, 13}, {0, 0, 0});
     const Values centre = AxisKeys("Center", {11, 12, 13});
     CalibrateFully(0);
@@ -136,7 +136,7 @@ TEST_F(CtlCalibrationKeep, AFullCalibrationLeavesACentreOfTheSettingsAsItWas) {
     EXPECT_EQ(section.at("Time"), Now);
 }
 
-TEST_F(CtlCalibrationKeep, Point3DoesNotChangeTheView) {
+TEST_F(CtlCalibrationKeepTest, Point3DoesNotChangeTheView) {
     View({0, 0, 10});
     CaptureMarks();
     View({-1000, 0, 4444});
@@ -145,7 +145,7 @@ TEST_F(CtlCalibrationKeep, Point3DoesNotChangeTheView) {
     EXPECT_EQ(Zero(0), (PositionXYZ{0, 0, 10}));
 }
 
-TEST_F(CtlCalibrationKeep, TheViewOfTheLastCaptureOfAMarkCounts) {
+TEST_F(CtlCalibrationKeepTest, TheViewOfTheLastCaptureOfAMarkCounts) {
     for (const int mark : {C, A, B}) {
         View({-2 * (mark + 1), 0, 100 + mark});
         CaptureAt(mark, Straight.at(static_cast<std::size_t>(mark)));
@@ -155,14 +155,14 @@ TEST_F(CtlCalibrationKeep, TheViewOfTheLastCaptureOfAMarkCounts) {
     EXPECT_EQ(Zero(0), (PositionXYZ{20, 0, 101}));
 }
 
-TEST_F(CtlCalibrationKeep, AViewThatHasNeverBeenReportedIsRecordedByTheSameFormulas) {
+TEST_F(CtlCalibrationKeepTest, AViewThatHasNeverBeenReportedIsRecordedByTheSameFormulas) {
     View({NoPositionValue, NoPositionValue, NoPositionValue});
     CaptureAll();
     Click(Confirm(Set));
     EXPECT_EQ(Zero(0), (PositionXYZ{500000, MirrorYToCommon(NoPositionValue), NoPositionValue}));
 }
 
-TEST_F(CtlCalibrationKeep, EachNeedleGoesIntoItsOwnSection) {
+TEST_F(CtlCalibrationKeepTest, EachNeedleGoesIntoItsOwnSection) {
     for (std::int16_t needle = 0; needle < 4; ++needle) {
         CalibrateFully(needle);
         EXPECT_EQ(Section(needle).size(), 16U);
@@ -173,7 +173,7 @@ TEST_F(CtlCalibrationKeep, EachNeedleGoesIntoItsOwnSection) {
     }
 }
 
-TEST_F(CtlCalibrationKeep, TimesAreWrittenWithTwoDigitsFourBlanksAnd24Hours) {
+TEST_F(CtlCalibrationKeepTest, TimesAreWrittenWithTwoDigitsFourBlanksAnd24Hours) {
     const std::vector<std::pair<QDateTime, std::string>> times{
         {QDateTime(QDate(2026, 1, 2), QTime(0, 0)), "26/01/02    00:00"},
         {QDateTime(QDate(2009, 12, 31), QTime(23, 59, 59)), "09/12/31    23:59"}};
@@ -187,7 +187,7 @@ TEST_F(CtlCalibrationKeep, TimesAreWrittenWithTwoDigitsFourBlanksAnd24Hours) {
 
 // Points that give no map.
 
-TEST_F(CtlCalibrationKeep, PointsThatCoincideOrLieOnALineCalibrateTheNeedleWithoutAMessage) {
+TEST_F(CtlCalibrationKeepTest, PointsThatCoincideOrLieOnALineCalibrateTheNeedleWithoutAMessage) {
     constexpr PositionXYZ P{10000, 20000, 5000};
     const std::vector<std::array<PositionXYZ, 4>> poor{
         {P, P, P, P},
@@ -209,7 +209,7 @@ TEST_F(CtlCalibrationKeep, PointsThatCoincideOrLieOnALineCalibrateTheNeedleWitho
 
 // Re-calibration.
 
-TEST_F(CtlCalibrationKeep, AReCalibrationWritesZerosCentreAndReTimeAndNothingElse) {
+TEST_F(CtlCalibrationKeepTest, AReCalibrationWritesZerosCentreAndReTimeAndNothingElse) {
     ReCalibrate({1111, 2222, 3333}, {-20, 0, 345});
     EXPECT_EQ(
         Section(0),
@@ -217,7 +217,7 @@ TEST_F(CtlCalibrationKeep, AReCalibrationWritesZerosCentreAndReTimeAndNothingEls
     EXPECT_FALSE(rig.state.CalibrationON(0)) << "it calibrates no needle by itself";
 }
 
-TEST_F(CtlCalibrationKeep, AReCalibrationMovesTheReferencePointOnly) {
+TEST_F(CtlCalibrationKeepTest, AReCalibrationMovesTheReferencePointOnly) {
     CalibrateFully(0);
     const Values before = Section(0);
     ReCalibrate({10100, 22200, 5300}, {-20, 0, 345});
@@ -232,7 +232,7 @@ TEST_F(CtlCalibrationKeep, AReCalibrationMovesTheReferencePointOnly) {
     EXPECT_TRUE(rig.state.CalibrationON(0));
 }
 
-TEST_F(CtlCalibrationKeep, AReCalibrationTellsTheTimeAndTheCameraAndLeavesTheObjectiveAlone) {
+TEST_F(CtlCalibrationKeepTest, AReCalibrationTellsTheTimeAndTheCameraAndLeavesTheObjectiveAlone) {
     Click(Mode(Re));
     Click(Point(Centre));
     Take();
@@ -246,7 +246,7 @@ TEST_F(CtlCalibrationKeep, AReCalibrationTellsTheTimeAndTheCameraAndLeavesTheObj
 
 // Clearing.
 
-TEST_F(CtlCalibrationKeep, ResetClearsTheSelectedNeedleKeyByKey) {
+TEST_F(CtlCalibrationKeepTest, ResetClearsTheSelectedNeedleKeyByKey) {
     CalibrateFully(1);
     CalibrateFully(2);
     ReCalibrate({11, 12, 13}, {-20, 0, 345});
@@ -262,7 +262,7 @@ TEST_F(CtlCalibrationKeep, ResetClearsTheSelectedNeedleKeyByKey) {
     EXPECT_THAT(TakeBoxes().filter(QStringLiteral("Error")), IsEmpty());
 }
 
-TEST_F(CtlCalibrationKeep, ResetStores0NotMinus100000AsCenter) {
+TEST_F(CtlCalibrationKeepTest, ResetStores0NotMinus100000AsCenter) {
     ReCalibrate({11, 12, 13}, {0, 0, 0});
     Click(Confirm(Reset));
     for (std::int32_t axis = 0; axis < 3; ++axis) {
@@ -271,7 +271,7 @@ TEST_F(CtlCalibrationKeep, ResetStores0NotMinus100000AsCenter) {
     }
 }
 
-TEST_F(CtlCalibrationKeep, ResetLeavesTheReferencesOfTheMapsAsTheyAre) {
+TEST_F(CtlCalibrationKeepTest, ResetLeavesTheReferencesOfTheMapsAsTheyAre) {
     View({-20, 0, 345});
     CalibrateFully(0);
     const PositionXYZ place{11000, 21000, 5100};
@@ -281,7 +281,7 @@ TEST_F(CtlCalibrationKeep, ResetLeavesTheReferencesOfTheMapsAsTheyAre) {
     EXPECT_EQ(ToCommon(0, place), before);
 }
 
-TEST_F(CtlCalibrationKeep, ResetEntersTheStepOfTheMode) {
+TEST_F(CtlCalibrationKeepTest, ResetEntersTheStepOfTheMode) {
     CaptureAll();
     Take();
     Click(Confirm(Reset));
@@ -294,7 +294,7 @@ TEST_F(CtlCalibrationKeep, ResetEntersTheStepOfTheMode) {
     EXPECT_EQ(OnShow(), "Centre picture 2");
 }
 
-TEST_F(CtlCalibrationKeep, AllResetClearsEachNeedleUpToTheHighestConnected) {
+TEST_F(CtlCalibrationKeepTest, AllResetClearsEachNeedleUpToTheHighestConnected) {
     for (std::int16_t needle = 0; needle < 4; ++needle) {
         CalibrateFully(needle);
     }
@@ -312,7 +312,7 @@ TEST_F(CtlCalibrationKeep, AllResetClearsEachNeedleUpToTheHighestConnected) {
                                     "time 2 -1 1", "LiveCalibPoints"));
 }
 
-TEST_F(CtlCalibrationKeep, AllResetWithNoNeedleConnectedWritesNothingAndEntersTheStep) {
+TEST_F(CtlCalibrationKeepTest, AllResetWithNoNeedleConnectedWritesNothingAndEntersTheStep) {
     rig.state.intTotalManipulatorNumber = -1;
     CaptureAt(A, Straight[0]);
     Take();
@@ -324,7 +324,7 @@ TEST_F(CtlCalibrationKeep, AllResetWithNoNeedleConnectedWritesNothingAndEntersTh
 
 // Failures.
 
-TEST_F(CtlCalibrationKeep, WithNoNeedleKnownSetAndResetAreReportedAndWriteNothing) {
+TEST_F(CtlCalibrationKeepTest, WithNoNeedleKnownSetAndResetAreReportedAndWriteNothing) {
     CaptureAll();
     rig.state.intManipulatorNumber = -1;
     for (const int index : {Set, Reset}) {
@@ -337,7 +337,7 @@ TEST_F(CtlCalibrationKeep, WithNoNeedleKnownSetAndResetAreReportedAndWriteNothin
     EXPECT_TRUE(rig.Settings().isEmpty());
 }
 
-TEST_F(CtlCalibrationKeep, AFailureInSetLeavesWhatWasAlreadySetAndStored) {
+TEST_F(CtlCalibrationKeepTest, AFailureInSetLeavesWhatWasAlreadySetAndStored) {
     CaptureAll();
     ownerFails = true;
     TakeBoxes();
@@ -348,7 +348,7 @@ TEST_F(CtlCalibrationKeep, AFailureInSetLeavesWhatWasAlreadySetAndStored) {
     EXPECT_FALSE(rig.state.CalibrationON(0));
 }
 
-TEST_F(CtlCalibrationKeep, WithAFifthManipulatorAllResetClearsTheFourNeedlesAndEntersTheStep) {
+TEST_F(CtlCalibrationKeepTest, WithAFifthManipulatorAllResetClearsTheFourNeedlesAndEntersTheStep) {
     CaptureAt(A, Straight[0]);
     TakeBoxes();
     rig.state.intTotalManipulatorNumber = 4;
@@ -360,7 +360,7 @@ TEST_F(CtlCalibrationKeep, WithAFifthManipulatorAllResetClearsTheFourNeedlesAndE
     }
 }
 
-TEST_F(CtlCalibrationKeep, ACameraThatDiesAtSetDisturbsNothing) {
+TEST_F(CtlCalibrationKeepTest, ACameraThatDiesAtSetDisturbsNothing) {
     CaptureAll();
     rig.camera.failing = {"LiveCalibPoints"};
     TakeBoxes();
@@ -372,7 +372,7 @@ TEST_F(CtlCalibrationKeep, ACameraThatDiesAtSetDisturbsNothing) {
     EXPECT_FALSE(rig.state.LiveOpen);
 }
 
-TEST_F(CtlCalibrationKeep, SettingsThatCannotBeWrittenShowNowhereAndTheNeedleIsCalibratedAllTheSame) {
+TEST_F(CtlCalibrationKeepTest, SettingsThatCannotBeWrittenShowNowhereAndTheNeedleIsCalibratedAllTheSame) {
     rig.ini.IniFilePath(rig.folder.filePath(QStringLiteral("missing/KVData.ini")));
     CaptureAll();
     TakeBoxes();

@@ -1,5 +1,5 @@
 // The needle that is lit on the calibration panel is the one that is captured, kept and cleared.
-#include "workflows/CtlCalibrationBench.h"
+#include "workflows/CtlCalibrationRig.h"
 
 namespace travo::test {
 namespace {
@@ -7,9 +7,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CtlCalibrationNeedle : public CtlCalibrationBench {
+class CtlCalibrationNeedleTest : public CtlCalibrationRig {
 protected:
-    CtlCalibrationNeedle() {
+    CtlCalibrationNeedleTest() {
         panel.ManipulatorChange(0);
         Take();
     }
@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(CtlCalibrationNeedle, WhereTheLitNeedleWasReadLastNothingIsReadForAPress) {
+TEST_F(CtlCalibrationNeedleTest, WhereTheLitNeedleWasReadLastNothingIsReadForAPress) {
     CaptureAll();
     Click(Confirm(Set));
     Click(Mode(Re));
@@ -39,7 +39,7 @@ TEST_F(CtlCalibrationNeedle, WhereTheLitNeedleWasReadLastNothingIsReadForAPress)
     EXPECT_EQ(TakeBoxes(), QStringList{FocusBox});
 }
 
-TEST_F(CtlCalibrationNeedle, ACaptureThatIsClickedAheadOfTheReadingIsThatOfTheLitNeedle) {
+TEST_F(CtlCalibrationNeedleTest, ACaptureThatIsClickedAheadOfTheReadingIsThatOfTheLitNeedle) {
     Click(Needle(1));
     ASSERT_EQ(rig.state.intManipulatorNumber, 0);
     Take();
@@ -57,7 +57,7 @@ TEST_F(CtlCalibrationNeedle, ACaptureThatIsClickedAheadOfTheReadingIsThatOfTheLi
     EXPECT_TRUE(Section(0).empty());
 }
 
-TEST_F(CtlCalibrationNeedle, AResetThatIsClickedAheadOfTheReadingClearsTheLitNeedle) {
+TEST_F(CtlCalibrationNeedleTest, AResetThatIsClickedAheadOfTheReadingClearsTheLitNeedle) {
     rig.state.CalibrationON(0, true);
     rig.state.CalibrationON(1, true);
     Click(Needle(1));
@@ -67,7 +67,7 @@ TEST_F(CtlCalibrationNeedle, AResetThatIsClickedAheadOfTheReadingClearsTheLitNee
     EXPECT_THAT(TakeBoxes(), IsEmpty());
 }
 
-TEST_F(CtlCalibrationNeedle, AResetOfANeedleThatTheDriverRefusedClearsNothingAndTheLampGoesBack) {
+TEST_F(CtlCalibrationNeedleTest, AResetOfANeedleThatTheDriverRefusedClearsNothingAndTheLampGoesBack) {
     rig.state.CalibrationON(0, true);
     ClickNeedleTwoInVain();
     std::string behind;
@@ -83,7 +83,7 @@ TEST_F(CtlCalibrationNeedle, AResetOfANeedleThatTheDriverRefusedClearsNothingAnd
     EXPECT_FALSE(rig.state.CalibrationON(0)) << "now its lamp is lit";
 }
 
-TEST_F(CtlCalibrationNeedle, ACaptureOfANeedleThatTheDriverRefusedRecordsNothingAndTheLampGoesBack) {
+TEST_F(CtlCalibrationNeedleTest, ACaptureOfANeedleThatTheDriverRefusedRecordsNothingAndTheLampGoesBack) {
     for (const int mode : {Full, Re}) {
         Click(Mode(mode));
         ClickNeedleTwoInVain();
@@ -100,7 +100,7 @@ TEST_F(CtlCalibrationNeedle, ACaptureOfANeedleThatTheDriverRefusedRecordsNothing
 }
 
 // Clicked there and back before the next reading: the second click selects nothing, since needle 1 is known.
-TEST_F(CtlCalibrationNeedle, ATipThatIsAnotherNeedlesThanTheLitOneIsNotRecorded) {
+TEST_F(CtlCalibrationNeedleTest, ATipThatIsAnotherNeedlesThanTheLitOneIsNotRecorded) {
     Click(Needle(1));
     Click(Needle(0));
     ASSERT_EQ(PressedNeedles(), "1---");
@@ -117,7 +117,7 @@ TEST_F(CtlCalibrationNeedle, ATipThatIsAnotherNeedlesThanTheLitOneIsNotRecorded)
     EXPECT_TRUE(Section(0).empty());
 }
 
-TEST_F(CtlCalibrationNeedle, AReadingThatFailsLeavesLampAndCalibrationsAndIsReported) {
+TEST_F(CtlCalibrationNeedleTest, AReadingThatFailsLeavesLampAndCalibrationsAndIsReported) {
     rig.state.CalibrationON(0, true);
     ClickNeedleTwoInVain();
     rig.driver.failing = {"DriverGetPosition"};
@@ -128,7 +128,7 @@ TEST_F(CtlCalibrationNeedle, AReadingThatFailsLeavesLampAndCalibrationsAndIsRepo
     EXPECT_TRUE(rig.state.CalibrationON(0));
 }
 
-TEST_F(CtlCalibrationNeedle, AfterAReconnectionTheLitNeedleIsReadBeforeItIsCaptured) {
+TEST_F(CtlCalibrationNeedleTest, AfterAReconnectionTheLitNeedleIsReadBeforeItIsCaptured) {
     rig.state.intManipulatorNumber = -1;
     CaptureAt(A, Straight[0]);
     EXPECT_EQ(Reads(Take()), 1);
@@ -141,7 +141,7 @@ TEST_F(CtlCalibrationNeedle, AfterAReconnectionTheLitNeedleIsReadBeforeItIsCaptu
     EXPECT_EQ(OnShow(), "[A] B C picture 0");
 }
 
-TEST_F(CtlCalibrationNeedle, AReadingThatEndsTheRaisedStepLeavesNoZPoint) {
+TEST_F(CtlCalibrationNeedleTest, AReadingThatEndsTheRaisedStepLeavesNoZPoint) {
     CaptureMarks();
     TakeBoxes();
     rig.state.intManipulatorNumber = -1;
@@ -151,7 +151,7 @@ TEST_F(CtlCalibrationNeedle, AReadingThatEndsTheRaisedStepLeavesNoZPoint) {
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationNeedle, AllResetConcernsAllNeedlesWhicheverIsLit) {
+TEST_F(CtlCalibrationNeedleTest, AllResetConcernsAllNeedlesWhicheverIsLit) {
     rig.state.CalibrationON(0, true);
     ClickNeedleTwoInVain();
     Click(Confirm(AllReset));

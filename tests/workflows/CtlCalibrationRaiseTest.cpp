@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CalibrationRaise : public ::testing::Test, private CtlCalibrationRaise::Listener {
+class CalibrationRaiseTest : public ::testing::Test, private CtlCalibrationRaise::Listener {
 protected:
     Journal Take() { return std::exchange(rig.journal, {}); }
 
@@ -31,7 +31,7 @@ private:
     }
 };
 
-TEST_F(CalibrationRaise, GoesUpByTheMotorIsToldAndThenTheOperatorReadsWhatIsLeftToDo) {
+TEST_F(CalibrationRaiseTest, GoesUpByTheMotorIsToldAndThenTheOperatorReadsWhatIsLeftToDo) {
     rig.OpenPorts();
     raise.Raise();
     EXPECT_THAT(TakeMoves(), ElementsAre("port 3 > RELMOVEZ10000\r", "objective is raised",
@@ -39,7 +39,7 @@ TEST_F(CalibrationRaise, GoesUpByTheMotorIsToldAndThenTheOperatorReadsWhatIsLeft
                                          "Do not adjust focus knob on microscope."));
 }
 
-TEST_F(CalibrationRaise, ComesDownByTheSameDistanceWithoutABox) {
+TEST_F(CalibrationRaiseTest, ComesDownByTheSameDistanceWithoutABox) {
     rig.OpenPorts();
     raise.Raise();
     Take();
@@ -47,7 +47,7 @@ TEST_F(CalibrationRaise, ComesDownByTheSameDistanceWithoutABox) {
     EXPECT_THAT(TakeMoves(), ElementsAre("port 3 > RELMOVEZ-10000\r", "objective is back"));
 }
 
-TEST_F(CalibrationRaise, IsRaisedAsLongAsARaiseHasNotBeenTakenBack) {
+TEST_F(CalibrationRaiseTest, IsRaisedAsLongAsARaiseHasNotBeenTakenBack) {
     rig.OpenPorts();
     raise.Raise();
     raise.Raise();
@@ -63,7 +63,7 @@ TEST_F(CalibrationRaise, IsRaisedAsLongAsARaiseHasNotBeenTakenBack) {
     EXPECT_THAT(TakeMoves(), ::testing::Contains("objective is back"));
 }
 
-TEST_F(CalibrationRaise, WithoutTheMotorTheOperatorRaisesByHandAndNothingIsLoweredOrCounted) {
+TEST_F(CalibrationRaiseTest, WithoutTheMotorTheOperatorRaisesByHandAndNothingIsLoweredOrCounted) {
     rig.journal.clear();
     raise.Raise();
     EXPECT_THAT(Take(), ElementsAre("box Please raise object lens\r\nand calibrate the direction of Z"));

@@ -14,9 +14,9 @@ using Tip = CtlCalibrationRecording::Tip;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CalibrationRecording : public ::testing::Test {
+class CalibrationRecordingTest : public ::testing::Test {
 protected:
-    CalibrationRecording() {
+    CalibrationRecordingTest() {
         rig.OpenPorts();
         rig.OpenCamera();
         rig.state.intTotalManipulatorNumber = 3;
@@ -43,7 +43,7 @@ protected:
     CtlCalibrationRecording recording{{rig.state, rig.communication, rig.live}, values};
 };
 
-TEST_F(CalibrationRecording, ReadsTheSelectedTipInsideAnActionOfTheCameraBehindTheRequests) {
+TEST_F(CalibrationRecordingTest, ReadsTheSelectedTipInsideAnActionOfTheCameraBehindTheRequests) {
     const Tip tip = recording.Read(0);
     EXPECT_THAT(Take(), ElementsAre("LiveActionStart", "port 2 > Ar\r\n", "port 1 > rD2R\r",
                                     "port 1 > rD1R\r", "DriverGetPosition"));
@@ -51,14 +51,14 @@ TEST_F(CalibrationRecording, ReadsTheSelectedTipInsideAnActionOfTheCameraBehindT
     EXPECT_EQ(tip.counts, (PositionXYZ{100, 200, 300}));
 }
 
-TEST_F(CalibrationRecording, WithoutACameraNobodyIsTold) {
+TEST_F(CalibrationRecordingTest, WithoutACameraNobodyIsTold) {
     rig.state.LiveOpen = false;
     recording.Keep(0, recording.Read(0));
     EXPECT_THAT(Take(),
                 ElementsAre("port 2 > Ar\r\n", "port 1 > rD2R\r", "port 1 > rD1R\r", "DriverGetPosition"));
 }
 
-TEST_F(CalibrationRecording, APointCountsAsCapturedEvenWhereNothingCouldBeReadUntilItIsFreed) {
+TEST_F(CalibrationRecordingTest, APointCountsAsCapturedEvenWhereNothingCouldBeReadUntilItIsFreed) {
     rig.driver.failing = {"DriverGetPosition"};
     EXPECT_FALSE(recording.IsCaptured(1));
     EXPECT_THROW(recording.Read(1), Failure);
@@ -68,7 +68,7 @@ TEST_F(CalibrationRecording, APointCountsAsCapturedEvenWhereNothingCouldBeReadUn
     EXPECT_FALSE(recording.IsCaptured(1));
 }
 
-TEST_F(CalibrationRecording, TheMarksStandWhenAllThreeAreCapturedInWhateverOrder) {
+TEST_F(CalibrationRecordingTest, TheMarksStandWhenAllThreeAreCapturedInWhateverOrder) {
     recording.Read(3);
     recording.Read(2);
     recording.Read(0);
@@ -79,7 +79,7 @@ TEST_F(CalibrationRecording, TheMarksStandWhenAllThreeAreCapturedInWhateverOrder
     EXPECT_FALSE(recording.MarksStand());
 }
 
-TEST_F(CalibrationRecording, AStepBeginsWithNothingCaptured) {
+TEST_F(CalibrationRecordingTest, AStepBeginsWithNothingCaptured) {
     for (std::size_t point = 0; point < CtlCalibrationRecording::PointCount; ++point) {
         recording.Read(point);
     }
@@ -89,7 +89,7 @@ TEST_F(CalibrationRecording, AStepBeginsWithNothingCaptured) {
     }
 }
 
-TEST_F(CalibrationRecording, EachPointIsKeptAsItsOwnOfThatNeedle) {
+TEST_F(CalibrationRecordingTest, EachPointIsKeptAsItsOwnOfThatNeedle) {
     for (std::size_t point = 0; point < 4; ++point) {
         const auto value = static_cast<std::int32_t>(point);
         recording.Keep(point, {2, {10 + value, 20 + value, 30 + value}});
@@ -101,7 +101,7 @@ TEST_F(CalibrationRecording, EachPointIsKeptAsItsOwnOfThatNeedle) {
     }
 }
 
-TEST_F(CalibrationRecording, TheCentreIsKeptAsNoPointOfTheFullCalibration) {
+TEST_F(CalibrationRecordingTest, TheCentreIsKeptAsNoPointOfTheFullCalibration) {
     recording.Keep(4, {2, {7, 8, 9}});
     EXPECT_EQ(Kept(0, 0), 0);
     values.KeepReCalibration(2);
@@ -111,7 +111,7 @@ TEST_F(CalibrationRecording, TheCentreIsKeptAsNoPointOfTheFullCalibration) {
     }
 }
 
-TEST_F(CalibrationRecording, EveryPointButTheRaisedOneTakesTheViewKnownNow) {
+TEST_F(CalibrationRecordingTest, EveryPointButTheRaisedOneTakesTheViewKnownNow) {
     const PositionXYZ first = MirrorToCommon({10, -5, 300});
     recording.Keep(0, {2, {1, 2, 3}});
     EXPECT_EQ(KeptZero(), first);
@@ -125,7 +125,7 @@ TEST_F(CalibrationRecording, EveryPointButTheRaisedOneTakesTheViewKnownNow) {
     }
 }
 
-TEST_F(CalibrationRecording, TheCameraHearsTheEndOfTheActionAndThenWhatWasCaptured) {
+TEST_F(CalibrationRecordingTest, TheCameraHearsTheEndOfTheActionAndThenWhatWasCaptured) {
     for (const std::size_t point : {0, 1, 2, 3}) {
         recording.Keep(point, {2, {1, 2, 3}});
         EXPECT_THAT(Take(), ElementsAre("LiveActionEnd", "LiveCalibPoints")) << point;
@@ -134,7 +134,7 @@ TEST_F(CalibrationRecording, TheCameraHearsTheEndOfTheActionAndThenWhatWasCaptur
     EXPECT_THAT(Take(), ElementsAre("LiveActionEnd", "LiveCalibCenter"));
 }
 
-TEST_F(CalibrationRecording, ANeedleOutsideTheTablesIsRefusedAndTheCameraNotToldOfIt) {
+TEST_F(CalibrationRecordingTest, ANeedleOutsideTheTablesIsRefusedAndTheCameraNotToldOfIt) {
     EXPECT_THROW(recording.Keep(0, {4, {1, 2, 3}}), BoundsFailure);
     EXPECT_THAT(Take(), IsEmpty());
     EXPECT_THROW(recording.Read(5), std::out_of_range);

@@ -1,7 +1,7 @@
 // How the calibration panel comes and goes, what can be used when, and its modes and needles.
 #include "workflows/CtlCalibration.h"
 
-#include "workflows/CtlCalibrationBench.h"
+#include "workflows/CtlCalibrationRig.h"
 
 namespace travo::test {
 namespace {
@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 const std::string Marks = "A B C picture 0";
 const std::string CentreStep = "Centre picture 2";
 
-class CtlCalibrationPanel : public CtlCalibrationBench {
+class CtlCalibrationTest : public CtlCalibrationRig {
 protected:
     // Capture buttons, RESET and ALLRESET.
     bool Usable() const {
@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(CtlCalibrationPanel, AtFirstAFullCalibrationIsChosenAndSetIsDisabled) {
+TEST_F(CtlCalibrationTest, AtFirstAFullCalibrationIsChosenAndSetIsDisabled) {
     CtlCalibration fresh({rig.state, rig.communication, rig.needleMove, rig.ini, rig.live, rig.failures,
                           rig.clock, rig.timers, *this, *this},
                          rig.ProgramFolder());
@@ -42,7 +42,7 @@ TEST_F(CtlCalibrationPanel, AtFirstAFullCalibrationIsChosenAndSetIsDisabled) {
 
 // Coming and going.
 
-TEST_F(CtlCalibrationPanel, ShowingEntersTheStepOfTheMode) {
+TEST_F(CtlCalibrationTest, ShowingEntersTheStepOfTheMode) {
     panel.Shown();
     EXPECT_EQ(OnShow(), Marks);
     EXPECT_THAT(Take(), ElementsAre("LiveCalibPoints"));
@@ -53,7 +53,7 @@ TEST_F(CtlCalibrationPanel, ShowingEntersTheStepOfTheMode) {
     EXPECT_THAT(Take(), ElementsAre("LiveCalibCenter"));
 }
 
-TEST_F(CtlCalibrationPanel, ShowingForgetsTheCapturesOfTheStepThatWasLeft) {
+TEST_F(CtlCalibrationTest, ShowingForgetsTheCapturesOfTheStepThatWasLeft) {
     CaptureAt(A, Straight[0]);
     CaptureAt(B, Straight[1]);
     panel.Hidden();
@@ -63,7 +63,7 @@ TEST_F(CtlCalibrationPanel, ShowingForgetsTheCapturesOfTheStepThatWasLeft) {
     EXPECT_EQ(OnShow(), "A B [C] picture 0") << "one point is not three";
 }
 
-TEST_F(CtlCalibrationPanel, WithoutTheMagnescalePortOpenNothingOnThePanelCanBeUsed) {
+TEST_F(CtlCalibrationTest, WithoutTheMagnescalePortOpenNothingOnThePanelCanBeUsed) {
     rig.communication.MagnescalePortClose();
     panel.Shown();
     EXPECT_FALSE(Usable());
@@ -81,7 +81,7 @@ TEST_F(CtlCalibrationPanel, WithoutTheMagnescalePortOpenNothingOnThePanelCanBeUs
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationPanel, AGaugeClosedWhileThePanelIsOpenLeavesItUsableUntilItIsShownAnew) {
+TEST_F(CtlCalibrationTest, AGaugeClosedWhileThePanelIsOpenLeavesItUsableUntilItIsShownAnew) {
     rig.communication.MagnescalePortClose();
     Take();
     CaptureAt(A, Straight[0]);
@@ -93,7 +93,7 @@ TEST_F(CtlCalibrationPanel, AGaugeClosedWhileThePanelIsOpenLeavesItUsableUntilIt
     EXPECT_FALSE(Usable());
 }
 
-TEST_F(CtlCalibrationPanel, ShowingEnablesTheNeedlesThatAreConnected) {
+TEST_F(CtlCalibrationTest, ShowingEnablesTheNeedlesThatAreConnected) {
     const std::vector<std::pair<std::int16_t, std::string>> rows{
         {-1, "----"}, {0, "1---"}, {1, "12--"}, {2, "123-"}, {3, "1234"}};
     for (const auto& [highest, enabled] : rows) {
@@ -104,14 +104,14 @@ TEST_F(CtlCalibrationPanel, ShowingEnablesTheNeedlesThatAreConnected) {
     }
 }
 
-TEST_F(CtlCalibrationPanel, ShowingDisablesSet) {
+TEST_F(CtlCalibrationTest, ShowingDisablesSet) {
     CaptureAll();
     EXPECT_TRUE(Confirm(Set).Enabled());
     panel.Shown();
     EXPECT_FALSE(Confirm(Set).Enabled());
 }
 
-TEST_F(CtlCalibrationPanel, TotalManipulatorNumberEnablesTheButtonsUpToIt) {
+TEST_F(CtlCalibrationTest, TotalManipulatorNumberEnablesTheButtonsUpToIt) {
     const std::vector<std::pair<std::int16_t, std::string>> rows{
         {0, "1---"}, {3, "1234"}, {1, "12--"}, {2, "123-"}};
     for (const auto& [highest, enabled] : rows) {
@@ -123,7 +123,7 @@ TEST_F(CtlCalibrationPanel, TotalManipulatorNumberEnablesTheButtonsUpToIt) {
     }
 }
 
-TEST_F(CtlCalibrationPanel, TotalManipulatorNumberOutside0To4DisablesModesCapturesAndConfirming) {
+TEST_F(CtlCalibrationTest, TotalManipulatorNumberOutside0To4DisablesModesCapturesAndConfirming) {
     CaptureAll();
     ASSERT_TRUE(Confirm(Set).Enabled());
     panel.TotalManipulatorNumber(-1);
@@ -134,7 +134,7 @@ TEST_F(CtlCalibrationPanel, TotalManipulatorNumberOutside0To4DisablesModesCaptur
     EXPECT_FALSE(Mode(Re).Enabled());
 }
 
-TEST_F(CtlCalibrationPanel, WithAFifthManipulatorTheFourButtonsThatThereAreAreEnabled) {
+TEST_F(CtlCalibrationTest, WithAFifthManipulatorTheFourButtonsThatThereAreAreEnabled) {
     panel.TotalManipulatorNumber(4);
     EXPECT_EQ(EnabledNeedles(), "1234");
     EXPECT_TRUE(Usable());
@@ -147,7 +147,7 @@ TEST_F(CtlCalibrationPanel, WithAFifthManipulatorTheFourButtonsThatThereAreAreEn
 
 // The warning.
 
-TEST_F(CtlCalibrationPanel, TheWarningBlinksEachSecondWhileTheMagnificationIsNot2x) {
+TEST_F(CtlCalibrationTest, TheWarningBlinksEachSecondWhileTheMagnificationIsNot2x) {
     EXPECT_EQ(Warning().text(), AdjustMagnification);
     EXPECT_EQ(Timer1().interval, 1000);
     for (const std::int16_t magnification : std::initializer_list<std::int16_t>{0, 1, 3}) {
@@ -165,7 +165,7 @@ TEST_F(CtlCalibrationPanel, TheWarningBlinksEachSecondWhileTheMagnificationIsNot
     }
 }
 
-TEST_F(CtlCalibrationPanel, ShowingStartsTheTimerAndHidingStopsItWhenTheMagnificationIsNot2x) {
+TEST_F(CtlCalibrationTest, ShowingStartsTheTimerAndHidingStopsItWhenTheMagnificationIsNot2x) {
     rig.state.CurrentMagnification(2);
     panel.Shown();
     EXPECT_FALSE(Timer1().enabled);
@@ -176,7 +176,7 @@ TEST_F(CtlCalibrationPanel, ShowingStartsTheTimerAndHidingStopsItWhenTheMagnific
     EXPECT_FALSE(Timer1().enabled);
 }
 
-TEST_F(CtlCalibrationPanel, HidingAt2xLeavesTheTimerAsItIs) {
+TEST_F(CtlCalibrationTest, HidingAt2xLeavesTheTimerAsItIs) {
     Timer1().Enabled(true);
     panel.Hidden();
     EXPECT_TRUE(Timer1().enabled);
@@ -184,7 +184,7 @@ TEST_F(CtlCalibrationPanel, HidingAt2xLeavesTheTimerAsItIs) {
 
 // Modes.
 
-TEST_F(CtlCalibrationPanel, AModeButtonIsShownAloneAsPressedAndEntersItsStep) {
+TEST_F(CtlCalibrationTest, AModeButtonIsShownAloneAsPressedAndEntersItsStep) {
     for (const int mode : {Re, Re, Full, Full, Re}) {
         rig.journal.clear();
         Click(Mode(mode));
@@ -195,7 +195,7 @@ TEST_F(CtlCalibrationPanel, AModeButtonIsShownAloneAsPressedAndEntersItsStep) {
     }
 }
 
-TEST_F(CtlCalibrationPanel, EveryStepIsLeftByAModeButtonWithNothingMovedAndNothingToSet) {
+TEST_F(CtlCalibrationTest, EveryStepIsLeftByAModeButtonWithNothingMovedAndNothingToSet) {
     for (const int mode : {Full, Re}) {
         for (const int reached : {A, C, Z}) {
             Click(Mode(Full));
@@ -216,7 +216,7 @@ TEST_F(CtlCalibrationPanel, EveryStepIsLeftByAModeButtonWithNothingMovedAndNothi
     }
 }
 
-TEST_F(CtlCalibrationPanel, WithoutACameraModesTellNobody) {
+TEST_F(CtlCalibrationTest, WithoutACameraModesTellNobody) {
     rig.state.LiveOpen = false;
     Click(Mode(Re));
     Click(Mode(Full));
@@ -224,7 +224,7 @@ TEST_F(CtlCalibrationPanel, WithoutACameraModesTellNobody) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlCalibrationPanel, AnIllCameraDisturbsNoChangeOfStep) {
+TEST_F(CtlCalibrationTest, AnIllCameraDisturbsNoChangeOfStep) {
     rig.camera.failing = {"LiveCalibPoints", "LiveCalibCenter"};
     Click(Mode(Re));
     rig.camera.TellFailure();
@@ -241,7 +241,7 @@ TEST_F(CtlCalibrationPanel, AnIllCameraDisturbsNoChangeOfStep) {
 
 // Needles.
 
-TEST_F(CtlCalibrationPanel, ManipulatorChangeAsksShowsTheNeedleAndEntersTheStepOfTheMode) {
+TEST_F(CtlCalibrationTest, ManipulatorChangeAsksShowsTheNeedleAndEntersTheStepOfTheMode) {
     for (const std::int16_t needle : std::initializer_list<std::int16_t>{2, 0, 3, 1}) {
         CaptureAt(A, Straight[0]);
         Take();
@@ -259,7 +259,7 @@ TEST_F(CtlCalibrationPanel, ManipulatorChangeAsksShowsTheNeedleAndEntersTheStepO
     EXPECT_EQ(Take(), Joined({Requests, {"LiveCalibCenter"}}));
 }
 
-TEST_F(CtlCalibrationPanel, ManipulatorChangeWhileThePanelIsHiddenReleasesTheMarksAndEntersNoStep) {
+TEST_F(CtlCalibrationTest, ManipulatorChangeWhileThePanelIsHiddenReleasesTheMarksAndEntersNoStep) {
     CaptureAll();
     Click(Mode(Full));
     CaptureAt(A, Straight[0]);
@@ -272,7 +272,7 @@ TEST_F(CtlCalibrationPanel, ManipulatorChangeWhileThePanelIsHiddenReleasesTheMar
     EXPECT_EQ(Take(), Requests);
 }
 
-TEST_F(CtlCalibrationPanel, ThePanelsOwnFlagDecidesWhetherItIsVisible) {
+TEST_F(CtlCalibrationTest, ThePanelsOwnFlagDecidesWhetherItIsVisible) {
     QWidget window;
     panel.setParent(&window);
     panel.show();
@@ -283,12 +283,12 @@ TEST_F(CtlCalibrationPanel, ThePanelsOwnFlagDecidesWhetherItIsVisible) {
     panel.setParent(nullptr);
 }
 
-TEST_F(CtlCalibrationPanel, ManipulatorChangeToANeedleWithoutAButtonIsABoundsFailure) {
+TEST_F(CtlCalibrationTest, ManipulatorChangeToANeedleWithoutAButtonIsABoundsFailure) {
     EXPECT_THROW(panel.ManipulatorChange(4), BoundsFailure);
     EXPECT_THROW(panel.ManipulatorChange(-1), BoundsFailure);
 }
 
-TEST_F(CtlCalibrationPanel, ASelectButtonSelectsItsNeedleAtTheHardwareWhoseNumberingStartsAt1) {
+TEST_F(CtlCalibrationTest, ASelectButtonSelectsItsNeedleAtTheHardwareWhoseNumberingStartsAt1) {
     for (int needle = 1; needle < 4; ++needle) {
         Take();
         Click(Needle(needle));
@@ -301,7 +301,7 @@ TEST_F(CtlCalibrationPanel, ASelectButtonSelectsItsNeedleAtTheHardwareWhoseNumbe
     }
 }
 
-TEST_F(CtlCalibrationPanel, ASelectButtonOfTheSelectedNeedleSelectsNothingAndStaysDown) {
+TEST_F(CtlCalibrationTest, ASelectButtonOfTheSelectedNeedleSelectsNothingAndStaysDown) {
     Click(Mode(Re));
     for (int press = 0; press < 2; ++press) {
         Take();
@@ -314,7 +314,7 @@ TEST_F(CtlCalibrationPanel, ASelectButtonOfTheSelectedNeedleSelectsNothingAndSta
 
 // Pictures.
 
-TEST_F(CtlCalibrationPanel, ControlsBearTheirSkins) {
+TEST_F(CtlCalibrationTest, ControlsBearTheirSkins) {
     EXPECT_EQ(Point(A).path(), QStringLiteral("PositionA"));
     EXPECT_EQ(Point(C).path(), QStringLiteral("PositionC"));
     EXPECT_EQ(Point(Z).path(), QStringLiteral("PositionZ"));

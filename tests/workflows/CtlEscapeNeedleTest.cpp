@@ -1,12 +1,14 @@
 // What the escape panel records of a needle that has been chosen on another panel.
-#include "workflows/CtlEscapeBench.h"
+#include "workflows/CtlEscapeRig.h"
 
 namespace travo::test {
 namespace {
 
+class CtlEscapeNeedleTest : public CtlEscapeRig {};
+
 using ::testing::IsEmpty;
 
-TEST_F(CtlEscapePanel, ANeedleThatIsNotLitIsRecordedAsItIsKnownWhicheverIsSelected) {
+TEST_F(CtlEscapeNeedleTest, ANeedleThatIsNotLitIsRecordedAsItIsKnownWhicheverIsSelected) {
     Show(3);
     lit = 0;
     rig.state.intManipulatorNumber = 0;
@@ -19,7 +21,7 @@ TEST_F(CtlEscapePanel, ANeedleThatIsNotLitIsRecordedAsItIsKnownWhicheverIsSelect
     EXPECT_EQ(lit, 0);
 }
 
-TEST_F(CtlEscapePanel, ANeedleThatWasChosenAndNotReadSinceIsReadBeforeItIsRecorded) {
+TEST_F(CtlEscapeNeedleTest, ANeedleThatWasChosenAndNotReadSinceIsReadBeforeItIsRecorded) {
     Show(3);
     rig.state.intManipulatorNumber = 0;
     lit = atHardware = 2;
@@ -32,7 +34,7 @@ TEST_F(CtlEscapePanel, ANeedleThatWasChosenAndNotReadSinceIsReadBeforeItIsRecord
     EXPECT_EQ(reads, 1);
 }
 
-TEST_F(CtlEscapePanel, ANeedleThatIsLitAndNotAtTheHardwareIsNotRecordedAndNothingIsSaid) {
+TEST_F(CtlEscapeNeedleTest, ANeedleThatIsLitAndNotAtTheHardwareIsNotRecordedAndNothingIsSaid) {
     rig.OpenCamera();
     Show(3);
     rig.state.intManipulatorNumber = 0;

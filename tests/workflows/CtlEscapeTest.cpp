@@ -1,15 +1,17 @@
 // The escape panel, worked as the operator works it.
-#include "workflows/CtlEscapeBench.h"
+#include "workflows/CtlEscapeRig.h"
 
 namespace travo::test {
 namespace {
+
+class CtlEscapeTest : public CtlEscapeRig {};
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // Creation and showing.
 
-TEST_F(CtlEscapePanel, AfterAStartEveryPositionIsUnsetAndEveryLabelReadsNA) {
+TEST_F(CtlEscapeTest, AfterAStartEveryPositionIsUnsetAndEveryLabelReadsNA) {
     EXPECT_EQ(panel.objectName(), QStringLiteral("CtlEscape1"));
     for (int needle = 0; needle < NeedleCount; ++needle) {
         EXPECT_EQ(Texts(needle), NoTexts);
@@ -19,13 +21,13 @@ TEST_F(CtlEscapePanel, AfterAStartEveryPositionIsUnsetAndEveryLabelReadsNA) {
     EXPECT_EQ(rig.escape.ZEscapePosition(), NoPositionValue);
 }
 
-TEST_F(CtlEscapePanel, LabelsAreHiddenAndButtonsDisabledUntilTheirNeedleIsShownAsConnected) {
+TEST_F(CtlEscapeTest, LabelsAreHiddenAndButtonsDisabledUntilTheirNeedleIsShownAsConnected) {
     EXPECT_EQ(Connected(), "----");
     EXPECT_TRUE(Button(ObjectiveButton).Enabled());
     EXPECT_FALSE(ObjectiveLabel().isHidden());
 }
 
-TEST_F(CtlEscapePanel, ShowingOpensTheRowsOfTheConnectedNeedles) {
+TEST_F(CtlEscapeTest, ShowingOpensTheRowsOfTheConnectedNeedles) {
     const std::vector<std::pair<std::int16_t, std::string>> rows{
         {-1, "----"}, {0, "1---"}, {1, "12--"}, {2, "123-"}, {3, "1234"}};
     for (const auto& [highest, connected] : rows) {
@@ -34,18 +36,18 @@ TEST_F(CtlEscapePanel, ShowingOpensTheRowsOfTheConnectedNeedles) {
     }
 }
 
-TEST_F(CtlEscapePanel, ANeedleThatIsLostKeepsItsRow) {
+TEST_F(CtlEscapeTest, ANeedleThatIsLostKeepsItsRow) {
     Show(1);
     Show(-1);
     EXPECT_EQ(Connected(), "12--");
 }
 
-TEST_F(CtlEscapePanel, WithAFifthManipulatorTheFourRowsThatThereAreOpen) {
+TEST_F(CtlEscapeTest, WithAFifthManipulatorTheFourRowsThatThereAreOpen) {
     Show(4);
     EXPECT_EQ(Connected(), "1234");
 }
 
-TEST_F(CtlEscapePanel, WithAFifthManipulatorAChangeOfZeroReachesFourNeedlesAndTheObjective) {
+TEST_F(CtlEscapeTest, WithAFifthManipulatorAChangeOfZeroReachesFourNeedlesAndTheObjective) {
     Show(4);
     Needle(3, {1, 2, 700});
     Click(3);
@@ -55,7 +57,7 @@ TEST_F(CtlEscapePanel, WithAFifthManipulatorAChangeOfZeroReachesFourNeedlesAndTh
     EXPECT_EQ(rig.escape.ZEscapePosition(), 700);
 }
 
-TEST_F(CtlEscapePanel, ADisabledButtonRecordsNothing) {
+TEST_F(CtlEscapeTest, ADisabledButtonRecordsNothing) {
     Show(0);
     Needle(1, {1, 2, 3});
     Click(1);
@@ -65,7 +67,7 @@ TEST_F(CtlEscapePanel, ADisabledButtonRecordsNothing) {
 
 // Recording.
 
-TEST_F(CtlEscapePanel, EachButtonRecordsItsOwnNeedleAlone) {
+TEST_F(CtlEscapeTest, EachButtonRecordsItsOwnNeedleAlone) {
     Show(3);
     for (int needle = 0; needle < NeedleCount; ++needle) {
         const std::int32_t base = 1000 * (needle + 1);
@@ -83,7 +85,7 @@ TEST_F(CtlEscapePanel, EachButtonRecordsItsOwnNeedleAlone) {
     EXPECT_EQ(ObjectiveLabel().text(), NotSet);
 }
 
-TEST_F(CtlEscapePanel, TheYLabelShowsTheOppositeSignToTheStoredValueAndOnlyTheYLabel) {
+TEST_F(CtlEscapeTest, TheYLabelShowsTheOppositeSignToTheStoredValueAndOnlyTheYLabel) {
     Show(0);
     for (const std::int32_t value : {-5000, -1, 0, 1, 5000}) {
         Needle(0, {value, value, value});
@@ -94,7 +96,7 @@ TEST_F(CtlEscapePanel, TheYLabelShowsTheOppositeSignToTheStoredValueAndOnlyTheYL
     }
 }
 
-TEST_F(CtlEscapePanel, ANeedleWhosePositionIsUnsetRecords0NotMinus100000SoItCountsAsSetAtEscapeTime) {
+TEST_F(CtlEscapeTest, ANeedleWhosePositionIsUnsetRecords0NotMinus100000SoItCountsAsSetAtEscapeTime) {
     Show(3);
     for (int axis = 0; axis < AxisCount; ++axis) {
         PositionXYZ tip{10, 20, 30};
@@ -116,14 +118,14 @@ TEST_F(CtlEscapePanel, ANeedleWhosePositionIsUnsetRecords0NotMinus100000SoItCoun
         rig.boxes.Texts().contains(QStringLiteral("Escape : Please set manipulator escape position.")));
 }
 
-TEST_F(CtlEscapePanel, ANeedleNeverReadRecordsItsStartValue0) {
+TEST_F(CtlEscapeTest, ANeedleNeverReadRecordsItsStartValue0) {
     Show(0);
     Click(0);
     EXPECT_EQ(Home(0), (PositionXYZ{0, 0, 0}));
     EXPECT_EQ(Texts(0), (QStringList{QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("0")}));
 }
 
-TEST_F(CtlEscapePanel, TheObjectiveTakesThePresentZAlsoWithNoNeedleConnected) {
+TEST_F(CtlEscapeTest, TheObjectiveTakesThePresentZAlsoWithNoNeedleConnected) {
     rig.state.CurrentXYZ(2, 18400);
     Click(ObjectiveButton);
     EXPECT_EQ(rig.escape.ZEscapePosition(), 18400);
@@ -133,13 +135,13 @@ TEST_F(CtlEscapePanel, TheObjectiveTakesThePresentZAlsoWithNoNeedleConnected) {
     }
 }
 
-TEST_F(CtlEscapePanel, TheObjectiveRecords0WhileTheGaugeHasNeverReported) {
+TEST_F(CtlEscapeTest, TheObjectiveRecords0WhileTheGaugeHasNeverReported) {
     Click(ObjectiveButton);
     EXPECT_EQ(rig.escape.ZEscapePosition(), 0);
     EXPECT_EQ(ObjectiveLabel().text(), QStringLiteral("0"));
 }
 
-TEST_F(CtlEscapePanel, WhatIsRecordedIsWhatWasKnownBeforeTheReplies) {
+TEST_F(CtlEscapeTest, WhatIsRecordedIsWhatWasKnownBeforeTheReplies) {
     rig.state.CurrentXYZ(2, 30);
     Click(ObjectiveButton);
     rig.GaugePort().Receive("A+00.099", platform::ClearToSendEvent);
@@ -147,7 +149,7 @@ TEST_F(CtlEscapePanel, WhatIsRecordedIsWhatWasKnownBeforeTheReplies) {
     EXPECT_EQ(rig.escape.ZEscapePosition(), 30);
 }
 
-TEST_F(CtlEscapePanel, AYWithoutAnOppositePassesToTheCallerWithTheValueStored) {
+TEST_F(CtlEscapeTest, AYWithoutAnOppositePassesToTheCallerWithTheValueStored) {
     Show(0);
     Needle(0, {5, INT32_MIN, 6});
     // A press by the operator would bring the failure to the application.
@@ -157,7 +159,7 @@ TEST_F(CtlEscapePanel, AYWithoutAnOppositePassesToTheCallerWithTheValueStored) {
 
 // The camera and the wires, in order.
 
-TEST_F(CtlEscapePanel, EveryButtonTellsTheCameraAndAsksGaugeThenMirror) {
+TEST_F(CtlEscapeTest, EveryButtonTellsTheCameraAndAsksGaugeThenMirror) {
     rig.OpenCamera();
     Show(3);
     for (int index = 0; index < 5; ++index) {
@@ -169,7 +171,7 @@ TEST_F(CtlEscapePanel, EveryButtonTellsTheCameraAndAsksGaugeThenMirror) {
     }
 }
 
-TEST_F(CtlEscapePanel, TheCameraIsToldWithNoTestOfLiveOpen) {
+TEST_F(CtlEscapeTest, TheCameraIsToldWithNoTestOfLiveOpen) {
     rig.OpenCamera();
     rig.state.LiveOpen = false;
     Click(ObjectiveButton);
@@ -177,14 +179,14 @@ TEST_F(CtlEscapePanel, TheCameraIsToldWithNoTestOfLiveOpen) {
     EXPECT_EQ(rig.journal.back(), "LiveActionEnd");
 }
 
-TEST_F(CtlEscapePanel, WithoutACameraAPressRecordsAllTheSame) {
+TEST_F(CtlEscapeTest, WithoutACameraAPressRecordsAllTheSame) {
     rig.state.CurrentXYZ(2, 7);
     Click(ObjectiveButton);
     EXPECT_EQ(rig.escape.ZEscapePosition(), 7);
     EXPECT_THAT(rig.journal, ElementsAre("port 2 > Ar\r\n", "port 1 > rD2R\r", "port 1 > rD1R\r"));
 }
 
-TEST_F(CtlEscapePanel, ACameraThatDiesAtAPressDisturbsNothing) {
+TEST_F(CtlEscapeTest, ACameraThatDiesAtAPressDisturbsNothing) {
     rig.OpenCamera();
     rig.camera.failing = {"LiveActionStart"};
     rig.state.CurrentXYZ(2, 7);
@@ -193,7 +195,7 @@ TEST_F(CtlEscapePanel, ACameraThatDiesAtAPressDisturbsNothing) {
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlEscapePanel, ThePanelHasNoMessagesOfItsOwnAndSettingsStayUntouched) {
+TEST_F(CtlEscapeTest, ThePanelHasNoMessagesOfItsOwnAndSettingsStayUntouched) {
     Show(3);
     for (int index = 0; index < 5; ++index) {
         Click(index);
@@ -206,7 +208,7 @@ TEST_F(CtlEscapePanel, ThePanelHasNoMessagesOfItsOwnAndSettingsStayUntouched) {
 
 // The zero point.
 
-TEST_F(CtlEscapePanel, AChangeOfZeroLeavesXAndYAlone) {
+TEST_F(CtlEscapeTest, AChangeOfZeroLeavesXAndYAlone) {
     Show(1);
     Needle(0, {100, 200, 500});
     Needle(1, {-100, -200, 300});
@@ -219,7 +221,7 @@ TEST_F(CtlEscapePanel, AChangeOfZeroLeavesXAndYAlone) {
     EXPECT_EQ(Texts(1), (QStringList{QStringLiteral("-100"), QStringLiteral("200"), QStringLiteral("0")}));
 }
 
-TEST_F(CtlEscapePanel, AChangeOfZeroFromAnotherPanelRebasesTheHeightsWhileThisOneIsNotOnShow) {
+TEST_F(CtlEscapeTest, AChangeOfZeroFromAnotherPanelRebasesTheHeightsWhileThisOneIsNotOnShow) {
     Show(0);
     Needle(0, {1, 2, 500});
     Click(0);
@@ -234,7 +236,7 @@ TEST_F(CtlEscapePanel, AChangeOfZeroFromAnotherPanelRebasesTheHeightsWhileThisOn
     EXPECT_EQ(ObjectiveLabel().text(), QStringLiteral("925"));
 }
 
-TEST_F(CtlEscapePanel, WithZEscapePositionUnsetAChangeOfZeroDoesNotTouchIt) {
+TEST_F(CtlEscapeTest, WithZEscapePositionUnsetAChangeOfZeroDoesNotTouchIt) {
     Show(0);
     Click(0);
     Zero(300);
@@ -243,7 +245,7 @@ TEST_F(CtlEscapePanel, WithZEscapePositionUnsetAChangeOfZeroDoesNotTouchIt) {
     EXPECT_EQ(Home(0)[2], -300);
 }
 
-TEST_F(CtlEscapePanel, AHeightThatIsUnsetAndOneWhoseLabelIsHiddenStayAsTheyAre) {
+TEST_F(CtlEscapeTest, AHeightThatIsUnsetAndOneWhoseLabelIsHiddenStayAsTheyAre) {
     Show(0);
     rig.state.intTotalManipulatorNumber = 1;
     rig.escape.NeedleEscape(1, 2, 700);
@@ -253,7 +255,7 @@ TEST_F(CtlEscapePanel, AHeightThatIsUnsetAndOneWhoseLabelIsHiddenStayAsTheyAre) 
     EXPECT_EQ(rig.escape.NeedleEscape(1, 2), 700) << "its row has never been opened";
 }
 
-TEST_F(CtlEscapePanel, ANeedleBeyondTheHighestConnectedIndexStaysAsItIs) {
+TEST_F(CtlEscapeTest, ANeedleBeyondTheHighestConnectedIndexStaysAsItIs) {
     Show(1);
     Needle(1, {1, 2, 700});
     Click(1);
@@ -266,7 +268,7 @@ TEST_F(CtlEscapePanel, ANeedleBeyondTheHighestConnectedIndexStaysAsItIs) {
     EXPECT_EQ(rig.escape.ZEscapePosition(), 700) << "the objective follows with no needle connected";
 }
 
-TEST_F(CtlEscapePanel, AZeroThatTakesAHeightBeyond32BitsIsAFailureWithTheHeightsBeforeItDone) {
+TEST_F(CtlEscapeTest, AZeroThatTakesAHeightBeyond32BitsIsAFailureWithTheHeightsBeforeItDone) {
     Show(1);
     rig.escape.NeedleEscape(0, 2, 10);
     rig.escape.NeedleEscape(1, 2, INT32_MIN);
@@ -277,7 +279,7 @@ TEST_F(CtlEscapePanel, AZeroThatTakesAHeightBeyond32BitsIsAFailureWithTheHeights
 }
 
 // What a screen reader says of a value is the value.
-TEST_F(CtlEscapePanel, AHeightThatIsNotSetIsReadAsSuch) {
+TEST_F(CtlEscapeTest, AHeightThatIsNotSetIsReadAsSuch) {
     Show(3);
     EXPECT_EQ(Label(0, 0).accessibleName(), NotSet);
 }

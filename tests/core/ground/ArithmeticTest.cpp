@@ -60,7 +60,7 @@ void CompareWith64Bits(const std::function<std::int32_t(std::int32_t, std::int32
     EXPECT_LT(overflows, Rounds);
 }
 
-TEST(Arithmetic, ConvertGoesToNearestWithTiesToEven) {
+TEST(ArithmeticTest, ConvertGoesToNearestWithTiesToEven) {
     EXPECT_EQ(convert(0.5), 0);
     EXPECT_EQ(convert(1.5), 2);
     EXPECT_EQ(convert(2.5), 2);
@@ -75,14 +75,14 @@ TEST(Arithmetic, ConvertGoesToNearestWithTiesToEven) {
     EXPECT_EQ(convert(-7.0), -7);
 }
 
-TEST(Arithmetic, ConvertTakesWhatRoundsInto32Bits) {
+TEST(ArithmeticTest, ConvertTakesWhatRoundsInto32Bits) {
     EXPECT_EQ(convert(2147483647.0), Highest);
     EXPECT_EQ(convert(2147483647.4), Highest);
     EXPECT_EQ(convert(-2147483648.0), Lowest);
     EXPECT_EQ(convert(-2147483648.5), Lowest);  // a tie, and the even neighbour is the limit
 }
 
-TEST(Arithmetic, ConvertFailsForWhatRoundsBeyond32Bits) {
+TEST(ArithmeticTest, ConvertFailsForWhatRoundsBeyond32Bits) {
     EXPECT_THROW(convert(2147483647.5), OverflowFailure);  // a tie, and the even neighbour is beyond
     EXPECT_THROW(convert(2147483648.0), OverflowFailure);
     EXPECT_THROW(convert(-2147483648.6), OverflowFailure);
@@ -93,13 +93,13 @@ TEST(Arithmetic, ConvertFailsForWhatRoundsBeyond32Bits) {
     EXPECT_THROW(convert(std::numeric_limits<double>::lowest()), OverflowFailure);
 }
 
-TEST(Arithmetic, ConvertFailsForWhatIsNotFinite) {
+TEST(ArithmeticTest, ConvertFailsForWhatIsNotFinite) {
     EXPECT_THROW(convert(std::numeric_limits<double>::quiet_NaN()), OverflowFailure);
     EXPECT_THROW(convert(std::numeric_limits<double>::infinity()), OverflowFailure);
     EXPECT_THROW(convert(-std::numeric_limits<double>::infinity()), OverflowFailure);
 }
 
-TEST(Arithmetic, ConvertGivesBackEveryWholeNumber) {
+TEST(ArithmeticTest, ConvertGivesBackEveryWholeNumber) {
     AnyInteger any;
     for (int round = 0; round < Rounds; ++round) {
         const std::int32_t value = any();
@@ -110,28 +110,28 @@ TEST(Arithmetic, ConvertGivesBackEveryWholeNumber) {
     }
 }
 
-TEST(Arithmetic, ASumBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
+TEST(ArithmeticTest, ASumBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
     EXPECT_THROW(Sum(Highest, 1), OverflowFailure);
     EXPECT_THROW(Sum(Lowest, -1), OverflowFailure);
     EXPECT_EQ(Sum(Highest, Lowest), -1);
     CompareWith64Bits(Sum, std::plus<std::int64_t>());
 }
 
-TEST(Arithmetic, ADifferenceBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
+TEST(ArithmeticTest, ADifferenceBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
     EXPECT_THROW(Difference(0, Lowest), OverflowFailure);
     EXPECT_THROW(Difference(Lowest, 1), OverflowFailure);
     EXPECT_EQ(Difference(-1, Lowest), Highest);
     CompareWith64Bits(Difference, std::minus<std::int64_t>());
 }
 
-TEST(Arithmetic, AProductBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
+TEST(ArithmeticTest, AProductBeyond32BitsIsAlwaysAnErrorAndNeverWraps) {
     EXPECT_THROW(Product(Lowest, -1), OverflowFailure);
     EXPECT_THROW(Product(65536, 65536), OverflowFailure);
     EXPECT_EQ(Product(65536, -32768), Lowest);
     CompareWith64Bits(Product, std::multiplies<std::int64_t>());
 }
 
-TEST(Arithmetic, TheMagnitudeOfTheLowestNumberIsAnError) {
+TEST(ArithmeticTest, TheMagnitudeOfTheLowestNumberIsAnError) {
     EXPECT_EQ(AbsoluteValue(0), 0);
     EXPECT_EQ(AbsoluteValue(-5), 5);
     EXPECT_EQ(AbsoluteValue(Highest), Highest);
@@ -139,7 +139,7 @@ TEST(Arithmetic, TheMagnitudeOfTheLowestNumberIsAnError) {
     EXPECT_THROW(AbsoluteValue(Lowest), OverflowFailure);
 }
 
-TEST(Arithmetic, A16BitNumberReachesFromMinus32768To32767) {
+TEST(ArithmeticTest, A16BitNumberReachesFromMinus32768To32767) {
     EXPECT_EQ(ToInteger16(-32768), -32768);
     EXPECT_EQ(ToInteger16(32767), 32767);
     EXPECT_THROW(ToInteger16(32768), OverflowFailure);
@@ -148,7 +148,7 @@ TEST(Arithmetic, A16BitNumberReachesFromMinus32768To32767) {
     EXPECT_THROW(ToInteger16(Lowest), OverflowFailure);
 }
 
-TEST(Arithmetic, AFloatingResultThatIsNotFiniteIsAnError) {
+TEST(ArithmeticTest, AFloatingResultThatIsNotFiniteIsAnError) {
     EXPECT_EQ(Finite(-1.25), -1.25);
     EXPECT_EQ(Finite(std::numeric_limits<double>::max()), std::numeric_limits<double>::max());
     EXPECT_THROW(Finite(std::numeric_limits<double>::quiet_NaN()), OverflowFailure);
@@ -156,7 +156,7 @@ TEST(Arithmetic, AFloatingResultThatIsNotFiniteIsAnError) {
     EXPECT_THROW(Finite(-std::numeric_limits<double>::infinity()), OverflowFailure);
 }
 
-TEST(Arithmetic, AnIndexBeyondItsTableIsAnError) {
+TEST(ArithmeticTest, AnIndexBeyondItsTableIsAnError) {
     EXPECT_EQ(Bounded(0, 4), 0U);
     EXPECT_EQ(Bounded(3, 4), 3U);
     EXPECT_THROW(Bounded(4, 4), BoundsFailure);
@@ -166,7 +166,7 @@ TEST(Arithmetic, AnIndexBeyondItsTableIsAnError) {
     EXPECT_THROW(Bounded(0, 0), BoundsFailure);
 }
 
-TEST(Arithmetic, ReadInteger32TakesAnOptionalMinusAndDigits) {
+TEST(ArithmeticTest, ReadInteger32TakesAnOptionalMinusAndDigits) {
     EXPECT_EQ(ReadInteger32("0"), 0);
     EXPECT_EQ(ReadInteger32("12500"), 12500);
     EXPECT_EQ(ReadInteger32("-42"), -42);
@@ -176,20 +176,20 @@ TEST(Arithmetic, ReadInteger32TakesAnOptionalMinusAndDigits) {
     EXPECT_EQ(ReadInteger32("-2147483648"), Lowest);
 }
 
-TEST(Arithmetic, ReadInteger32RefusesEveryOtherForm) {
+TEST(ArithmeticTest, ReadInteger32RefusesEveryOtherForm) {
     for (const char* text : {"", "-", "+1", " 1", "1 ", "1.0", "--1", "- 1", "0x10", "1e3", "abc", "1\r"}) {
         EXPECT_THROW(ReadInteger32(text), NumberFailure) << '"' << text << '"';
     }
     EXPECT_THROW(ReadInteger32(std::string_view("1\0", 2)), NumberFailure);
 }
 
-TEST(Arithmetic, ReadInteger32FailsBeyond32Bits) {
+TEST(ArithmeticTest, ReadInteger32FailsBeyond32Bits) {
     for (const char* text : {"2147483648", "-2147483649", "99999999999", "99999999999999999999999999"}) {
         EXPECT_THROW(ReadInteger32(text), OverflowFailure) << text;
     }
 }
 
-TEST(Arithmetic, ReadInteger16FailsBeyond16Bits) {
+TEST(ArithmeticTest, ReadInteger16FailsBeyond16Bits) {
     EXPECT_EQ(ReadInteger16("32767"), 32767);
     EXPECT_EQ(ReadInteger16("-32768"), -32768);
     EXPECT_THROW(ReadInteger16("32768"), OverflowFailure);

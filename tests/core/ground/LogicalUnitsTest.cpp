@@ -6,18 +6,18 @@ namespace travo {
 
 namespace {
 
-TEST(LogicalUnits, AreFifteenToThePixel) {
+TEST(LogicalUnitsTest, AreFifteenToThePixel) {
     EXPECT_EQ(LogicalUnitsPerPixel, 15);
     EXPECT_EQ(UnitsOf(520), 7800.0F);
 }
 
-TEST(LogicalUnits, OfTheMainWindowAPixelThatIsOnlyBegunDoesNotCount) {
+TEST(LogicalUnitsTest, OfTheMainWindowAPixelThatIsOnlyBegunDoesNotCount) {
     EXPECT_EQ(PixelsWithin(7800), 520);
     EXPECT_EQ(PixelsWithin(7814), 520);
     EXPECT_EQ(PixelsWithin(7815), 521);
 }
 
-TEST(LogicalUnits, OfASmallWindowTheNearestPixelCounts) {
+TEST(LogicalUnitsTest, OfASmallWindowTheNearestPixelCounts) {
     EXPECT_EQ(NearestPixels(7807), 520);
     EXPECT_EQ(NearestPixels(7808), 521);
     EXPECT_EQ(NearestPixels(-7808), -521);

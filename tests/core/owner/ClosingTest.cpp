@@ -1,12 +1,12 @@
 #include "core/owner/Closing.h"
 
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class ClosingTest : public OwnerFixture {
+class ClosingTest : public OwnerRig {
 protected:
     void SetUp() override {
         ASSERT_TRUE(Begin());

@@ -13,7 +13,7 @@
 #include <algorithm>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 #include "platform/Windows1252.h"
 #include "platform/qt/QtMessageBoxes.h"
@@ -35,7 +35,7 @@ const Text Texts[] = {
     {"SixtyFourKilobytes", QString(64 * 1024 - 8, u'W'), QString(100, u'W')},
 };
 
-class ForeignText : public OwnerFixture, public ::testing::WithParamInterface<Text> {
+class ForeignTextTest : public OwnerRig, public ::testing::WithParamInterface<Text> {
 protected:
     const QString& Sent() const { return GetParam().text; }
     QByteArray SentBytes() const { return platform::ToWindows1252(Sent()); }
@@ -66,10 +66,10 @@ protected:
 
     std::unique_ptr<FormMain> window_;
 };
-INSTANTIATE_TEST_SUITE_P(All, ForeignText, ::testing::ValuesIn(Texts),
+INSTANTIATE_TEST_SUITE_P(All, ForeignTextTest, ::testing::ValuesIn(Texts),
                          [](const auto& text) { return std::string(text.param.name); });
 
-TEST_P(ForeignText, CellsOfThePortListAndTheirToolTips) {
+TEST_P(ForeignTextTest, CellsOfThePortListAndTheirToolTips) {
     serialPortList_.entries = {{1, Sent(), Sent(), QStringLiteral("in use")}};
     Start();
     CtlConnection& panel = PanelOf<CtlConnection>(*window_);
@@ -89,7 +89,7 @@ TEST_P(ForeignText, CellsOfThePortListAndTheirToolTips) {
     }
 }
 
-TEST_P(ForeignText, CalibrationTimesOfTheSettingsFile) {
+TEST_P(ForeignTextTest, CalibrationTimesOfTheSettingsFile) {
     Start();
     window_->Windows().ManiInfo.SetCalibTime(0, Sent(), 0);
     window_->Windows().ManiInfo.SetCalibTime(0, Sent(), 1);
@@ -102,7 +102,7 @@ TEST_P(ForeignText, CalibrationTimesOfTheSettingsFile) {
     }
 }
 
-TEST_P(ForeignText, LinesOfTheWiresGoToTheLogAsTheyAre) {
+TEST_P(ForeignTextTest, LinesOfTheWiresGoToTheLogAsTheyAre) {
     WriteSettings("[COMPort]\r\nMirror=1\r\nMotor=3\r\n");
     Start();
     const std::string sent = SentBytes().toStdString();
@@ -114,7 +114,7 @@ TEST_P(ForeignText, LinesOfTheWiresGoToTheLogAsTheyAre) {
     ASSERT_FALSE(boxes_.shown.empty());
 }
 
-TEST_P(ForeignText, LinesOfTheWiresInTheirBoxes) {
+TEST_P(ForeignTextTest, LinesOfTheWiresInTheirBoxes) {
     platform::qt::QtEventLoop loop;
     platform::qt::QtMessageBoxes boxes(loop);
     QTimer::singleShot(0, [&] {
@@ -129,7 +129,7 @@ TEST_P(ForeignText, LinesOfTheWiresInTheirBoxes) {
                platform::BoxIcon::None);
 }
 
-TEST_F(ForeignText, ALineOfManyLineFeedsLeavesTheBoxItsButton) {
+TEST_F(ForeignTextTest, ALineOfManyLineFeedsLeavesTheBoxItsButton) {
     platform::qt::QtEventLoop loop;
     platform::qt::QtMessageBoxes boxes(loop);
     QTimer::singleShot(0, [&] {

@@ -5,14 +5,14 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainCameraTest : public OwnerFixture {
+class FormMainCameraTest : public OwnerRig {
 protected:
     void TearDown() override { window_.reset(); }
 

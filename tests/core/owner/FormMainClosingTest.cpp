@@ -2,14 +2,14 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainClosing : public OwnerFixture {
+class FormMainClosingTest : public OwnerRig {
 protected:
     bool Start() {
         serialPorts_.created.clear();
@@ -25,7 +25,7 @@ protected:
     int closed_ = 0;
 };
 
-TEST_F(FormMainClosing, AWindowsButtonThatChangesAfterTheClosingIsSavedWhenThePanelsGo) {
+TEST_F(FormMainClosingTest, AWindowsButtonThatChangesAfterTheClosingIsSavedWhenThePanelsGo) {
     ASSERT_TRUE(Start());
     Answer(platform::BoxAnswer::OK);
     EXPECT_TRUE(window_->close());
@@ -34,7 +34,7 @@ TEST_F(FormMainClosing, AWindowsButtonThatChangesAfterTheClosingIsSavedWhenThePa
     EXPECT_TRUE(ReadSettings().contains("[Window]\r\n0=0\r\n"));
 }
 
-TEST_F(FormMainClosing, AClosingReplacesTheSettingsFileOnce) {
+TEST_F(FormMainClosingTest, AClosingReplacesTheSettingsFileOnce) {
     ASSERT_TRUE(Start());
     Answer(platform::BoxAnswer::OK);
     journal_.clear();
@@ -45,7 +45,7 @@ TEST_F(FormMainClosing, AClosingReplacesTheSettingsFileOnce) {
     EXPECT_LT(PlaceOf("write Window|4"), PlaceOf("written together"));
 }
 
-TEST_F(FormMainClosing, TheSessionsWordToSaveWritesWhatClosingWritesAndGoesOn) {
+TEST_F(FormMainClosingTest, TheSessionsWordToSaveWritesWhatClosingWritesAndGoesOn) {
     ASSERT_TRUE(Start());
     window_->State().ShiftX = 0.25;
     window_->SaveForSession();
@@ -57,14 +57,14 @@ TEST_F(FormMainClosing, TheSessionsWordToSaveWritesWhatClosingWritesAndGoesOn) {
     EXPECT_EQ(closed_, 0);
 }
 
-TEST_F(FormMainClosing, AWordToSaveBeforeTheLoadOrAfterTheClosingWritesNothing) {
+TEST_F(FormMainClosingTest, AWordToSaveBeforeTheLoadOrAfterTheClosingWritesNothing) {
     driver_.failing = {"DriverGetCount"};
     EXPECT_FALSE(Start());
     window_->SaveForSession();
     EXPECT_TRUE(ReadSettings().isEmpty());
 }
 
-TEST_F(FormMainClosing, ASaveForTheSessionThatFailsIsToldOnceTheSessionHasItsAnswer) {
+TEST_F(FormMainClosingTest, ASaveForTheSessionThatFailsIsToldOnceTheSessionHasItsAnswer) {
     ASSERT_TRUE(Start());
     profile_.failWrite = true;
     window_->SaveForSession();
@@ -74,7 +74,7 @@ TEST_F(FormMainClosing, ASaveForTheSessionThatFailsIsToldOnceTheSessionHasItsAns
     profile_.failWrite = false;
 }
 
-TEST_F(FormMainClosing, ClosesInsideAWaitAreOneQuestion) {
+TEST_F(FormMainClosingTest, ClosesInsideAWaitAreOneQuestion) {
     ASSERT_TRUE(Start());
     eventLoop_.waiting = true;
     window_->close();
@@ -91,7 +91,7 @@ TEST_F(FormMainClosing, ClosesInsideAWaitAreOneQuestion) {
     EXPECT_EQ(closed_, 1);
 }
 
-TEST_F(FormMainClosing, TheWishToCloseChangesNothingBeforeItIsAnswered) {
+TEST_F(FormMainClosingTest, TheWishToCloseChangesNothingBeforeItIsAnswered) {
     ASSERT_TRUE(Start());
     bool moved = false;
     boxes_.whileShown = [&] {
@@ -102,7 +102,7 @@ TEST_F(FormMainClosing, TheWishToCloseChangesNothingBeforeItIsAnswered) {
     EXPECT_TRUE(moved);
 }
 
-TEST_F(FormMainClosing, NothingMovesFromTheOkOfTheQuestionOrTheEndOfTheSessionOn) {
+TEST_F(FormMainClosingTest, NothingMovesFromTheOkOfTheQuestionOrTheEndOfTheSessionOn) {
     ASSERT_TRUE(Start());
     window_->CloseWithoutQuestion();
     EXPECT_EQ(window_->Objects().cCommunication->SendManipulatorData(0, {1, 2, 3}, {1, 2, 3}), 0);
@@ -115,7 +115,7 @@ TEST_F(FormMainClosing, NothingMovesFromTheOkOfTheQuestionOrTheEndOfTheSessionOn
     EXPECT_TRUE(driver_.moves.empty());
 }
 
-TEST_F(FormMainClosing, AGoodEndSavesWhichWindowsAreOpenAndOnlyOnce) {
+TEST_F(FormMainClosingTest, AGoodEndSavesWhichWindowsAreOpenAndOnlyOnce) {
     ASSERT_TRUE(Start());
     Answer(platform::BoxAnswer::OK);
     EXPECT_TRUE(window_->close());

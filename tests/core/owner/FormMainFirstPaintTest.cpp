@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent*) override { isPainted = true; }
 };
 
-TEST(FormMainFirstPaint, IsToldOnceTheWindowAndWhatLiesInItArePainted) {
+TEST(FormMainFirstPaintTest, IsToldOnceTheWindowAndWhatLiesInItArePainted) {
     Sheet window;
     Sheet inner(&window);
     inner.setGeometry(0, 0, 50, 50);
@@ -43,7 +43,7 @@ TEST(FormMainFirstPaint, IsToldOnceTheWindowAndWhatLiesInItArePainted) {
     EXPECT_EQ(called, 1);
 }
 
-TEST(FormMainFirstPaint, IsToldAfterTheTimeWhereTheWindowIsNotPainted) {
+TEST(FormMainFirstPaintTest, IsToldAfterTheTimeWhereTheWindowIsNotPainted) {
     Sheet window;
     int called = 0;
     CallAfterFirstPaint(window, std::chrono::milliseconds(1), [&] { ++called; });
@@ -51,7 +51,7 @@ TEST(FormMainFirstPaint, IsToldAfterTheTimeWhereTheWindowIsNotPainted) {
     EXPECT_FALSE(window.isPainted);
 }
 
-TEST(FormMainFirstPaint, IsNotToldWhereTheWindowEndsBefore) {
+TEST(FormMainFirstPaintTest, IsNotToldWhereTheWindowEndsBefore) {
     auto window = std::make_unique<Sheet>();
     bool isCalled = false;
     CallAfterFirstPaint(*window, std::chrono::milliseconds(0), [&] { isCalled = true; });

@@ -2,14 +2,14 @@
 #include <gmock/gmock.h>
 
 #include "controls/FocusMark.h"
-#include "core/owner/FormMainBench.h"
+#include "core/owner/FormMainRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainFocusTest : public FormMainBench {
+class FormMainFocusTest : public FormMainRig {
 protected:
     std::string Focused() const {
         const QWidget* const focused = window_->focusWidget();

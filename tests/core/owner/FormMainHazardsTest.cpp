@@ -1,7 +1,7 @@
 // What the main window keeps an operator from who is quicker than the instruments, and what it reminds of.
 #include <gmock/gmock.h>
 
-#include "core/owner/FormMainBench.h"
+#include "core/owner/FormMainRig.h"
 #include "core/owner/FormMainTitle.h"
 #include "core/owner/PanelOf.h"
 
@@ -12,7 +12,7 @@ namespace {
 const QString PlainTitle = QStringLiteral("TRAVO");
 const QString RaisedTitle = QStringLiteral("TRAVO - objective raised for the Z point");
 
-class FormMainHazardsTest : public FormMainBench {
+class FormMainHazardsTest : public FormMainRig {
 protected:
     void ClickReset() { Click(Button(CellPosition, QStringLiteral("Reset zero point"))); }
     std::int32_t Zero() { return window_->Objects().cNeedleMove->PosZero(0, 2); }

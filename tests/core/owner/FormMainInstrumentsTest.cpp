@@ -3,15 +3,15 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 namespace {
 
-class FormMainInstruments : public OwnerFixture {
+class FormMainInstrumentsTest : public OwnerRig {
 protected:
-    FormMainInstruments() {
+    FormMainInstrumentsTest() {
         WriteSettings("[COMPort]\r\nMirror=1\r\nMagnescale=2\r\nMotor=3\r\n");
         serialPorts_.created.clear();
         timers_.created.clear();
@@ -41,7 +41,7 @@ protected:
     std::unique_ptr<FormMain> window_;
 };
 
-TEST_F(FormMainInstruments, ALostGaugeLeavesNoHeightThatAnEscapePositionCouldTake) {
+TEST_F(FormMainInstrumentsTest, ALostGaugeLeavesNoHeightThatAnEscapePositionCouldTake) {
     ASSERT_EQ(window_->Objects().cEscape->NowCurrentZPos, 1234);
     GaugePort().Vanish();
     EXPECT_EQ(State().CurrentXYZ(2), NoPositionValue);
@@ -51,7 +51,7 @@ TEST_F(FormMainInstruments, ALostGaugeLeavesNoHeightThatAnEscapePositionCouldTak
     EXPECT_EQ(RowState(1), QStringLiteral("Connection lost"));
 }
 
-TEST_F(FormMainInstruments, ALostMirrorLeavesNoViewAndTheBirdsEyeViewMarksNone) {
+TEST_F(FormMainInstrumentsTest, ALostMirrorLeavesNoViewAndTheBirdsEyeViewMarksNone) {
     ASSERT_TRUE(window_->Windows().BirdView.chkMirror());
     MirrorPort().Vanish();
     EXPECT_EQ(State().CurrentXYZ(0), NoPositionValue);
@@ -61,7 +61,7 @@ TEST_F(FormMainInstruments, ALostMirrorLeavesNoViewAndTheBirdsEyeViewMarksNone) 
     EXPECT_EQ(RowState(0), QStringLiteral("Connection lost"));
 }
 
-TEST_F(FormMainInstruments, ALostMotorIsNoLongerInUse) {
+TEST_F(FormMainInstrumentsTest, ALostMotorIsNoLongerInUse) {
     ASSERT_TRUE(State().bMotorONOFF);
     MotorPort().Vanish();
     EXPECT_FALSE(State().bMotorONOFF);
@@ -69,7 +69,7 @@ TEST_F(FormMainInstruments, ALostMotorIsNoLongerInUse) {
     EXPECT_EQ(RowState(2), QStringLiteral("Connection lost"));
 }
 
-TEST_F(FormMainInstruments, AFloodWithoutAnEndIsNotedOnceForEachLinkBesideTheLog) {
+TEST_F(FormMainInstrumentsTest, AFloodWithoutAnEndIsNotedOnceForEachLinkBesideTheLog) {
     const std::string piece(50000, 'x');
     for (int times = 0; times < 4; ++times) {
         MirrorPort().Receive(piece);

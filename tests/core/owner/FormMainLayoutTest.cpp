@@ -8,14 +8,14 @@ namespace {
 
 using Mode = FormMainLayout::Mode;
 
-TEST(FormMainLayout, AtTheDesignSizeThePanelIs486By520InBothModes) {
+TEST(FormMainLayoutTest, AtTheDesignSizeThePanelIs486By520InBothModes) {
     FormMainLayout layout(1.0, 1.0);
     EXPECT_EQ(layout.Panel(), QRect(18, 88, 486, 520));
     layout.Select(Mode::Steps);
     EXPECT_EQ(layout.Panel(), QRect(18, 20, 486, 520));
 }
 
-TEST(FormMainLayout, TheTabWidthIsRoundedToEvenAndTheTabsAreAsWideAsThePanel) {
+TEST(FormMainLayoutTest, TheTabWidthIsRoundedToEvenAndTheTabsAreAsWideAsThePanel) {
     FormMainLayout layout(1.0, 1.0);
     // (520 - 18 - 19) / 3 + 0.5 = 161.5, to even.
     EXPECT_EQ(layout.Tab(0).width(), 162);
@@ -27,7 +27,7 @@ TEST(FormMainLayout, TheTabWidthIsRoundedToEvenAndTheTabsAreAsWideAsThePanel) {
     EXPECT_EQ(layout.Tab(0).width(), 164) << "163.5, to even";
 }
 
-TEST(FormMainLayout, IndexModuloThreeFixesTheColumn) {
+TEST(FormMainLayoutTest, IndexModuloThreeFixesTheColumn) {
     const FormMainLayout layout(1.0, 1.0);
     for (int index = 0; index < 18; ++index) {
         const int column = index % 3 == 1 ? 0 : index % 3 == 2 ? 1 : 2;
@@ -35,7 +35,7 @@ TEST(FormMainLayout, IndexModuloThreeFixesTheColumn) {
     }
 }
 
-TEST(FormMainLayout, UpperPicturesStandAtTheRowTopAndLowerOnesBelowThem) {
+TEST(FormMainLayoutTest, UpperPicturesStandAtTheRowTopAndLowerOnesBelowThem) {
     const FormMainLayout layout(1.0, 1.0);
     for (int index = 0; index < 12; ++index) {
         EXPECT_EQ(layout.Tab(index).top(), 52);
@@ -47,7 +47,7 @@ TEST(FormMainLayout, UpperPicturesStandAtTheRowTopAndLowerOnesBelowThem) {
     }
 }
 
-TEST(FormMainLayout, ThePanelFollowsTheWindowWithTheMarginsOfItsMode) {
+TEST(FormMainLayoutTest, ThePanelFollowsTheWindowWithTheMarginsOfItsMode) {
     FormMainLayout layout(1.0, 1.0);
     layout.Resize(QSize(1000, 900));
     EXPECT_EQ(layout.Panel(), QRect(18, 88, 966, 796));
@@ -55,14 +55,14 @@ TEST(FormMainLayout, ThePanelFollowsTheWindowWithTheMarginsOfItsMode) {
     EXPECT_EQ(layout.Panel(), QRect(18, 20, 966, 796));
 }
 
-TEST(FormMainLayout, TheSizeButtonStandsInTheTopRightCorner) {
+TEST(FormMainLayoutTest, TheSizeButtonStandsInTheTopRightCorner) {
     FormMainLayout layout(1.0, 1.0);
     EXPECT_EQ(layout.SizeButton(), QRect(497, 3, 13, 13));
     layout.Resize(QSize(800, 700));
     EXPECT_EQ(layout.SizeButton(), QRect(777, 3, 13, 13));
 }
 
-TEST(FormMainLayout, TheStepButtonsShareThePanelsWidth) {
+TEST(FormMainLayoutTest, TheStepButtonsShareThePanelsWidth) {
     FormMainLayout layout(1.0, 1.0);
     layout.Select(Mode::Steps);
     for (int index = 0; index < 3; ++index) {
@@ -73,7 +73,7 @@ TEST(FormMainLayout, TheStepButtonsShareThePanelsWidth) {
     EXPECT_EQ(layout.TrailX(4), 18 + 486 - 48);
 }
 
-TEST(FormMainLayout, MarginsAndRowsFollowTheDisplaysScales) {
+TEST(FormMainLayoutTest, MarginsAndRowsFollowTheDisplaysScales) {
     FormMainLayout layout(1.25, 1.5);
     layout.Resize(QSize(780, 780));
     // Row top 25, rows 45 and 40; left 27, right 24.

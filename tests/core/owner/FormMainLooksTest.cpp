@@ -8,7 +8,7 @@
 #include "controls/SkinNames.h"
 #include "controls/SkinTab.h"
 #include "controls/usrKVXscroll.h"
-#include "core/owner/FormMainBench.h"
+#include "core/owner/FormMainRig.h"
 
 namespace travo::test {
 namespace {
@@ -95,7 +95,7 @@ void AddRowsOf(const QWidget& widget, Rows& rows) {
     }
 }
 
-class FormMainLooks : public FormMainBench {
+class FormMainLooksTest : public FormMainRig {
 protected:
     QWidget* Find(const QString& name) {
         const QWidgetList all = QApplication::allWidgets();
@@ -123,7 +123,7 @@ protected:
     const std::map<QString, Rows> table = Table();
 };
 
-TEST_F(FormMainLooks, EveryPanelAndWindowShowsTheTextsAndPicturesOfTheTable) {
+TEST_F(FormMainLooksTest, EveryPanelAndWindowShowsTheTextsAndPicturesOfTheTable) {
     EXPECT_EQ(table.size(), 11U) << "main window, six panels, four windows";
     for (const auto& [name, expected] : table) {
         QWidget* const top = Find(name);
@@ -140,7 +140,7 @@ TEST_F(FormMainLooks, EveryPanelAndWindowShowsTheTextsAndPicturesOfTheTable) {
     }
 }
 
-TEST_F(FormMainLooks, EveryPictureOfTheTableIsInTheSkin) {
+TEST_F(FormMainLooksTest, EveryPictureOfTheTableIsInTheSkin) {
     const QStringList files = AllSkinNames();
     for (const auto& [name, rows] : table) {
         for (const std::string& row : rows) {

@@ -4,16 +4,16 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainNeedles : public OwnerFixture {
+class FormMainNeedlesTest : public OwnerRig {
 protected:
-    FormMainNeedles() {
+    FormMainNeedlesTest() {
         driver_.position.fill({1000, 1000, 1000});
         // All straight and in one place: the contact check would refuse every move.
         QByteArray settings("[COMPort]\r\nMirror=1\r\n[User_Value]\r\nContactOFF=1\r\n");
@@ -82,7 +82,7 @@ protected:
     std::unique_ptr<FormMain> window_;
 };
 
-TEST_F(FormMainNeedles, WithFiveManipulatorsTheProgramStartsAndRunsOnWithTheFourButtonsThatThereAre) {
+TEST_F(FormMainNeedlesTest, WithFiveManipulatorsTheProgramStartsAndRunsOnWithTheFourButtonsThatThereAre) {
     driver_.count = 5;
     ASSERT_TRUE(Start());
     EXPECT_EQ(window_->State().intTotalManipulatorNumber, 4);
@@ -104,7 +104,7 @@ TEST_F(FormMainNeedles, WithFiveManipulatorsTheProgramStartsAndRunsOnWithTheFour
     EXPECT_TRUE(boxes_.shown.empty());
 }
 
-TEST_F(FormMainNeedles, AReconnectionThatFailsShowsTheNeedlesAsTheyAre) {
+TEST_F(FormMainNeedlesTest, AReconnectionThatFailsShowsTheNeedlesAsTheyAre) {
     ASSERT_TRUE(Start());
     Tick();
     driver_.failing = {"DriverReconnect"};
@@ -120,7 +120,7 @@ TEST_F(FormMainNeedles, AReconnectionThatFailsShowsTheNeedlesAsTheyAre) {
     EXPECT_EQ(window_->State().intTotalManipulatorNumber, -1);
 }
 
-TEST_F(FormMainNeedles, NeedlesThatAreLostInTheSynchronisedModeLeaveMoveOfTheViewAfterCancel) {
+TEST_F(FormMainNeedlesTest, NeedlesThatAreLostInTheSynchronisedModeLeaveMoveOfTheViewAfterCancel) {
     ASSERT_TRUE(Start());
     Magnification(2);
     Tick();
@@ -137,7 +137,7 @@ TEST_F(FormMainNeedles, NeedlesThatAreLostInTheSynchronisedModeLeaveMoveOfTheVie
     EXPECT_FALSE(Synchro().Enabled());
 }
 
-TEST_F(FormMainNeedles, ANeedleEscapeBetweenAReconnectionAndTheNextReadIsToldByItsOwnText) {
+TEST_F(FormMainNeedlesTest, ANeedleEscapeBetweenAReconnectionAndTheNextReadIsToldByItsOwnText) {
     ASSERT_TRUE(Start());
     Tick();
     LoseTheNeedles(platform::BoxAnswer::OK);
@@ -150,7 +150,7 @@ TEST_F(FormMainNeedles, ANeedleEscapeBetweenAReconnectionAndTheNextReadIsToldByI
     EXPECT_TRUE(driver_.moves.empty());
 }
 
-TEST_F(FormMainNeedles, ClickingAheadMovesTheNeedleThatIsLitByItsOwnMap) {
+TEST_F(FormMainNeedlesTest, ClickingAheadMovesTheNeedleThatIsLitByItsOwnMap) {
     ASSERT_TRUE(Start());
     Tick();
     StoreCellA();
@@ -164,7 +164,7 @@ TEST_F(FormMainNeedles, ClickingAheadMovesTheNeedleThatIsLitByItsOwnMap) {
     EXPECT_TRUE(boxes_.shown.empty());
 }
 
-TEST_F(FormMainNeedles, AChoiceThatTheDriverRefusesMovesNoOtherNeedleAndTheLampGoesToTheOneThatItHas) {
+TEST_F(FormMainNeedlesTest, AChoiceThatTheDriverRefusesMovesNoOtherNeedleAndTheLampGoesToTheOneThatItHas) {
     ASSERT_TRUE(Start());
     Tick();
     StoreCellA();

@@ -3,16 +3,16 @@
 #include <QImage>
 #include <QLabel>
 
-#include "core/owner/FormMainBench.h"
+#include "core/owner/FormMainRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainNews : public FormMainBench {
+class FormMainNewsTest : public FormMainRig {
 protected:
     // The markers of the bird's-eye view are pictures.
-    FormMainNews() {
+    FormMainNewsTest() {
         QFile::link(QStringLiteral(SKIN_HOME "/skin"), program_.filePath(QStringLiteral("skin")));
     }
 
@@ -74,7 +74,7 @@ protected:
 // The magnification; pad and buttons of the mirror windows are in FormMainWindowsTest, the camera in
 // FormMainTest.
 
-TEST_F(FormMainNews, AReportOfTheMagnificationChangesTheMarkOfTheViewInTheBirdsEyeView) {
+TEST_F(FormMainNewsTest, AReportOfTheMagnificationChangesTheMarkOfTheViewInTheBirdsEyeView) {
     MirrorAnswers();
     const std::vector<QImage> at2x = Pictures();
     MirrorPort().Receive("aMGR3\r\n");
@@ -83,7 +83,7 @@ TEST_F(FormMainNews, AReportOfTheMagnificationChangesTheMarkOfTheViewInTheBirdsE
     EXPECT_EQ(CountOfCommon(Pictures(), at2x), static_cast<std::ptrdiff_t>(at2x.size()));
 }
 
-TEST_F(FormMainNews, AReportOfTheMagnificationLocksAndFreesTheViewOnTheExperimentPanel) {
+TEST_F(FormMainNewsTest, AReportOfTheMagnificationLocksAndFreesTheViewOnTheExperimentPanel) {
     EXPECT_TRUE(Button(Experiment, QStringLiteral("View")).isEnabled());
     MirrorPort().Receive("aMGR1\r\n");
     EXPECT_FALSE(Button(Experiment, QStringLiteral("View")).isEnabled());
@@ -91,7 +91,7 @@ TEST_F(FormMainNews, AReportOfTheMagnificationLocksAndFreesTheViewOnTheExperimen
     EXPECT_TRUE(Button(Experiment, QStringLiteral("View")).isEnabled());
 }
 
-TEST_F(FormMainNews, AReportOfTheMagnificationStartsAndEndsTheWarningOnTheCalibrationPanel) {
+TEST_F(FormMainNewsTest, AReportOfTheMagnificationStartsAndEndsTheWarningOnTheCalibrationPanel) {
     Open(Calibration);
     const auto& warning = *Panel(Calibration).findChild<QWidget*>(QStringLiteral("lblWaring"));
     FireTimers(CtlCalibration::BlinkPeriod);
@@ -105,13 +105,13 @@ TEST_F(FormMainNews, AReportOfTheMagnificationStartsAndEndsTheWarningOnTheCalibr
 
 // The number of manipulators; the experiment panel and the window of needles are in FormMainNeedlesTest.
 
-TEST_F(FormMainNews, TheStartAndALossOfTheManipulatorsReachTheirRowOfTheConnectionPanel) {
+TEST_F(FormMainNewsTest, TheStartAndALossOfTheManipulatorsReachTheirRowOfTheConnectionPanel) {
     EXPECT_EQ(Row(QStringLiteral("Manipulator state")), QStringLiteral("Connected"));
     LoseTheNeedles();
     EXPECT_EQ(Row(QStringLiteral("Manipulator state")), QStringLiteral("Not connected"));
 }
 
-TEST_F(FormMainNews, ALossOfTheManipulatorsLocksTheCalibrationPanelThatIsOnShow) {
+TEST_F(FormMainNewsTest, ALossOfTheManipulatorsLocksTheCalibrationPanelThatIsOnShow) {
     Open(Calibration);
     ASSERT_TRUE(Button(Calibration, QStringLiteral("Needle 1")).isEnabled());
     LoseTheNeedles();
@@ -119,7 +119,7 @@ TEST_F(FormMainNews, ALossOfTheManipulatorsLocksTheCalibrationPanelThatIsOnShow)
     EXPECT_FALSE(Button(Calibration, QStringLiteral("Full calibration")).isEnabled());
 }
 
-TEST_F(FormMainNews, TheStartShowsTheConnectedNeedlesInTheirWindowAndOnTheExperimentPanel) {
+TEST_F(FormMainNewsTest, TheStartShowsTheConnectedNeedlesInTheirWindowAndOnTheExperimentPanel) {
     const QWidget& needles = window_->Windows().ManiInfo;
     EXPECT_FALSE(needles.findChild<QWidget*>(QStringLiteral("Image2(3)"))->isHidden());
     EXPECT_TRUE(Button(Experiment, QStringLiteral("Needle 4")).isEnabled());
@@ -127,14 +127,14 @@ TEST_F(FormMainNews, TheStartShowsTheConnectedNeedlesInTheirWindowAndOnTheExperi
 
 // The needle that the hardware has.
 
-TEST_F(FormMainNews, ANeedleSelectedAtTheHardwareIsLitOnTheCalibrationPanel) {
+TEST_F(FormMainNewsTest, ANeedleSelectedAtTheHardwareIsLitOnTheCalibrationPanel) {
     driver_.selected = 3;
     Tick();
     EXPECT_TRUE(Button(Calibration, QStringLiteral("Needle 3")).isChecked());
     EXPECT_FALSE(Button(Calibration, QStringLiteral("Needle 1")).isChecked());
 }
 
-TEST_F(FormMainNews, ANeedleSelectedAtTheHardwareIsLitOnTheExperimentPanel) {
+TEST_F(FormMainNewsTest, ANeedleSelectedAtTheHardwareIsLitOnTheExperimentPanel) {
     driver_.selected = 3;
     Tick();
     EXPECT_TRUE(Button(Experiment, QStringLiteral("Needle 3")).isChecked());
@@ -143,7 +143,7 @@ TEST_F(FormMainNews, ANeedleSelectedAtTheHardwareIsLitOnTheExperimentPanel) {
 
 // The zero point: what is stored follows it.
 
-TEST_F(FormMainNews, AStoredCellFollowsTheZeroPoint) {
+TEST_F(FormMainNewsTest, AStoredCellFollowsTheZeroPoint) {
     MirrorAnswers();
     Gauge("A+00.700\r\n");
     Open(CellPosition);
@@ -155,7 +155,7 @@ TEST_F(FormMainNews, AStoredCellFollowsTheZeroPoint) {
     EXPECT_EQ(window_->State().CellPosition(0, 2), 200);
 }
 
-TEST_F(FormMainNews, AStoredEscapeHeightFollowsTheZeroPoint) {
+TEST_F(FormMainNewsTest, AStoredEscapeHeightFollowsTheZeroPoint) {
     Gauge("A+00.700\r\n");
     Open(Escape);
     Click(Button(Escape, QStringLiteral("Set objective")));
@@ -168,7 +168,7 @@ TEST_F(FormMainNews, AStoredEscapeHeightFollowsTheZeroPoint) {
 
 // The tick.
 
-TEST_F(FormMainNews, TheLitNeedleFollowsTheViewAtTheNextTickInTheSynchronisedMode) {
+TEST_F(FormMainNewsTest, TheLitNeedleFollowsTheViewAtTheNextTickInTheSynchronisedMode) {
     MirrorAnswers();
     Gauge("A+00.700\r\n");
     Open(User);
@@ -187,7 +187,7 @@ TEST_F(FormMainNews, TheLitNeedleFollowsTheViewAtTheNextTickInTheSynchronisedMod
 
 // The motors; those of the mirror windows are in FormMainWindowsTest.
 
-TEST_F(FormMainNews, AReportOfTheMirrorsMotorsLocksAndFreesTheCellsOnTheExperimentPanel) {
+TEST_F(FormMainNewsTest, AReportOfTheMirrorsMotorsLocksAndFreesTheCellsOnTheExperimentPanel) {
     MirrorAnswers();
     Open(CellPosition);
     Click(Button(CellPosition, QStringLiteral("Set row 1")));
@@ -199,7 +199,7 @@ TEST_F(FormMainNews, AReportOfTheMirrorsMotorsLocksAndFreesTheCellsOnTheExperime
     EXPECT_TRUE(Button(Experiment, QStringLiteral("Cell A")).isEnabled());
 }
 
-TEST_F(FormMainNews, ACommandLocksTheFocusMotorsButtonsOnTheConnectionPanelAndItsAnswerFreesThem) {
+TEST_F(FormMainNewsTest, ACommandLocksTheFocusMotorsButtonsOnTheConnectionPanelAndItsAnswerFreesThem) {
     MotorPort().Receive("A Remote Drive Accessory\r");
     FireTimers(150);
     Open(Connection);
@@ -213,7 +213,7 @@ TEST_F(FormMainNews, ACommandLocksTheFocusMotorsButtonsOnTheConnectionPanelAndIt
 
 // The camera; its still and its death are in FormMainCameraTest.
 
-TEST_F(FormMainNews, ACameraThatIsHiddenFromItsSideRaisesItsButtonAndIsAskedToHide) {
+TEST_F(FormMainNewsTest, ACameraThatIsHiddenFromItsSideRaisesItsButtonAndIsAskedToHide) {
     OpenCamera();
     journal_.clear();
     liveCamera_.TellWindowHide();
@@ -222,14 +222,14 @@ TEST_F(FormMainNews, ACameraThatIsHiddenFromItsSideRaisesItsButtonAndIsAskedToHi
     EXPECT_EQ(Row(QStringLiteral("Live camera state")), QStringLiteral("Connected")) << "it is there";
 }
 
-TEST_F(FormMainNews, ACameraThatIsClosedRaisesItsButtonAndItsRowOfTheConnectionPanelSaysSo) {
+TEST_F(FormMainNewsTest, ACameraThatIsClosedRaisesItsButtonAndItsRowOfTheConnectionPanelSaysSo) {
     OpenCamera();
     liveCamera_.TellWindowClose();
     EXPECT_FALSE(Button(User, QStringLiteral("Camera window")).isChecked());
     EXPECT_EQ(Row(QStringLiteral("Live camera state")), QStringLiteral("Not connected"));
 }
 
-TEST_F(FormMainNews, ACameraThatDiesRaisesItsButtonAndItsRowOfTheConnectionPanelSaysSo) {
+TEST_F(FormMainNewsTest, ACameraThatDiesRaisesItsButtonAndItsRowOfTheConnectionPanelSaysSo) {
     OpenCamera();
     liveCamera_.TellLost();
     EXPECT_FALSE(Button(User, QStringLiteral("Camera window")).isChecked());
@@ -238,7 +238,7 @@ TEST_F(FormMainNews, ACameraThatDiesRaisesItsButtonAndItsRowOfTheConnectionPanel
 
 // The times of the calibrations.
 
-TEST_F(FormMainNews, TheTimesOfTheLastRunAndThoseOfThePanelReachTheWindowOfNeedles) {
+TEST_F(FormMainNewsTest, TheTimesOfTheLastRunAndThoseOfThePanelReachTheWindowOfNeedles) {
     const QWidget& needles = window_->Windows().ManiInfo;
     EXPECT_EQ(Text(needles, QStringLiteral("Needle 1 calibration time")),
               QStringLiteral("26/11/21    09:30"));
@@ -249,7 +249,7 @@ TEST_F(FormMainNews, TheTimesOfTheLastRunAndThoseOfThePanelReachTheWindowOfNeedl
               QStringLiteral("26/11/21    09:30"));
 }
 
-TEST_F(FormMainNews, AReCalibrationOfTheLastRunIsShownBesideTheCalibration) {
+TEST_F(FormMainNewsTest, AReCalibrationOfTheLastRunIsShownBesideTheCalibration) {
     window_.reset();
     WriteSettings(CalibrationText(1).replace("ReTime=-1", "ReTime=26/11/22    10:15"));
     window_ = std::make_unique<FormMain>(Seams());
@@ -263,7 +263,7 @@ TEST_F(FormMainNews, AReCalibrationOfTheLastRunIsShownBesideTheCalibration) {
 
 // What the start tells panels.
 
-TEST_F(FormMainNews, TheStoredPortNumbersStandInTheirBoxes) {
+TEST_F(FormMainNewsTest, TheStoredPortNumbersStandInTheirBoxes) {
     const QWidget& panel = Panel(Connection);
     QStringList numbers;
     for (int box = 0; box < 3; ++box) {
@@ -273,12 +273,12 @@ TEST_F(FormMainNews, TheStoredPortNumbersStandInTheirBoxes) {
 }
 
 // No needle blinks beside the cells.
-class FormMainCells : public FormMainNews {
+class FormMainCellsTest : public FormMainNews {
 protected:
-    FormMainCells() { driver_.count = 0; }
+    FormMainCellsTest() { driver_.count = 0; }
 };
 
-TEST_F(FormMainCells, TheCellThatIsChosenOnTheExperimentPanelBlinksInTheBirdsEyeView) {
+TEST_F(FormMainCellsTest, TheCellThatIsChosenOnTheExperimentPanelBlinksInTheBirdsEyeView) {
     MirrorAnswers();
     Open(CellPosition);
     Click(Button(CellPosition, QStringLiteral("Set row 1")));

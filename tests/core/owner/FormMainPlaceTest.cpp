@@ -6,13 +6,13 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainPlaceTest : public OwnerFixture {
+class FormMainPlaceTest : public OwnerRig {
 protected:
     void TearDown() override { window_.reset(); }
 

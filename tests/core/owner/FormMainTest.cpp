@@ -7,7 +7,7 @@
 #include <QScreen>
 #include <QTest>
 
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
@@ -15,7 +15,7 @@ namespace travo::test {
 namespace {
 
 // The real window on stand-ins for the machine.
-class FormMainTest : public OwnerFixture {
+class FormMainTest : public OwnerRig {
 protected:
     FormMainTest() : window_(std::make_unique<FormMain>(Seams())) {
         window_->WhenClosed([this] { ++closed_; });

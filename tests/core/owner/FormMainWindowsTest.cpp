@@ -5,14 +5,14 @@
 #include <QTest>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/PanelOf.h"
 
 namespace travo::test {
 
 namespace {
 
-class FormMainWindowsTest : public OwnerFixture {
+class FormMainWindowsTest : public OwnerRig {
 protected:
     void TearDown() override { window_.reset(); }
 

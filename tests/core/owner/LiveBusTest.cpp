@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "platform/LiveBusStage.h"
+#include "platform/LiveBusRig.h"
 #include "support/LiveTable.h"
 
 namespace travo::test {
@@ -23,7 +23,7 @@ public:
         stage.Work(wishes.at(step));
     }
 
-    BusStage stage;
+    LiveBusRig stage;
 };
 
 class LiveBusTableTest : public ::testing::TestWithParam<LiveRow> {};
@@ -41,7 +41,7 @@ const Texts CameraLoad{"Error : Camera Load"};
 const Texts WindowLoad{"Error : Window Load"};
 
 // What a dead camera leaves behind.
-void ExpectClosed(LiveDesk& desk) {
+void ExpectClosed(LiveRig& desk) {
     EXPECT_FALSE(desk.State().LiveOpen);
     EXPECT_FALSE(desk.ButtonPressed());
 }
@@ -50,7 +50,7 @@ TEST(LiveBusTest, WithoutASessionBusTheOperatorIsToldAndTheProgramRunsOn) {
     const QTemporaryDir empty;
     qputenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + empty.path() + "/nobody").toLocal8Bit());
     QtLiveCamera camera;
-    LiveDesk desk(camera, LiveDesk::AtLastEnd::CameraOpen);
+    LiveRig desk(camera, LiveRig::AtLastEnd::CameraOpen);
     desk.StartUp();
     desk.Link().LiveActionStart();
     desk.Link().LiveActionEnd();
@@ -59,9 +59,9 @@ TEST(LiveBusTest, WithoutASessionBusTheOperatorIsToldAndTheProgramRunsOn) {
 }
 
 TEST(LiveBusTest, ACameraProgramThatIsInstalledLaterIsFound) {
-    BusStage stage;
+    LiveBusRig stage;
     stage.bus.Uninstall(Service);
-    LiveDesk desk(stage.camera);
+    LiveRig desk(stage.camera);
     desk.Click();
     EXPECT_EQ(desk.Boxes(), CameraLoad);
     ExpectClosed(desk);
@@ -73,26 +73,26 @@ TEST(LiveBusTest, ACameraProgramThatIsInstalledLaterIsFound) {
 }
 
 TEST(LiveBusTest, AnEmptyProgramFailsAtTheFirstCall) {
-    BusStage stage;
+    LiveBusRig stage;
     stage.Play("empty");
-    LiveDesk desk(stage.camera);
+    LiveRig desk(stage.camera);
     desk.Click();
     EXPECT_EQ(desk.Boxes(), WindowLoad);
     ExpectClosed(desk);
 }
 
 TEST(LiveBusTest, ASlowProgramIsWaitedFor) {
-    BusStage stage;
+    LiveBusRig stage;
     stage.Play("slow");
-    LiveDesk desk(stage.camera);
+    LiveRig desk(stage.camera);
     desk.Click(true);
     EXPECT_EQ(desk.Boxes(), Texts{});
     EXPECT_EQ(stage.Calls(), (Texts{"LiveAttach", "LiveShowWindow"}));
 }
 
 TEST(LiveBusTest, AProgramThatDiesInTheMiddleOfACallFailsThatCallAndTheLossOfItsNameIsNoSecondDeath) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage;
+    LiveRig desk(stage.camera);
     desk.Click(true);
     stage.Play("dies");
     desk.Click(false);
@@ -108,8 +108,8 @@ TEST(LiveBusTest, AProgramThatDiesInTheMiddleOfACallFailsThatCallAndTheLossOfIts
 }
 
 TEST(LiveBusTest, AHangingProgramIsWaitedForByNobodyAndDeadAtTheLimit) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage(Hasty);
+    LiveRig desk(stage.camera);
     desk.Click(true);
     stage.Play("hangs");
     desk.State().CurrentMagnification(2);
@@ -121,8 +121,8 @@ TEST(LiveBusTest, AHangingProgramIsWaitedForByNobodyAndDeadAtTheLimit) {
 }
 
 TEST(LiveBusTest, AProgramThatAnswersWithAnErrorIsDead) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage;
+    LiveRig desk(stage.camera);
     desk.Click(true);
     stage.Play("refuses");
     desk.Link().LiveActionStart();
@@ -134,8 +134,8 @@ TEST(LiveBusTest, AProgramThatAnswersWithAnErrorIsDead) {
 }
 
 TEST(LiveBusTest, AProgramThatComesBackIsUsedAgain) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage(Hasty);
+    LiveRig desk(stage.camera);
     desk.Click(true);
     stage.Play("hangs");
     desk.Click(false);
@@ -149,8 +149,8 @@ TEST(LiveBusTest, AProgramThatComesBackIsUsedAgain) {
 }
 
 TEST(LiveBusTest, ANewCreationWaitsForTheReleaseOfTheNameOfAClosingProgram) {
-    BusStage stage;
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage;
+    LiveRig desk(stage.camera);
     desk.Click(true);
     const QString first = stage.Owner();
     stage.Play("lingers");
@@ -164,8 +164,8 @@ TEST(LiveBusTest, ANewCreationWaitsForTheReleaseOfTheNameOfAClosingProgram) {
 }
 
 TEST(LiveBusTest, AClosingProgramThatKeepsItsNameIsAFailureAndNotUsedAgain) {
-    BusStage stage(Hasty);
-    LiveDesk desk(stage.camera);
+    LiveBusRig stage(Hasty);
+    LiveRig desk(stage.camera);
     desk.Click(true);
     stage.Play("stays");
     stage.Work(QStringLiteral("WindowClose"));

@@ -59,12 +59,12 @@ protected:
     }
 
     FakeStage stage;
-    LiveDesk desk{stage.camera};
+    LiveRig desk{stage.camera};
 };
 
 TEST_F(LiveProgramSideTest, WithNoCameraProgramTheOperatorIsToldOnceAndTheProgramRunsOnAndCloses) {
     stage.camera.absent = true;
-    LiveDesk other(stage.camera, LiveDesk::AtLastEnd::CameraOpen);
+    LiveRig other(stage.camera, LiveRig::AtLastEnd::CameraOpen);
     other.StartUp();
     EXPECT_EQ(other.Boxes(), Texts{"Error : Camera Load"});
     EXPECT_FALSE(other.ButtonPressed());

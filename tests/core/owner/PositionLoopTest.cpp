@@ -1,6 +1,6 @@
 #include "core/owner/PositionLoop.h"
 
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* Question = "box Manipulator was disconnected. Reconnect Manipulator?";
 
-class PositionLoopTest : public OwnerFixture {
+class PositionLoopTest : public OwnerRig {
 protected:
     void SetUp() override {
         WriteSettings(CalibrationText(0) + CalibrationText(1) + CalibrationText(2) + CalibrationText(3));
@@ -19,13 +19,13 @@ protected:
         if (throwsNumbers_) {
             throw 42;
         }
-        OwnerFixture::ManipulatorChange(number);
+        OwnerRig::ManipulatorChange(number);
     }
     void ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) override {
         if (throwsNumbers_) {
             throw 42;
         }
-        OwnerFixture::ChangeNeedleXYZ(index, root);
+        OwnerRig::ChangeNeedleXYZ(index, root);
     }
     bool throwsNumbers_ = false;  // whoever is told of needles raises what is no std::exception
     FakeTimer& Timer1() { return *timers_.created.at(0); }

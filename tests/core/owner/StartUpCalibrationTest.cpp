@@ -1,13 +1,13 @@
 // The calibrations that a load restores.
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
 namespace {
 
-using StartUpCalibration = OwnerFixture;
+using StartUpCalibrationTest = OwnerRig;
 
-TEST_F(StartUpCalibration, AStoredCalibrationIsRestoredAndMapsThePosition) {
+TEST_F(StartUpCalibrationTest, AStoredCalibrationIsRestoredAndMapsThePosition) {
     WriteSettings(CalibrationText(0));
     EXPECT_TRUE(Begin());
     EXPECT_TRUE(state_->CalibrationON(0));
@@ -20,7 +20,7 @@ TEST_F(StartUpCalibration, AStoredCalibrationIsRestoredAndMapsThePosition) {
     EXPECT_EQ(state_->Needle(0, 2), 0 + 300 - 5000);
 }
 
-TEST_F(StartUpCalibration, ASingleUnreadPointClearsTheCalibrationOfThatNeedleAlone) {
+TEST_F(StartUpCalibrationTest, ASingleUnreadPointClearsTheCalibrationOfThatNeedleAlone) {
     QByteArray damaged = CalibrationText(1);
     damaged.replace("Index:2,XYZ:1=24000\r\n", "");
     WriteSettings(CalibrationText(0) + damaged + CalibrationText(2) + CalibrationText(3));
@@ -32,7 +32,7 @@ TEST_F(StartUpCalibration, ASingleUnreadPointClearsTheCalibrationOfThatNeedleAlo
     EXPECT_TRUE(state_->CalibrationON(3));
 }
 
-TEST_F(StartUpCalibration, AMissingZeroClearsTheCalibration) {
+TEST_F(StartUpCalibrationTest, AMissingZeroClearsTheCalibration) {
     QByteArray damaged = CalibrationText(0);
     damaged.replace("ZERO,XYZ:2=0\r\n", "ZERO,XYZ:2=-100000\r\n");
     WriteSettings(damaged);
@@ -40,7 +40,7 @@ TEST_F(StartUpCalibration, AMissingZeroClearsTheCalibration) {
     EXPECT_FALSE(state_->CalibrationON(0));
 }
 
-TEST_F(StartUpCalibration, ADamagedCalibrationValueCountsAsMeasuredAtZero) {
+TEST_F(StartUpCalibrationTest, ADamagedCalibrationValueCountsAsMeasuredAtZero) {
     QByteArray damaged = CalibrationText(0);
     damaged.replace("ZERO,XYZ:0=100", "ZERO,XYZ:0=abc");
     WriteSettings(damaged);
@@ -49,7 +49,7 @@ TEST_F(StartUpCalibration, ADamagedCalibrationValueCountsAsMeasuredAtZero) {
     EXPECT_EQ(objects_->cNeedleMove->PosZero(0, 0), 0);
 }
 
-TEST_F(StartUpCalibration, TheStoredCentreOverridesTheComputedOneAndIsUnsetWhenNeverWritten) {
+TEST_F(StartUpCalibrationTest, TheStoredCentreOverridesTheComputedOneAndIsUnsetWhenNeverWritten) {
     QByteArray withoutCentre = CalibrationText(0);
     withoutCentre.replace("Center,", "Elsewhere,");
     WriteSettings(withoutCentre);
@@ -59,7 +59,7 @@ TEST_F(StartUpCalibration, TheStoredCentreOverridesTheComputedOneAndIsUnsetWhenN
     EXPECT_EQ(state_->Needle(0, 0), 100 + 100 + 100000);
 }
 
-TEST_F(StartUpCalibration, ACalibrationBeyondThirtyTwoBitsIsReportedAndTheLoadGoesOn) {
+TEST_F(StartUpCalibrationTest, ACalibrationBeyondThirtyTwoBitsIsReportedAndTheLoadGoesOn) {
     QByteArray damaged = CalibrationText(0);
     damaged.replace("Index:1,XYZ:0=7000", "Index:1,XYZ:0=2147483647");
     WriteSettings(damaged);

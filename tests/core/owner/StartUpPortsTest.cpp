@@ -1,14 +1,14 @@
 // The ports of the last run at a start.
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 #include "core/owner/StartUp.h"
 
 namespace travo::test {
 
 namespace {
 
-class StartUpPorts : public OwnerFixture {};
+class StartUpPortsTest : public OwnerRig {};
 
-TEST_F(StartUpPorts,
+TEST_F(StartUpPortsTest,
        StoredPortsAreOpenedInTheOrderMirrorGaugeMotorAndTheMirrorIsAskedForTheLowestMagnification) {
     WriteSettings("[COMPort]\r\nMotor=3\r\nMagnescale=2\r\nMirror=1\r\n");
     EXPECT_TRUE(Begin());
@@ -23,7 +23,7 @@ TEST_F(StartUpPorts,
     EXPECT_FALSE(state_->bMirrorMotorONOFF);
 }
 
-TEST_F(StartUpPorts, APortNumberOfOneOpensTheDeviceThatItIsStoredFor) {
+TEST_F(StartUpPortsTest, APortNumberOfOneOpensTheDeviceThatItIsStoredFor) {
     int device = 0;
     for (const char* const key : {"Mirror", "Magnescale", "Motor"}) {
         Restart();
@@ -36,7 +36,7 @@ TEST_F(StartUpPorts, APortNumberOfOneOpensTheDeviceThatItIsStoredFor) {
     }
 }
 
-TEST_F(StartUpPorts, APortNumberBelowOneLeavesTheDeviceClosed) {
+TEST_F(StartUpPortsTest, APortNumberBelowOneLeavesTheDeviceClosed) {
     WriteSettings("[COMPort]\r\nMirror=0\r\nMagnescale=-1\r\nMotor=0\r\n");
     EXPECT_TRUE(Begin());
     for (const std::string& entry : journal_) {
@@ -44,7 +44,7 @@ TEST_F(StartUpPorts, APortNumberBelowOneLeavesTheDeviceClosed) {
     }
 }
 
-TEST_F(StartUpPorts, AStoredPortThatDoesNotOpenStaysClosedInSilenceAndNoMagnificationIsAsked) {
+TEST_F(StartUpPortsTest, AStoredPortThatDoesNotOpenStaysClosedInSilenceAndNoMagnificationIsAsked) {
     serialPorts_.missing = {1};
     WriteSettings("[COMPort]\r\nMirror=1\r\n");
     EXPECT_TRUE(Begin());

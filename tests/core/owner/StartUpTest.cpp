@@ -1,12 +1,12 @@
 #include "core/owner/StartUp.h"
 
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class StartUpTest : public OwnerFixture {
+class StartUpTest : public OwnerRig {
 protected:
     // Settings that the load must refuse: it says so, ends, and leaves the file as it is.
     void ExpectRefused(const QByteArray& settings) {
@@ -20,7 +20,7 @@ protected:
         if (throwsNumbers_) {
             throw 42;
         }
-        OwnerFixture::ConstructPanels();
+        OwnerRig::ConstructPanels();
     }
     bool throwsNumbers_ = false;  // the window raises what is no std::exception
 };

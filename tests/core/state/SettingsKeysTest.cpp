@@ -8,20 +8,20 @@ namespace {
 
 using namespace settings;
 
-TEST(SettingsKeys, NamesAreBuiltOfPlainDecimals) {
+TEST(SettingsKeysTest, NamesAreBuiltOfPlainDecimals) {
     EXPECT_EQ(CalibrationSection(2), QStringLiteral("Manipulator Calibration:2"));
     EXPECT_EQ(CalibrationPointKey(3, 0), QStringLiteral("Index:3,XYZ:0"));
     EXPECT_EQ(ZeroKey(2), QStringLiteral("ZERO,XYZ:2"));
     EXPECT_EQ(CenterKey(1), QStringLiteral("Center,XYZ:1"));
 }
 
-TEST(SettingsKeys, MyPathAddsTheSeparatorUnlessItIsThere) {
+TEST(SettingsKeysTest, MyPathAddsTheSeparatorUnlessItIsThere) {
     EXPECT_EQ(MyPath(QStringLiteral("/a"), QLatin1Char('/')), QStringLiteral("/a/"));
     EXPECT_EQ(MyPath(QStringLiteral("/a/"), QLatin1Char('/')), QStringLiteral("/a/"));
     EXPECT_EQ(MyPath(QStringLiteral("C:\\a"), QLatin1Char('\\')), QStringLiteral("C:\\a\\"));
 }
 
-TEST(SettingsKeys, FloatsAreTheShortestTextThatReadsBack) {
+TEST(SettingsKeysTest, FloatsAreTheShortestTextThatReadsBack) {
     EXPECT_EQ(FloatText(0.1), QStringLiteral("0.1"));
     EXPECT_EQ(FloatText(-12.0), QStringLiteral("-12"));
     EXPECT_EQ(FloatText(0.1F), QStringLiteral("0.1"));
@@ -36,7 +36,7 @@ TEST(SettingsKeys, FloatsAreTheShortestTextThatReadsBack) {
     }
 }
 
-TEST(SettingsKeys, WhatIsNoNumberCountsAsZero) {
+TEST(SettingsKeysTest, WhatIsNoNumberCountsAsZero) {
     for (const char* const text : {"", "abc", "1,5", "nan", "inf", "1e999", "0x10"}) {
         EXPECT_EQ(FloatValue(QLatin1String(text)), 0.0) << text;
     }

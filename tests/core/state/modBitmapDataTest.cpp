@@ -33,7 +33,7 @@ PixelBuffer Filled(std::int32_t boundX, std::int32_t boundY) {
 
 std::uint32_t Count(const PixelBuffer& buffer, int x, int y) { return buffer.Pixel(x, y) & 0xFFFFFFU; }
 
-TEST(PixelBuffer, BothBoundsBelongToIt) {
+TEST(PixelBufferTest, BothBoundsBelongToIt) {
     PixelBuffer buffer(3, 2);
     EXPECT_EQ(buffer.BoundX(), 3);
     EXPECT_EQ(buffer.BoundY(), 2);
@@ -43,7 +43,7 @@ TEST(PixelBuffer, BothBoundsBelongToIt) {
     EXPECT_EQ(buffer.Pixel(0, 0), 0U);
 }
 
-TEST(PixelBuffer, BeyondItsBoundsIsAFailure) {
+TEST(PixelBufferTest, BeyondItsBoundsIsAFailure) {
     PixelBuffer buffer(3, 2);
     EXPECT_THROW(buffer.Pixel(4, 0), BoundsFailure);
     EXPECT_THROW(buffer.Pixel(0, 3), BoundsFailure);
@@ -54,7 +54,7 @@ TEST(PixelBuffer, BeyondItsBoundsIsAFailure) {
     EXPECT_THROW(PixelBuffer(0, -1), BoundsFailure);
 }
 
-TEST(modBitmapData, ReadingTurnsThePictureLeftToRightIntoColumnsAndRowsFromOne) {
+TEST(modBitmapDataTest, ReadingTurnsThePictureLeftToRightIntoColumnsAndRowsFromOne) {
     PixelBuffer buffer = Filled(3, 2);
     ASSERT_EQ(ReadBitmapPixels(Counted(3, 2), buffer), 0);
     for (int y = 0; y < 2; ++y) {
@@ -66,7 +66,7 @@ TEST(modBitmapData, ReadingTurnsThePictureLeftToRightIntoColumnsAndRowsFromOne) 
 }
 
 // The flat row of the 3 by 2 picture is 4 5 6 1 2 3 0.
-TEST(modBitmapData, ColumnZeroTakesTheFlatRowsNextElementAndRowZeroNothing) {
+TEST(modBitmapDataTest, ColumnZeroTakesTheFlatRowsNextElementAndRowZeroNothing) {
     PixelBuffer buffer = Filled(3, 2);
     ASSERT_EQ(ReadBitmapPixels(Counted(3, 2), buffer), 0);
     EXPECT_EQ(Count(buffer, 0, 2), 1U);
@@ -76,7 +76,7 @@ TEST(modBitmapData, ColumnZeroTakesTheFlatRowsNextElementAndRowZeroNothing) {
     }
 }
 
-TEST(modBitmapData, ALargerBufferKeepsWhatLiesBeyondThePicture) {
+TEST(modBitmapDataTest, ALargerBufferKeepsWhatLiesBeyondThePicture) {
     PixelBuffer buffer = Filled(5, 4);
     ASSERT_EQ(ReadBitmapPixels(Counted(3, 2), buffer), 0);
     EXPECT_EQ(Count(buffer, 3, 1), 1U);
@@ -85,7 +85,7 @@ TEST(modBitmapData, ALargerBufferKeepsWhatLiesBeyondThePicture) {
     EXPECT_EQ(buffer.Pixel(3, 3), Untouched);
 }
 
-TEST(modBitmapData, AReadFollowedByAWriteIsAnIdentity) {
+TEST(modBitmapDataTest, AReadFollowedByAWriteIsAnIdentity) {
     std::mt19937 random(20);
     for (const QSize& size : {QSize(1, 1), QSize(1, 9), QSize(9, 1), QSize(31, 17), QSize(640, 480)}) {
         QImage picture(size, QImage::Format_RGB32);
@@ -103,7 +103,7 @@ TEST(modBitmapData, AReadFollowedByAWriteIsAnIdentity) {
     }
 }
 
-TEST(modBitmapData, WritingPutsAChangedPixelWhereItWasRead) {
+TEST(modBitmapDataTest, WritingPutsAChangedPixelWhereItWasRead) {
     QImage picture = Counted(4, 3);
     PixelBuffer buffer(4, 3);
     ASSERT_EQ(ReadBitmapPixels(picture, buffer), 0);
@@ -114,7 +114,7 @@ TEST(modBitmapData, WritingPutsAChangedPixelWhereItWasRead) {
     EXPECT_EQ(picture, Counted(4, 3));
 }
 
-TEST(modBitmapData, WhereTwoPixelsShareAnElementTheLastColumnCountsInWriting) {
+TEST(modBitmapDataTest, WhereTwoPixelsShareAnElementTheLastColumnCountsInWriting) {
     QImage picture(2, 2, QImage::Format_RGB32);
     picture.fill(Qt::black);
     PixelBuffer buffer(2, 2);
@@ -124,7 +124,7 @@ TEST(modBitmapData, WhereTwoPixelsShareAnElementTheLastColumnCountsInWriting) {
     EXPECT_EQ(picture.pixel(0, 0), 0xFFBBBBBBU);
 }
 
-TEST(modBitmapData, ReadAndWriteWithAPictureOfOneByOnePixelTouchXZeroAndOne) {
+TEST(modBitmapDataTest, ReadAndWriteWithAPictureOfOneByOnePixelTouchXZeroAndOne) {
     PixelBuffer buffer = Filled(1, 1);
     QImage picture = Counted(1, 1);
     ASSERT_EQ(ReadBitmapPixels(picture, buffer), 0);
@@ -139,7 +139,7 @@ TEST(modBitmapData, ReadAndWriteWithAPictureOfOneByOnePixelTouchXZeroAndOne) {
     EXPECT_EQ(picture.pixel(0, 0), 0xFF00FF00U);
 }
 
-TEST(modBitmapData, TheBufferMustHaveRoomForIndexOneOnBothAxes) {
+TEST(modBitmapDataTest, TheBufferMustHaveRoomForIndexOneOnBothAxes) {
     QImage picture = Counted(1, 1);
     for (const auto& [boundX, boundY] : {std::pair{0, 0}, {0, 1}, {1, 0}}) {
         PixelBuffer buffer = Filled(boundX, boundY);
@@ -154,7 +154,7 @@ TEST(modBitmapData, TheBufferMustHaveRoomForIndexOneOnBothAxes) {
     EXPECT_EQ(WriteBitmapPixels(picture, none), -1);
 }
 
-TEST(modBitmapData, APictureWithoutPixelsOrWithAnotherDepthFails) {
+TEST(modBitmapDataTest, APictureWithoutPixelsOrWithAnotherDepthFails) {
     PixelBuffer buffer = Filled(8, 8);
     QImage null;
     QImage grey(4, 4, QImage::Format_Grayscale8);
@@ -171,7 +171,7 @@ TEST(modBitmapData, APictureWithoutPixelsOrWithAnotherDepthFails) {
 }
 
 // Rows of a part of a larger picture lie further apart than they are long.
-TEST(modBitmapData, RowsMayLieApartInMemory) {
+TEST(modBitmapDataTest, RowsMayLieApartInMemory) {
     std::array<std::uint32_t, 12> memory{};
     memory.fill(Untouched);
     auto* const bytes = reinterpret_cast<std::byte*>(memory.data());
@@ -192,7 +192,7 @@ TEST(modBitmapData, RowsMayLieApartInMemory) {
     EXPECT_EQ(again.Pixel(1, 3), 31U);
 }
 
-TEST(modBitmapData, AWriteDoesNotReachAPictureThatSharesThePixels) {
+TEST(modBitmapDataTest, AWriteDoesNotReachAPictureThatSharesThePixels) {
     QImage picture = Counted(2, 2);
     const QImage before = picture;
     PixelBuffer buffer(2, 2);

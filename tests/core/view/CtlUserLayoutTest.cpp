@@ -1,8 +1,10 @@
 // Where the controls of the user panel stand.
-#include "CtlUserBench.h"
+#include "CtlUserRig.h"
 
 namespace travo::test {
 namespace {
+
+class CtlUserLayoutTest : public CtlUserRig {};
 
 struct Row {
     const char* control;
@@ -27,7 +29,7 @@ const std::array<Row, 14> Rows{{
     {"lblVersion", {262, 482, 200, 24}, ""},
 }};
 
-TEST_F(CtlUserPanel, EveryControlStandsInItsPlaceAndScalesWithThePanel) {
+TEST_F(CtlUserLayoutTest, EveryControlStandsInItsPlaceAndScalesWithThePanel) {
     for (const int scale : {1, 2}) {
         Panel().resize(486 * scale, 520 * scale);
         for (const Row& row : Rows) {

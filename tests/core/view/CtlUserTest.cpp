@@ -1,8 +1,10 @@
 // The user panel's settings, worked as the operator works them.
-#include "CtlUserBench.h"
+#include "CtlUserRig.h"
 
 namespace travo::test {
 namespace {
+
+class CtlUserTest : public CtlUserRig {};
 
 using ::testing::IsEmpty;
 
@@ -11,7 +13,7 @@ const QString ZTold = QStringLiteral("Z Offset changes to minimum value");
 
 // Construction and the end.
 
-TEST_F(CtlUserPanel, StartsInTabModeWithBothSwitchesRaised) {
+TEST_F(CtlUserTest, StartsInTabModeWithBothSwitchesRaised) {
     EXPECT_EQ(Panel().objectName(), QStringLiteral("CtlUser1"));
     EXPECT_TRUE(Mode(0).Value());
     EXPECT_FALSE(Mode(1).Value());
@@ -20,18 +22,18 @@ TEST_F(CtlUserPanel, StartsInTabModeWithBothSwitchesRaised) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlUserPanel, TheVersionHasMajorAndMinorNumberOnly) {
+TEST_F(CtlUserTest, TheVersionHasMajorAndMinorNumberOnly) {
     EXPECT_EQ(Find<NumberLabel>(QStringLiteral("lblVersion")).text(),
               QStringLiteral("Version " TRAVO_VERSION));
 }
 
-TEST_F(CtlUserPanel, WithoutASettingsFileEveryWindowButtonIsRaised) {
+TEST_F(CtlUserTest, WithoutASettingsFileEveryWindowButtonIsRaised) {
     for (int index = 0; index < 5; ++index) {
         EXPECT_FALSE(Window(index).Value()) << index;
     }
 }
 
-TEST_F(CtlUserPanel, AKeyOfZeroPressesItsButtonAndAnyOtherRaisesItAndNothingIsOpened) {
+TEST_F(CtlUserTest, AKeyOfZeroPressesItsButtonAndAnyOtherRaisesItAndNothingIsOpened) {
     StoreWindow(0, QStringLiteral("0"));
     StoreWindow(1, QStringLiteral("1"));
     StoreWindow(2, QStringLiteral("0"));
@@ -46,7 +48,7 @@ TEST_F(CtlUserPanel, AKeyOfZeroPressesItsButtonAndAnyOtherRaisesItAndNothingIsOp
     EXPECT_EQ(live.State(), LiveLink::Object::None);
 }
 
-TEST_F(CtlUserPanel, AWindowButtonPressedAtTheEndOfTheRunGivesZeroAndTheWindowOpensAtTheNextStart) {
+TEST_F(CtlUserTest, AWindowButtonPressedAtTheEndOfTheRunGivesZeroAndTheWindowOpensAtTheNextStart) {
     Click(Window(1));
     Click(Window(4));
     CloseProgram();
@@ -56,12 +58,12 @@ TEST_F(CtlUserPanel, AWindowButtonPressedAtTheEndOfTheRunGivesZeroAndTheWindowOp
     EXPECT_FALSE(Window(2).Value());
 }
 
-TEST_F(CtlUserPanel, AProgramFolderWithASeparatorAtItsEndIsTheSameFolder) {
+TEST_F(CtlUserTest, AProgramFolderWithASeparatorAtItsEndIsTheSameFolder) {
     { const CtlUser other(System(), rig.ProgramFolder() + QLatin1Char('/')); }
     EXPECT_EQ(Setting(QStringLiteral("0")), QStringLiteral("1"));
 }
 
-TEST_F(CtlUserPanel, ARunThatNeverCameToLoadLeavesTheSettingsFileUntouched) {
+TEST_F(CtlUserTest, ARunThatNeverCameToLoadLeavesTheSettingsFileUntouched) {
     StoreWindow(0, QStringLiteral("0"));
     const QByteArray before = rig.Settings();
     Click(Window(1));
@@ -72,7 +74,7 @@ TEST_F(CtlUserPanel, ARunThatNeverCameToLoadLeavesTheSettingsFileUntouched) {
 
 // Offsets.
 
-TEST_F(CtlUserPanel, EachTimeItIsShownTheBoxesAndTheMinimumStandAsTheVariables) {
+TEST_F(CtlUserTest, EachTimeItIsShownTheBoxesAndTheMinimumStandAsTheVariables) {
     Panel();
     rig.needleMove.lngXYOffset = 250;
     rig.objective.lngOffset = 175;
@@ -84,7 +86,7 @@ TEST_F(CtlUserPanel, EachTimeItIsShownTheBoxesAndTheMinimumStandAsTheVariables) 
     EXPECT_EQ(Find<NumberLabel>(QStringLiteral("lblMinVal")).text(), QStringLiteral("120"));
 }
 
-TEST_F(CtlUserPanel, AnOffsetOfTenDigitsFromTheSettingsIsShownWhole) {
+TEST_F(CtlUserTest, AnOffsetOfTenDigitsFromTheSettingsIsShownWhole) {
     rig.objective.lngOffset = 2147483647;
     Panel();
     EXPECT_EQ(Offset(1).text(), QStringLiteral("2147483647"));
@@ -96,7 +98,7 @@ TEST_F(CtlUserPanel, AnOffsetOfTenDigitsFromTheSettingsIsShownWhole) {
     EXPECT_EQ(Offset(1).text(), QStringLiteral("123456789"));
 }
 
-TEST_F(CtlUserPanel, TheApplyButtonStoresBothOffsets) {
+TEST_F(CtlUserTest, TheApplyButtonStoresBothOffsets) {
     Type(0, QStringLiteral("300"));
     Type(1, QStringLiteral("150"));
     Apply();
@@ -105,14 +107,14 @@ TEST_F(CtlUserPanel, TheApplyButtonStoresBothOffsets) {
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, TypingAloneChangesNothing) {
+TEST_F(CtlUserTest, TypingAloneChangesNothing) {
     Type(0, QStringLiteral("300"));
     Type(1, QStringLiteral("150"));
     EXPECT_EQ(rig.needleMove.lngXYOffset, 0);
     EXPECT_EQ(rig.objective.lngOffset, 100);
 }
 
-TEST_F(CtlUserPanel, AnXYOffsetOfZeroIsAcceptedWithoutAnyMessage) {
+TEST_F(CtlUserTest, AnXYOffsetOfZeroIsAcceptedWithoutAnyMessage) {
     rig.needleMove.lngXYOffset = 70;
     Panel();
     Type(0, QStringLiteral("0"));
@@ -121,7 +123,7 @@ TEST_F(CtlUserPanel, AnXYOffsetOfZeroIsAcceptedWithoutAnyMessage) {
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, AZOffsetOf99WithTheSwitchRaisedGivesTheMessageAndTheBoxShows100) {
+TEST_F(CtlUserTest, AZOffsetOf99WithTheSwitchRaisedGivesTheMessageAndTheBoxShows100) {
     rig.objective.lngOffset = 500;
     Panel();
     Type(1, QStringLiteral("99"));
@@ -135,14 +137,14 @@ TEST_F(CtlUserPanel, AZOffsetOf99WithTheSwitchRaisedGivesTheMessageAndTheBoxShow
     EXPECT_TRUE(rig.Log().isEmpty());
 }
 
-TEST_F(CtlUserPanel, AZOffsetOfTheMinimumItselfIsAccepted) {
+TEST_F(CtlUserTest, AZOffsetOfTheMinimumItselfIsAccepted) {
     Type(1, QStringLiteral("100"));
     Apply();
     EXPECT_EQ(rig.objective.lngOffset, 100);
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, TheBoxShowsTheMinimumBeforeTheMessageIsSeenAndXYComesFirst) {
+TEST_F(CtlUserTest, TheBoxShowsTheMinimumBeforeTheMessageIsSeenAndXYComesFirst) {
     rig.needleMove.lngMinimumXYOffset = 10;
     Panel();
     QStringList seen;
@@ -156,7 +158,7 @@ TEST_F(CtlUserPanel, TheBoxShowsTheMinimumBeforeTheMessageIsSeenAndXYComesFirst)
     EXPECT_EQ(rig.objective.lngOffset, 100);
 }
 
-TEST_F(CtlUserPanel, AFractionIsRoundedToNearestWithTiesToEven) {
+TEST_F(CtlUserTest, AFractionIsRoundedToNearestWithTiesToEven) {
     const std::vector<std::pair<QString, std::int32_t>> rows{{QStringLiteral("120.5"), 120},
                                                              {QStringLiteral("121.5"), 122},
                                                              {QStringLiteral("121.49"), 121},
@@ -172,7 +174,7 @@ TEST_F(CtlUserPanel, AFractionIsRoundedToNearestWithTiesToEven) {
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, AFractionBelowTheMinimumIsBelowItThoughItRoundsToIt) {
+TEST_F(CtlUserTest, AFractionBelowTheMinimumIsBelowItThoughItRoundsToIt) {
     Offset(1).setText(QStringLiteral("99.9"));
     Apply();
     EXPECT_EQ(rig.boxes.Texts(), QStringList{ZTold});
@@ -181,7 +183,7 @@ TEST_F(CtlUserPanel, AFractionBelowTheMinimumIsBelowItThoughItRoundsToIt) {
 
 // The offset switch.
 
-TEST_F(CtlUserPanel, OffsetOFFReadAtLoadPressesTheSwitchAndZOffsetsBelow100AreAcceptedUntilItIsRaised) {
+TEST_F(CtlUserTest, OffsetOFFReadAtLoadPressesTheSwitchAndZOffsetsBelow100AreAcceptedUntilItIsRaised) {
     Panel().OffsetONOff(1);
     EXPECT_TRUE(Switch(0).Value());
     EXPECT_EQ(Panel().OffsetONOff(), 1);
@@ -199,7 +201,7 @@ TEST_F(CtlUserPanel, OffsetOFFReadAtLoadPressesTheSwitchAndZOffsetsBelow100AreAc
     EXPECT_EQ(rig.boxes.Texts(), QStringList{ZTold});
 }
 
-TEST_F(CtlUserPanel, PressingTheOffsetSwitchChangesNoValue) {
+TEST_F(CtlUserTest, PressingTheOffsetSwitchChangesNoValue) {
     Type(0, QStringLiteral("300"));
     Type(1, QStringLiteral("7"));
     Click(Switch(0));
@@ -211,7 +213,7 @@ TEST_F(CtlUserPanel, PressingTheOffsetSwitchChangesNoValue) {
     EXPECT_EQ(rig.objective.lngOffset, 7);
 }
 
-TEST_F(CtlUserPanel, RaisingTheOffsetSwitchStoresWhatStandsInTheBoxesAsTheApplyButtonDoesButSilently) {
+TEST_F(CtlUserTest, RaisingTheOffsetSwitchStoresWhatStandsInTheBoxesAsTheApplyButtonDoesButSilently) {
     rig.needleMove.lngMinimumXYOffset = 10;
     Panel();
     Click(Switch(0));
@@ -224,7 +226,7 @@ TEST_F(CtlUserPanel, RaisingTheOffsetSwitchStoresWhatStandsInTheBoxesAsTheApplyB
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, WritingOffsetONOffChecksNoOffset) {
+TEST_F(CtlUserTest, WritingOffsetONOffChecksNoOffset) {
     rig.objective.lngOffset = 5;
     Panel().OffsetONOff(-1);
     EXPECT_EQ(Panel().OffsetONOff(), 1);
@@ -238,7 +240,7 @@ TEST_F(CtlUserPanel, WritingOffsetONOffChecksNoOffset) {
 
 // The contact switch.
 
-TEST_F(CtlUserPanel, TheContactSwitchPressedLetsANeedlePassAndRaisedStopsIt) {
+TEST_F(CtlUserTest, TheContactSwitchPressedLetsANeedlePassAndRaisedStopsIt) {
     PlaceNeedlesInTheWay();
     EXPECT_FALSE(MoveThroughTheWay());
     Click(Switch(1));
@@ -249,7 +251,7 @@ TEST_F(CtlUserPanel, TheContactSwitchPressedLetsANeedlePassAndRaisedStopsIt) {
     EXPECT_FALSE(MoveThroughTheWay());
 }
 
-TEST_F(CtlUserPanel, WritingContactONOffPressesTheSwitchAndTellsTheNeedleMoves) {
+TEST_F(CtlUserTest, WritingContactONOffPressesTheSwitchAndTellsTheNeedleMoves) {
     PlaceNeedlesInTheWay();
     Panel().ContactONOff(5);
     EXPECT_TRUE(Switch(1).Value());
@@ -260,7 +262,7 @@ TEST_F(CtlUserPanel, WritingContactONOffPressesTheSwitchAndTellsTheNeedleMoves) 
     EXPECT_FALSE(MoveThroughTheWay());
 }
 
-TEST_F(CtlUserPanel, TheContactSwitchDoesNotTouchTheOffsets) {
+TEST_F(CtlUserTest, TheContactSwitchDoesNotTouchTheOffsets) {
     Click(Switch(0));
     Type(1, QStringLiteral("7"));
     Click(Switch(1));
@@ -272,7 +274,7 @@ TEST_F(CtlUserPanel, TheContactSwitchDoesNotTouchTheOffsets) {
 
 // What the boxes let through.
 
-TEST_F(CtlUserPanel, AKeyOtherThanBackspaceAndTheDigitsIsDropped) {
+TEST_F(CtlUserTest, AKeyOtherThanBackspaceAndTheDigitsIsDropped) {
     for (int index = 0; index < 2; ++index) {
         Type(index, QStringLiteral("1a2-3.4+ 5e6,789"));
         EXPECT_EQ(Offset(index).text(), QStringLiteral("123456789"));
@@ -281,14 +283,14 @@ TEST_F(CtlUserPanel, AKeyOtherThanBackspaceAndTheDigitsIsDropped) {
     }
 }
 
-TEST_F(CtlUserPanel, ABoxTakesNineDigits) {
+TEST_F(CtlUserTest, ABoxTakesNineDigits) {
     Type(0, QStringLiteral("9999999999"));
     EXPECT_EQ(Offset(0).text(), QStringLiteral("999999999"));
     Apply();
     EXPECT_EQ(rig.needleMove.lngXYOffset, 999999999);
 }
 
-TEST_F(CtlUserPanel, AnEmptyTextBoxShowsZeroAtOnce) {
+TEST_F(CtlUserTest, AnEmptyTextBoxShowsZeroAtOnce) {
     Type(0, QStringLiteral("42"));
     QTest::keyClick(&Offset(0), Qt::Key_Backspace);
     QTest::keyClick(&Offset(0), Qt::Key_Backspace);
@@ -299,7 +301,7 @@ TEST_F(CtlUserPanel, AnEmptyTextBoxShowsZeroAtOnce) {
     EXPECT_EQ(rig.needleMove.lngXYOffset, 0);
 }
 
-TEST_F(CtlUserPanel, ATextThatIsNegativeOrNoNumberIsReplacedByZeroAtOnce) {
+TEST_F(CtlUserTest, ATextThatIsNegativeOrNoNumberIsReplacedByZeroAtOnce) {
     for (const char* const text : {"-1", "-0.6", "abc", "12x", "nan", "inf", "--1", "0x10", "1e300", "9e9"}) {
         Offset(1).setText(QStringLiteral("500"));
         Offset(1).setText(QLatin1String(text));
@@ -307,7 +309,7 @@ TEST_F(CtlUserPanel, ATextThatIsNegativeOrNoNumberIsReplacedByZeroAtOnce) {
     }
 }
 
-TEST_F(CtlUserPanel, ATextThatRoundsToANonNegativeNumberStays) {
+TEST_F(CtlUserTest, ATextThatRoundsToANonNegativeNumberStays) {
     for (const char* const text : {"-0.5", "0.5", "12.75", "1e3", "007"}) {
         Offset(1).setText(QLatin1String(text));
         EXPECT_EQ(Offset(1).text(), QLatin1String(text));

@@ -1,8 +1,10 @@
 // The user panel's modes and windows, and the live camera at its button.
-#include "CtlUserBench.h"
+#include "CtlUserRig.h"
 
 namespace travo::test {
 namespace {
+
+class CtlUserWindowsTest : public CtlUserRig {};
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -12,7 +14,7 @@ const QString WindowLoad = QStringLiteral("Error : Window Load");
 
 // Modes.
 
-TEST_F(CtlUserPanel, OneModeIsAlwaysPressedWhateverIsClicked) {
+TEST_F(CtlUserWindowsTest, OneModeIsAlwaysPressedWhateverIsClicked) {
     struct Row {
         int clicked;
         bool tab;
@@ -33,7 +35,7 @@ TEST_F(CtlUserPanel, OneModeIsAlwaysPressedWhateverIsClicked) {
 
 // Windows.
 
-TEST_F(CtlUserPanel, AWindowButtonShowsAndHidesItsWindow) {
+TEST_F(CtlUserWindowsTest, AWindowButtonShowsAndHidesItsWindow) {
     for (int index = 1; index <= 4; ++index) {
         rig.journal.clear();
         Click(Window(index));
@@ -43,7 +45,8 @@ TEST_F(CtlUserPanel, AWindowButtonShowsAndHidesItsWindow) {
     }
 }
 
-TEST_F(CtlUserPanel, ClosingASecondaryWindowWithItsOwnButtonRaisesItsButtonAndItStaysClosedAtTheNextStart) {
+TEST_F(CtlUserWindowsTest,
+       ClosingASecondaryWindowWithItsOwnButtonRaisesItsButtonAndItStaysClosedAtTheNextStart) {
     Click(Window(3));
     rig.journal.clear();
     Panel().FormClose(3);
@@ -54,7 +57,7 @@ TEST_F(CtlUserPanel, ClosingASecondaryWindowWithItsOwnButtonRaisesItsButtonAndIt
     EXPECT_FALSE(Window(3).Value());
 }
 
-TEST_F(CtlUserPanel, AWindowThatFailsIsToldAsWindowLoadAndTheButtonStaysAsItIs) {
+TEST_F(CtlUserWindowsTest, AWindowThatFailsIsToldAsWindowLoadAndTheButtonStaysAsItIs) {
     windowsFail = true;
     Click(Window(2));
     EXPECT_EQ(rig.boxes.Texts(), QStringList{WindowLoad});
@@ -62,21 +65,21 @@ TEST_F(CtlUserPanel, AWindowThatFailsIsToldAsWindowLoadAndTheButtonStaysAsItIs) 
     EXPECT_TRUE(Window(2).Value());
 }
 
-TEST_F(CtlUserPanel, AWindowNumberThatDoesNotExistIsRefused) {
+TEST_F(CtlUserWindowsTest, AWindowNumberThatDoesNotExistIsRefused) {
     EXPECT_THROW(Panel().FormClose(5), BoundsFailure);
     EXPECT_THROW(Panel().FormClose(-1), BoundsFailure);
 }
 
 // The live camera.
 
-TEST_F(CtlUserPanel, TheCameraButtonCreatesAttachesAndShows) {
+TEST_F(CtlUserWindowsTest, TheCameraButtonCreatesAttachesAndShows) {
     Click(Window(0));
     EXPECT_THAT(rig.journal, ElementsAre("live created", "LiveAttach", "LiveShowWindow"));
     EXPECT_TRUE(rig.state.LiveOpen);
     EXPECT_TRUE(Window(0).Value());
 }
 
-TEST_F(CtlUserPanel, TheCameraButtonWithTheCameraOpenHidesAndShowsWithoutANewObject) {
+TEST_F(CtlUserWindowsTest, TheCameraButtonWithTheCameraOpenHidesAndShowsWithoutANewObject) {
     Click(Window(0));
     rig.journal.clear();
     Click(Window(0));
@@ -85,7 +88,7 @@ TEST_F(CtlUserPanel, TheCameraButtonWithTheCameraOpenHidesAndShowsWithoutANewObj
     EXPECT_THAT(rig.journal, ElementsAre("LiveHideWindow", "LiveShowWindow"));
 }
 
-TEST_F(CtlUserPanel, TheCameraButtonRaisedWithoutACameraCreatesAttachesAndHides) {
+TEST_F(CtlUserWindowsTest, TheCameraButtonRaisedWithoutACameraCreatesAttachesAndHides) {
     StoreWindow(0, QStringLiteral("0"));
     Click(Window(0));
     EXPECT_THAT(rig.journal, ElementsAre("live created", "LiveAttach", "LiveHideWindow"));
@@ -93,7 +96,7 @@ TEST_F(CtlUserPanel, TheCameraButtonRaisedWithoutACameraCreatesAttachesAndHides)
     EXPECT_FALSE(Window(0).Value());
 }
 
-TEST_F(CtlUserPanel, PressingTheCameraButtonWithNoCameraProgramLeavesTheButtonRaisedAfterTheError) {
+TEST_F(CtlUserWindowsTest, PressingTheCameraButtonWithNoCameraProgramLeavesTheButtonRaisedAfterTheError) {
     rig.camera.absent = true;
     bool raisedDuringTheBox = false;
     rig.boxes.whileShown = [&] { raisedDuringTheBox = !Window(0).Value(); };
@@ -107,7 +110,7 @@ TEST_F(CtlUserPanel, PressingTheCameraButtonWithNoCameraProgramLeavesTheButtonRa
     EXPECT_EQ(live.State(), LiveLink::Object::None);
 }
 
-TEST_F(CtlUserPanel, APressAfterAFailedOneTriesAgain) {
+TEST_F(CtlUserWindowsTest, APressAfterAFailedOneTriesAgain) {
     rig.camera.absent = true;
     Click(Window(0));
     rig.camera.absent = false;
@@ -117,7 +120,7 @@ TEST_F(CtlUserPanel, APressAfterAFailedOneTriesAgain) {
     EXPECT_TRUE(Window(0).Value());
 }
 
-TEST_F(CtlUserPanel, ACameraThatFailsToAttachIsToldAsWindowLoadAndIsDead) {
+TEST_F(CtlUserWindowsTest, ACameraThatFailsToAttachIsToldAsWindowLoadAndIsDead) {
     rig.camera.failing = {"LiveAttach"};
     Click(Window(0));
     EXPECT_THAT(rig.journal, ElementsAre("live created", "LiveAttach", "box Error : Window Load"));
@@ -125,7 +128,7 @@ TEST_F(CtlUserPanel, ACameraThatFailsToAttachIsToldAsWindowLoadAndIsDead) {
     EXPECT_FALSE(Window(0).Value());
 }
 
-TEST_F(CtlUserPanel, ACameraThatDiesAtAPressIsToldAsWindowLoadWithItsButtonRaised) {
+TEST_F(CtlUserWindowsTest, ACameraThatDiesAtAPressIsToldAsWindowLoadWithItsButtonRaised) {
     Click(Window(0));
     Click(Window(0));
     rig.camera.failing = {"LiveShowWindow"};
@@ -136,7 +139,7 @@ TEST_F(CtlUserPanel, ACameraThatDiesAtAPressIsToldAsWindowLoadWithItsButtonRaise
     EXPECT_FALSE(Window(0).Value());
 }
 
-TEST_F(CtlUserPanel, TheLossOfTheCameraProgramRaisesTheButtonWithoutABox) {
+TEST_F(CtlUserWindowsTest, TheLossOfTheCameraProgramRaisesTheButtonWithoutABox) {
     Click(Window(0));
     rig.camera.TellLost();
     EXPECT_FALSE(Window(0).Value());
@@ -144,7 +147,7 @@ TEST_F(CtlUserPanel, TheLossOfTheCameraProgramRaisesTheButtonWithoutABox) {
     EXPECT_THAT(rig.boxes.Texts(), IsEmpty());
 }
 
-TEST_F(CtlUserPanel, ACloseFromTheCameraSideThenAPressCreatesANewObjectAndDoesNotTouchTheOldOne) {
+TEST_F(CtlUserWindowsTest, ACloseFromTheCameraSideThenAPressCreatesANewObjectAndDoesNotTouchTheOldOne) {
     Click(Window(0));
     rig.journal.clear();
     rig.camera.TellWindowClose();
@@ -155,7 +158,7 @@ TEST_F(CtlUserPanel, ACloseFromTheCameraSideThenAPressCreatesANewObjectAndDoesNo
     EXPECT_EQ(rig.camera.created, 2);
 }
 
-TEST_F(CtlUserPanel, HidingFromTheCameraSideRaisesTheButtonAndSendsLiveHideWindowBackOnce) {
+TEST_F(CtlUserWindowsTest, HidingFromTheCameraSideRaisesTheButtonAndSendsLiveHideWindowBackOnce) {
     Click(Window(0));
     rig.journal.clear();
     rig.camera.TellWindowHide();
@@ -164,14 +167,14 @@ TEST_F(CtlUserPanel, HidingFromTheCameraSideRaisesTheButtonAndSendsLiveHideWindo
     EXPECT_THAT(rig.journal, ElementsAre("LiveHideWindow"));
 }
 
-TEST_F(CtlUserPanel, LiveFromHideWithoutACameraOnlyRaisesTheButton) {
+TEST_F(CtlUserWindowsTest, LiveFromHideWithoutACameraOnlyRaisesTheButton) {
     StoreWindow(0, QStringLiteral("0"));
     Panel().LiveFromHide();
     EXPECT_FALSE(Window(0).Value());
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlUserPanel, LiveButtonChangeSetsTheButtonAndNothingElse) {
+TEST_F(CtlUserWindowsTest, LiveButtonChangeSetsTheButtonAndNothingElse) {
     Panel().LiveButtonChange(false);
     EXPECT_TRUE(Window(0).Value());
     Panel().LiveButtonChange(true);
@@ -179,7 +182,7 @@ TEST_F(CtlUserPanel, LiveButtonChangeSetsTheButtonAndNothingElse) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlUserPanel, TheFormCloseOfTheCameraHidesIt) {
+TEST_F(CtlUserWindowsTest, TheFormCloseOfTheCameraHidesIt) {
     Click(Window(0));
     rig.journal.clear();
     Panel().FormClose(0);
@@ -199,7 +202,7 @@ struct CameraRow {
     Journal calls;
 };
 
-class CtlUserCamera : public CtlUserPanel, public ::testing::WithParamInterface<CameraRow> {
+class CtlUserCameraTest : public CtlUserRig, public ::testing::WithParamInterface<CameraRow> {
 protected:
     void Bring(CameraState state) {
         if (state == CameraState::None) {
@@ -229,7 +232,7 @@ protected:
     }
 };
 
-TEST_P(CtlUserCamera, GoesFromEachStateWhereTheEventTakesIt) {
+TEST_P(CtlUserCameraTest, GoesFromEachStateWhereTheEventTakesIt) {
     const CameraRow& row = GetParam();
     Bring(row.before);
     Happen(row.event);
@@ -242,7 +245,7 @@ const Journal CreatedAndShown{"live created", "LiveAttach", "LiveShowWindow"};
 const Journal CreatedAndHidden{"live created", "LiveAttach", "LiveHideWindow"};
 
 INSTANTIATE_TEST_SUITE_P(
-    EveryStateWithEveryEvent, CtlUserCamera,
+    EveryStateWithEveryEvent, CtlUserCameraTest,
     ::testing::Values(
         CameraRow{CameraState::None, CameraEvent::Click, true, true, CreatedAndShown},
         CameraRow{CameraState::None, CameraEvent::FormClose, false, true, CreatedAndHidden},

@@ -84,9 +84,9 @@ struct Edge {
     QRect larger;     // after a drag outwards
 };
 
-class FormSkinnedEdge : public FormSkinnedTest, public ::testing::WithParamInterface<Edge> {};
+class FormSkinnedEdgeTest : public FormSkinnedTest, public ::testing::WithParamInterface<Edge> {};
 
-TEST_P(FormSkinnedEdge, AnEdgeFollowsTheMouseOutwardsUntilItsRelease) {
+TEST_P(FormSkinnedEdgeTest, AnEdgeFollowsTheMouseOutwardsUntilItsRelease) {
     const Edge& edge = GetParam();
     Press(edge.press);
     EXPECT_EQ(window.Resizing(), edge.mode);
@@ -101,7 +101,7 @@ TEST_P(FormSkinnedEdge, AnEdgeFollowsTheMouseOutwardsUntilItsRelease) {
     EXPECT_EQ(moves, 0);
 }
 
-TEST_P(FormSkinnedEdge, AWindowCannotBeMadeSmallerThanItsLeastSizeOnEitherAxis) {
+TEST_P(FormSkinnedEdgeTest, AWindowCannotBeMadeSmallerThanItsLeastSizeOnEitherAxis) {
     const Edge& edge = GetParam();
     Press(edge.press);
     const QPoint mouse = window.mapToGlobal(edge.press);
@@ -117,7 +117,7 @@ TEST_P(FormSkinnedEdge, AWindowCannotBeMadeSmallerThanItsLeastSizeOnEitherAxis) 
 }
 
 // Events that tell where the mouse was in a window that had not been moved yet.
-TEST_P(FormSkinnedEdge, StalePlacesInTheWindowDoNotThrowTheEdgeAbout) {
+TEST_P(FormSkinnedEdgeTest, StalePlacesInTheWindowDoNotThrowTheEdgeAbout) {
     const Edge& edge = GetParam();
     Press(edge.press);
     const QPoint mouse = window.mapToGlobal(edge.press);
@@ -128,7 +128,7 @@ TEST_P(FormSkinnedEdge, StalePlacesInTheWindowDoNotThrowTheEdgeAbout) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Edges, FormSkinnedEdge,
+    Edges, FormSkinnedEdgeTest,
     ::testing::Values(
         Edge{Right, {338, 150}, {200, 180, 221, 300}, {-20, 0}, {52, 5}, {200, 180, 390, 300}},
         Edge{Bottom, {170, 298}, {200, 180, 340, 195}, {0, -20}, {5, 42}, {200, 180, 340, 340}},

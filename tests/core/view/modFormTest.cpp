@@ -18,7 +18,7 @@ using enum ResizeMode;
 // The window of the tables: 340 by 300 pixels.
 const QSizeF Units(5100, 4500);
 
-TEST(modForm, TheFirstRuleThatHoldsGivesTheMode) {
+TEST(modFormTest, TheFirstRuleThatHoldsGivesTheMode) {
     struct Case {
         QPointF mouse;
         ResizeMode mode;
@@ -47,26 +47,26 @@ TEST(modForm, TheFirstRuleThatHoldsGivesTheMode) {
     }
 }
 
-TEST(modForm, OutsideOfTheWindowTheNearestEdgesCount) {
+TEST(modFormTest, OutsideOfTheWindowTheNearestEdgesCount) {
     EXPECT_EQ(ResizeModeAt(Units, {-300, -300}), TopLeft);
     EXPECT_EQ(ResizeModeAt(Units, {9000, 2000}), Right);
     EXPECT_EQ(ResizeModeAt(Units, {2000, -1}), Top);
 }
 
-TEST(modForm, InAWindowOfTwoMarginsAndLessRightAndBottomWin) {
+TEST(modFormTest, InAWindowOfTwoMarginsAndLessRightAndBottomWin) {
     EXPECT_EQ(ResizeModeAt({45, 45}, {20, 20}), BottomRight);
     EXPECT_EQ(ResizeModeAt({45, 4500}, {20, 2000}), Right);
     EXPECT_EQ(ResizeModeAt({5100, 45}, {2000, 20}), Bottom);
 }
 
-TEST(modForm, ModesHaveTheirNumbers) {
+TEST(modFormTest, ModesHaveTheirNumbers) {
     const ResizeMode inOrder[] = {None, Right, Bottom, Left, Top, BottomRight, TopLeft, BottomLeft, TopRight};
     for (std::int16_t number = 0; number <= 8; ++number) {
         EXPECT_EQ(static_cast<std::int16_t>(inOrder[number]), number);
     }
 }
 
-TEST(modForm, EveryModeHasItsPointer) {
+TEST(modFormTest, EveryModeHasItsPointer) {
     EXPECT_EQ(PointerOf(BottomRight), Qt::SizeFDiagCursor);
     EXPECT_EQ(PointerOf(TopLeft), Qt::SizeFDiagCursor);
     EXPECT_EQ(PointerOf(BottomLeft), Qt::SizeBDiagCursor);
@@ -96,7 +96,7 @@ void Expect(const std::vector<Drag>& drags) {
     }
 }
 
-TEST(modForm, TheEdgesOfTheModeFollowTheMouse) {
+TEST(modFormTest, TheEdgesOfTheModeFollowTheMouse) {
     Expect({{None, {10, 10}, {500, 400, 340, 300}},
             {Right, {400, 999}, {500, 400, 400, 300}},
             {Bottom, {999, 350}, {500, 400, 340, 350}},
@@ -108,7 +108,7 @@ TEST(modForm, TheEdgesOfTheModeFollowTheMouse) {
             {TopRight, {400, -50}, {500, 350, 400, 350}}});
 }
 
-TEST(modForm, AtTheLimitTheEdgesStillFollow) {
+TEST(modFormTest, AtTheLimitTheEdgesStillFollow) {
     Expect({{Right, {221, 0}, {500, 400, 221, 300}},
             {Bottom, {0, 195}, {500, 400, 340, 195}},
             {Left, {119, 0}, {619, 400, 221, 300}},
@@ -119,7 +119,7 @@ TEST(modForm, AtTheLimitTheEdgesStillFollow) {
             {TopRight, {221, 105}, {500, 505, 221, 195}}});
 }
 
-TEST(modForm, AWindowCannotBeMadeSmallerThanItsLimitOnEitherAxis) {
+TEST(modFormTest, AWindowCannotBeMadeSmallerThanItsLimitOnEitherAxis) {
     Expect({{Right, {220, 0}, {500, 400, 221, 300}},
             {Bottom, {0, 194}, {500, 400, 340, 195}},
             {Left, {120, 0}, {619, 400, 221, 300}},
@@ -130,11 +130,11 @@ TEST(modForm, AWindowCannotBeMadeSmallerThanItsLimitOnEitherAxis) {
             {TopRight, {-900, 900}, {500, 505, 221, 195}}});
 }
 
-TEST(modForm, AnAxisAtItsLimitDoesNotHoldTheOtherOne) {
+TEST(modFormTest, AnAxisAtItsLimitDoesNotHoldTheOtherOne) {
     Expect({{BottomRight, {100, 500}, {500, 400, 221, 500}}, {TopLeft, {300, -100}, {619, 300, 221, 400}}});
 }
 
-TEST(modForm, MovingTheTopEdgeDownPastTheLimitLeavesTheBottomEdgeWhereItWas) {
+TEST(modFormTest, MovingTheTopEdgeDownPastTheLimitLeavesTheBottomEdgeWhereItWas) {
     for (const ResizeMode mode : {Top, TopLeft, TopRight}) {
         for (int y = 0; y < 1000; y += 7) {
             EXPECT_EQ(Resized(mode, Window, {10, y}, Least).bottom(), Window.bottom()) << y;
@@ -147,14 +147,14 @@ TEST(modForm, MovingTheTopEdgeDownPastTheLimitLeavesTheBottomEdgeWhereItWas) {
     }
 }
 
-TEST(modForm, TheLeastSizeIsWholePixelsAndNotBelowItsPart) {
+TEST(modFormTest, TheLeastSizeIsWholePixelsAndNotBelowItsPart) {
     EXPECT_EQ(PartOf({340, 300}, 0.65, 0.65), QSize(221, 195));
     EXPECT_EQ(PartOf({276, 222}, 0.65, 0.65), QSize(180, 145));  // 179.4, 144.3
     EXPECT_EQ(PartOf({276, 192}, 0.65, 0.65), QSize(180, 125));  // 124.8
     EXPECT_EQ(PartOf({410, 483}, 0.9, 0.65), QSize(369, 314));   // 313.95
 }
 
-TEST(modForm, FromItsBaseEveryDesignSizeIsWholeStepsOnEveryScreen) {
+TEST(modFormTest, FromItsBaseEveryDesignSizeIsWholeStepsOnEveryScreen) {
     for (const QSize& design : {QSize(410, 483), QSize(276, 222), QSize(276, 192), QSize(340, 300)}) {
         for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 2.5, 3.0, 3.5}) {
             const QSize base = StepBase(design, ratio);
@@ -172,7 +172,7 @@ TEST(modForm, FromItsBaseEveryDesignSizeIsWholeStepsOnEveryScreen) {
     }
 }
 
-TEST(modForm, TheShapeIsRoundAtTheTopAndSquareAtTheBottom) {
+TEST(modFormTest, TheShapeIsRoundAtTheTopAndSquareAtTheBottom) {
     const QRegion shape = WindowShape({340, 300});
     EXPECT_FALSE(shape.contains(QPoint(0, 0)));
     EXPECT_FALSE(shape.contains(QPoint(339, 0)));
@@ -200,7 +200,7 @@ public:
     QWidget* holder = nullptr;
 };
 
-TEST(modForm, ApplyWindowShapeShapesTheWindowAndPutsTheFrameAlongItsEdges) {
+TEST(modFormTest, ApplyWindowShapeShapesTheWindowAndPutsTheFrameAlongItsEdges) {
     QWidget window;
     QWidget first(&window);
     QWidget second(&window);
@@ -224,7 +224,7 @@ TEST(modForm, ApplyWindowShapeShapesTheWindowAndPutsTheFrameAlongItsEdges) {
     }
 }
 
-TEST(modForm, ResizeHitTestTakesThePixelsOfAMargin) {
+TEST(modFormTest, ResizeHitTestTakesThePixelsOfAMargin) {
     QWidget window;
     window.resize(340, 300);
     RecordedMove move;
@@ -237,7 +237,7 @@ TEST(modForm, ResizeHitTestTakesThePixelsOfAMargin) {
     EXPECT_EQ(move.moved, std::vector<QWidget*>{&window});
 }
 
-TEST(modForm, AClickInTheInteriorReleasesTheMouseAndStartsTheSystemsDrag) {
+TEST(modFormTest, AClickInTheInteriorReleasesTheMouseAndStartsTheSystemsDrag) {
     QWidget window;
     window.resize(340, 300);
     window.show();
@@ -251,13 +251,13 @@ TEST(modForm, AClickInTheInteriorReleasesTheMouseAndStartsTheSystemsDrag) {
     EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
-TEST(modForm, TheSystemsDragOfAWindowNeverShownDoesNothing) {
+TEST(modFormTest, TheSystemsDragOfAWindowNeverShownDoesNothing) {
     QWidget window;
     SystemWindowMove().Start(window);
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST(modForm, ResizePointerShowsWhatAPressThereWouldResize) {
+TEST(modFormTest, ResizePointerShowsWhatAPressThereWouldResize) {
     QWidget window;
     window.resize(340, 300);
     for (const auto& [x, y, shape] : {std::tuple{0.0, 0.0, Qt::SizeFDiagCursor},

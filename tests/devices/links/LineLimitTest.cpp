@@ -24,12 +24,12 @@ class NoListener : public SharedState::Listener {
 };
 
 // All three links; what they tell goes to one journal.
-class LineLimit : public LinkRig,
-                  public clsMirror::Receiver,
-                  public clsMotor::Panel,
-                  public clsMagnescale::Receiver {
+class LineLimitTest : public LinkRig,
+                      public clsMirror::Receiver,
+                      public clsMotor::Panel,
+                      public clsMagnescale::Receiver {
 protected:
-    LineLimit() {
+    LineLimitTest() {
         mirror.emplace(serialPorts, failures, *this);
         motor.emplace(serialPorts, eventLoop, state, *this, failures);
         gauge.emplace(serialPorts, failures, *this);
@@ -81,14 +81,14 @@ private:
     void MagnescaleData(std::int32_t Data) override { journal.push_back("Z " + std::to_string(Data)); }
 };
 
-TEST_F(LineLimit, AMirrorLineOf64KilobytesIsTakenAndOneByteMoreIsDropped) {
+TEST_F(LineLimitTest, AMirrorLineOf64KilobytesIsTakenAndOneByteMoreIsDropped) {
     FromMirror(MirrorLineOf(MostLineBytes) + "\r\n");
     EXPECT_EQ(journal, Journal{"X 5"});
     FromMirror(MirrorLineOf(MostLineBytes + 1) + "\r\naD1R7\r\n");
     EXPECT_EQ(journal, (Journal{"X 5", "Y 7", MirrorDropped}));
 }
 
-TEST_F(LineLimit, AMirrorLineIsAsLongInPieces) {
+TEST_F(LineLimitTest, AMirrorLineIsAsLongInPieces) {
     const std::string longest = MirrorLineOf(MostLineBytes);
     FromMirror(longest);
     FromMirror("\r");
@@ -102,7 +102,7 @@ TEST_F(LineLimit, AMirrorLineIsAsLongInPieces) {
     EXPECT_EQ(journal, (Journal{"X 5", MirrorDropped, "Y 7"}));
 }
 
-TEST_F(LineLimit, ALineOfTheErgoUnitIsDroppedUpToItsOwnEnd) {
+TEST_F(LineLimitTest, ALineOfTheErgoUnitIsDroppedUpToItsOwnEnd) {
     const std::string longest = "RZ" + std::string(MostLineBytes - 2, '1');
     FromMirror(longest + "\r");
     EXPECT_EQ(journal, Journal{"ergo 65536"});
@@ -113,7 +113,7 @@ TEST_F(LineLimit, ALineOfTheErgoUnitIsDroppedUpToItsOwnEnd) {
     EXPECT_EQ(journal, (Journal{MirrorDropped, "ergo 3"}));
 }
 
-TEST_F(LineLimit, WhatAMirrorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
+TEST_F(LineLimitTest, WhatAMirrorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
     EXPECT_LT(HeldAfter([this](const std::string& piece) { FromMirror(piece); }), 4 * MostLineBytes);
     EXPECT_EQ(journal, Journal{MirrorDropped});
     FromMirror("\r\naD1R7\r\n");
@@ -122,27 +122,27 @@ TEST_F(LineLimit, WhatAMirrorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
     EXPECT_EQ(journal, (Journal{MirrorDropped, "Y 7", MirrorDropped}));
 }
 
-TEST_F(LineLimit, CarriageReturnsAloneEndNoFloodOfTheMirror) {
+TEST_F(LineLimitTest, CarriageReturnsAloneEndNoFloodOfTheMirror) {
     EXPECT_LT(HeldAfter([this](const std::string& piece) { FromMirror(piece); }, '\r'), 4 * MostLineBytes);
     FromMirror("\naD1R7\r\n");
     EXPECT_EQ(journal, (Journal{MirrorDropped, "Y 7"}));
 }
 
-TEST_F(LineLimit, AnErrorLineOf4MegabytesIsNeitherShownNorLogged) {
+TEST_F(LineLimitTest, AnErrorLineOf4MegabytesIsNeitherShownNorLogged) {
     FromMirror("nD2A" + std::string(std::size_t{4} * 1024 * 1024, ' ') + "2\r\n");
     FromMotor(std::string(std::size_t{4} * 1024 * 1024, 'Z') + "\r");
     EXPECT_TRUE(Silent());
     EXPECT_EQ(journal, (Journal{MirrorDropped, MotorDropped}));
 }
 
-TEST_F(LineLimit, AMotorLineOf64KilobytesIsTakenAndOneByteMoreIsDropped) {
+TEST_F(LineLimitTest, AMotorLineOf64KilobytesIsTakenAndOneByteMoreIsDropped) {
     FromMotor(std::string(MostLineBytes, 'A') + "\r");
     EXPECT_EQ(journal, Journal{"unlock"});
     FromMotor(std::string(MostLineBytes + 1, 'A') + "\rA\r");
     EXPECT_EQ(journal, (Journal{"unlock", "unlock", MotorDropped}));
 }
 
-TEST_F(LineLimit, WhatAMotorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
+TEST_F(LineLimitTest, WhatAMotorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
     EXPECT_LT(HeldAfter([this](const std::string& piece) { FromMotor(piece); }), 4 * MostLineBytes);
     EXPECT_EQ(journal, Journal{MotorDropped});
     FromMotor("A\rA\r");
@@ -150,7 +150,7 @@ TEST_F(LineLimit, WhatAMotorSendsWithoutAnEndIsNotKeptAndToldOfOnce) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(LineLimit, NoiseOfTheGaugeIsNotKeptToldOfOnceAndAReadingBehindItCounts) {
+TEST_F(LineLimitTest, NoiseOfTheGaugeIsNotKeptToldOfOnceAndAReadingBehindItCounts) {
     EXPECT_LT(HeldAfter([this](const std::string& piece) { FromGauge(piece); }), 4 * MostLineBytes);
     EXPECT_EQ(journal, Journal{GaugeDropped});
     FromGauge("A+01");
@@ -158,13 +158,13 @@ TEST_F(LineLimit, NoiseOfTheGaugeIsNotKeptToldOfOnceAndAReadingBehindItCounts) {
     EXPECT_EQ(journal, (Journal{GaugeDropped, "Z 1234"}));
 }
 
-TEST_F(LineLimit, AReadingWhoseBeginningCameBehindLongNoiseIsKept) {
+TEST_F(LineLimitTest, AReadingWhoseBeginningCameBehindLongNoiseIsKept) {
     FromGauge(std::string(MostLineBytes + 1, 'x') + "A+01");
     FromGauge(".234");
     EXPECT_EQ(journal, (Journal{GaugeDropped, "Z 1234"}));
 }
 
-TEST_F(LineLimit, WhatIsKeptOverAClosingCounts) {
+TEST_F(LineLimitTest, WhatIsKeptOverAClosingCounts) {
     const std::string half(MostLineBytes / 2 + 1, '0');
     FromMirror("aD2R" + half);
     FromMotor("A" + half);
@@ -178,7 +178,7 @@ TEST_F(LineLimit, WhatIsKeptOverAClosingCounts) {
     EXPECT_EQ(journal, (Journal{"Y 7", MirrorDropped, MotorDropped}));
 }
 
-TEST_F(LineLimit, ADroppedLineGoesOnOverAClosing) {
+TEST_F(LineLimitTest, ADroppedLineGoesOnOverAClosing) {
     FromMirror(MirrorLineOf(MostLineBytes + 1));
     mirror->PortClose();
     mirror->PortOpen(1);

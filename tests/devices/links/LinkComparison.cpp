@@ -69,12 +69,12 @@ private:
 };
 
 // The machine and the receivers of one link; all that comes out of the link goes to the events.
-class Bench : public platform::MessageBoxes,
-              public platform::EventLoop,
-              public SharedState::Listener,
-              public clsMirror::Receiver,
-              public clsMotor::Panel,
-              public clsMagnescale::Receiver {
+class LinkComparisonRig : public platform::MessageBoxes,
+                          public platform::EventLoop,
+                          public SharedState::Listener,
+                          public clsMirror::Receiver,
+                          public clsMotor::Panel,
+                          public clsMagnescale::Receiver {
 public:
     // Only what is received is compared, so nothing is kept of what is sent.
     FakeSerialPort& Port() { return *ports.created.front(); }
@@ -117,8 +117,8 @@ public:
 };
 
 template <typename Link, typename Reference>
-LinkComparison Compare(std::string_view script, int code, Bench& bench, Link& link, Reference& reference,
-                       LinkEvents& expected) {
+LinkComparison Compare(std::string_view script, int code, LinkComparisonRig& bench, Link& link,
+                       Reference& reference, LinkEvents& expected) {
     link.PortOpen(1);
     bench.events.list.clear();
     const std::vector<Piece> pieces = Pieces(script);
@@ -134,7 +134,7 @@ LinkComparison Compare(std::string_view script, int code, Bench& bench, Link& li
 }  // namespace
 
 LinkComparison CompareMirror(std::string_view script) {
-    Bench bench;
+    LinkComparisonRig bench;
     clsMirror link(bench.ports, bench.failures, bench);
     LinkEvents expected;
     ReferenceMirror reference(expected);
@@ -142,7 +142,7 @@ LinkComparison CompareMirror(std::string_view script) {
 }
 
 LinkComparison CompareMotor(std::string_view script) {
-    Bench bench;
+    LinkComparisonRig bench;
     clsMotor link(bench.ports, bench, bench.state, bench, bench.failures);
     LinkEvents expected;
     ReferenceMotor reference(expected);
@@ -153,7 +153,7 @@ LinkComparison CompareMotor(std::string_view script) {
 }
 
 LinkComparison CompareGauge(std::string_view script) {
-    Bench bench;
+    LinkComparisonRig bench;
     clsMagnescale link(bench.ports, bench.failures, bench);
     LinkEvents expected;
     ReferenceGauge reference(expected);

@@ -102,17 +102,17 @@ std::set<std::string> CompareAtRandom(const Fragments& fragments, Compare&& comp
     return met;
 }
 
-TEST(LinkComparison, TheMirrorLinkEqualsItsReferenceOnRandomTextAndCuts) {
+TEST(LinkComparisonTest, TheMirrorLinkEqualsItsReferenceOnRandomTextAndCuts) {
     EXPECT_EQ(CompareAtRandom(MirrorFragments, CompareMirror),
               (std::set<std::string>{"X", "XY", "Y", "box", "ergo", "magnification", "motor"}));
 }
 
-TEST(LinkComparison, TheMotorLinkEqualsItsReferenceOnRandomTextAndCuts) {
+TEST(LinkComparisonTest, TheMotorLinkEqualsItsReferenceOnRandomTextAndCuts) {
     EXPECT_EQ(CompareAtRandom(MotorFragments, CompareMotor),
               (std::set<std::string>{"box", "identified", "serve", "unknown", "unlock"}));
 }
 
-TEST(LinkComparison, TheGaugeLinkEqualsItsReferenceOnRandomTextAndCuts) {
+TEST(LinkComparisonTest, TheGaugeLinkEqualsItsReferenceOnRandomTextAndCuts) {
     EXPECT_EQ(CompareAtRandom(GaugeFragments, CompareGauge), std::set<std::string>{"Z"});
 }
 
@@ -126,7 +126,7 @@ Fragments WithLongOnes(Fragments fragments) {
     return fragments;
 }
 
-TEST(LinkComparison, TheLinksEqualTheirReferencesOnLinesOfAnyLength) {
+TEST(LinkComparisonTest, TheLinksEqualTheirReferencesOnLinesOfAnyLength) {
     constexpr int Rounds = 150;
     EXPECT_TRUE(CompareAtRandom(WithLongOnes(MirrorFragments), CompareMirror, Rounds).contains("dropped"));
     EXPECT_TRUE(CompareAtRandom(WithLongOnes(MotorFragments), CompareMotor, Rounds).contains("dropped"));
@@ -134,7 +134,7 @@ TEST(LinkComparison, TheLinksEqualTheirReferencesOnLinesOfAnyLength) {
     EXPECT_TRUE(CompareAtRandom(gauge, CompareGauge, Rounds).contains("dropped"));
 }
 
-TEST(LinkComparison, InnerPiecesComeWithinWhatTheLinkLetsOut) {
+TEST(LinkComparisonTest, InnerPiecesComeWithinWhatTheLinkLetsOut) {
     std::string script = "nD2A2\r\naD1R";
     script += PieceMark;
     script += "aD2R1\r\naD2R";

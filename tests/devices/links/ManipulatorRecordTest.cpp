@@ -10,23 +10,23 @@ namespace {
 
 constexpr PositionXYZ Counts{12000, 0, 25000};
 
-TEST(ManipulatorRecord, IsIndexAndCountsWithCommas) {
+TEST(ManipulatorRecordTest, IsIndexAndCountsWithCommas) {
     EXPECT_EQ(ManipulatorRecord::Text(2, Counts), "2,12000,0,25000");
 }
 
-TEST(ManipulatorRecord, TellsWhatWasWrittenIntoIt) {
+TEST(ManipulatorRecordTest, TellsWhatWasWrittenIntoIt) {
     const ManipulatorRecord record(ManipulatorRecord::Text(3, Counts));
     EXPECT_TRUE(record.HoldsPosition());
     EXPECT_EQ(record.Index(), 3);
     EXPECT_EQ(record.Counts(), Counts);
 }
 
-TEST(ManipulatorRecord, Minus1AloneHoldsNoPosition) {
+TEST(ManipulatorRecordTest, Minus1AloneHoldsNoPosition) {
     EXPECT_EQ(ManipulatorRecord::Nothing(), "-1");
     EXPECT_FALSE(ManipulatorRecord(ManipulatorRecord::Nothing()).HoldsPosition());
 }
 
-TEST(ManipulatorRecord, WithABadCountStillTellsItsIndex) {
+TEST(ManipulatorRecordTest, WithABadCountStillTellsItsIndex) {
     for (const char* const text : {"1,2,3", "1,2,3,x", "1,,3,4", "1,2,3, 4", "1"}) {
         const ManipulatorRecord record(text);
         EXPECT_EQ(record.Index(), 1) << text;
@@ -34,14 +34,14 @@ TEST(ManipulatorRecord, WithABadCountStillTellsItsIndex) {
     }
 }
 
-TEST(ManipulatorRecord, WithoutAnIndexIsAFailure) {
+TEST(ManipulatorRecordTest, WithoutAnIndexIsAFailure) {
     for (const char* const text : {"", ",1,2,3", "x,1,2,3", " 1,2,3,4"}) {
         EXPECT_THROW(ManipulatorRecord(text).Index(), NumberFailure) << text;
         EXPECT_THROW(ManipulatorRecord(text).HoldsPosition(), NumberFailure) << text;
     }
 }
 
-TEST(ManipulatorRecord, BeyondItsIntegersIsAnOverflow) {
+TEST(ManipulatorRecordTest, BeyondItsIntegersIsAnOverflow) {
     EXPECT_THROW(ManipulatorRecord("32768,1,2,3").Index(), OverflowFailure);
     EXPECT_THROW(ManipulatorRecord("1,2147483648,2,3").Counts(), OverflowFailure);
 }

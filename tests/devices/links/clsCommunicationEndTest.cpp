@@ -17,9 +17,9 @@ using Moves = std::vector<std::array<std::int32_t, 3>>;
 
 enum class Reason { Decided, Asked };
 
-class EndOfMoves : public ::testing::TestWithParam<Reason>, public ManipulatorRig {
+class clsCommunicationEndTest : public ::testing::TestWithParam<Reason>, public ManipulatorRig {
 protected:
-    EndOfMoves() {
+    clsCommunicationEndTest() {
         link.reset();
         facade.emplace(clsCommunication::Machine{Machine(), serialPorts, eventLoop}, state, failures,
                        instruments);
@@ -48,7 +48,7 @@ protected:
     std::optional<clsCommunication> facade;
 };
 
-TEST_P(EndOfMoves, NothingIsSentThatMovesAnything) {
+TEST_P(clsCommunicationEndTest, NothingIsSentThatMovesAnything) {
     End();
     EXPECT_EQ(facade->SendManipulatorData(0, {400, 5, 6}, {0, 5, 6}), 0);
     facade->SendMirrorData(0, 10);
@@ -66,7 +66,7 @@ TEST_P(EndOfMoves, NothingIsSentThatMovesAnything) {
     EXPECT_EQ(clock.slept, 0);
 }
 
-TEST_P(EndOfMoves, WhatStopsAsksSwitchesOffAndClosesIsSent) {
+TEST_P(clsCommunicationEndTest, WhatStopsAsksSwitchesOffAndClosesIsSent) {
     End();
     facade->MotorHALT();
     facade->SendMotorLock(0);
@@ -78,14 +78,14 @@ TEST_P(EndOfMoves, WhatStopsAsksSwitchesOffAndClosesIsSent) {
                                 "port 1 close", "port 2 close", "port 3 close"}));
 }
 
-TEST_P(EndOfMoves, TheWayBackOfATestThatIsUnderWayIsSent) {
+TEST_P(clsCommunicationEndTest, TheWayBackOfATestThatIsUnderWayIsSent) {
     eventLoop.whileServed = [this] { End(); };
     std::int16_t number = 1;
     facade->TestManipulator(number);
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {100, 200, 300}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Either, EndOfMoves, ::testing::Values(Reason::Decided, Reason::Asked),
+INSTANTIATE_TEST_SUITE_P(Either, clsCommunicationEndTest, ::testing::Values(Reason::Decided, Reason::Asked),
                          [](const auto& reason) {
                              return reason.param == Reason::Decided ? "OnceTheClosingIsDecided"
                                                                     : "OnceTheSystemHasAskedForTheEnd";

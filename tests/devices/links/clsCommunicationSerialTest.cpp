@@ -40,9 +40,9 @@ private:
     FakeDriverState driver_;
 };
 
-class SerialFacade : public LinkRig {
+class clsCommunicationSerialTest : public LinkRig {
 protected:
-    SerialFacade() {
+    clsCommunicationSerialTest() {
         facade.emplace(
             clsCommunication::Machine{{library, clock, eventLoop, pointer}, serialPorts, eventLoop}, state,
             failures, instruments);
@@ -84,7 +84,7 @@ protected:
 
 const Journal Nothing;
 
-TEST_F(SerialFacade, TheLinksAreCreatedInTheOrderGaugeMirrorManipulatorMotor) {
+TEST_F(clsCommunicationSerialTest, TheLinksAreCreatedInTheOrderGaugeMirrorManipulatorMotor) {
     EXPECT_EQ(library.portsBefore, 2u);
     ASSERT_EQ(serialPorts.created.size(), 3u);
     OpenAll();
@@ -95,7 +95,7 @@ TEST_F(SerialFacade, TheLinksAreCreatedInTheOrderGaugeMirrorManipulatorMotor) {
 }
 
 // What a link does at its opening, its first commands included, it does within the opening of its port.
-TEST_F(SerialFacade, WhatFailsInTheOpeningOfAPortClosesItAndNobodyIsTold) {
+TEST_F(clsCommunicationSerialTest, WhatFailsInTheOpeningOfAPortClosesItAndNobodyIsTold) {
     struct Row {
         FakeSerialPort& port;
         std::function<void()> open;
@@ -115,13 +115,13 @@ TEST_F(SerialFacade, WhatFailsInTheOpeningOfAPortClosesItAndNobodyIsTold) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(SerialFacade, TheLinksAreReleasedInTheSameOrder) {
+TEST_F(clsCommunicationSerialTest, TheLinksAreReleasedInTheSameOrder) {
     OpenAll();
     facade.reset();
     EXPECT_EQ(journal, (Journal{"port 2 close", "port 1 close", "driver released", "port 3 close"}));
 }
 
-TEST_F(SerialFacade, EveryOutboundOperationReachesItsLink) {
+TEST_F(clsCommunicationSerialTest, EveryOutboundOperationReachesItsLink) {
     OpenAll();
     SendAll();
     EXPECT_EQ(journal, (Journal{"port 1 > cD2A-12\r",      "port 1 > cD1A34\r",   "port 1 > cMAG2\r",
@@ -134,7 +134,8 @@ TEST_F(SerialFacade, EveryOutboundOperationReachesItsLink) {
                                 "port 3 > RZ1\r",          "ControlONOFF 0"}));
 }
 
-TEST_F(SerialFacade, WithAllPortsClosedEverySerialOperationReturnsAtOnceWithNoEffectAndNoMessage) {
+TEST_F(clsCommunicationSerialTest,
+       WithAllPortsClosedEverySerialOperationReturnsAtOnceWithNoEffectAndNoMessage) {
     SendAll();
     facade->MirrorPortClose();
     facade->MagnescalePortClose();
@@ -145,7 +146,7 @@ TEST_F(SerialFacade, WithAllPortsClosedEverySerialOperationReturnsAtOnceWithNoEf
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(SerialFacade, EachPortIsOpenedCheckedAndClosedByItself) {
+TEST_F(clsCommunicationSerialTest, EachPortIsOpenedCheckedAndClosedByItself) {
     EXPECT_FALSE(facade->MirrorPortOpenCheck() || facade->MagnescalePortOpenCheck() ||
                  facade->MotorPortOpenCheck());
     facade->MirrorPortOpen(1);
@@ -164,7 +165,7 @@ TEST_F(SerialFacade, EachPortIsOpenedCheckedAndClosedByItself) {
     EXPECT_FALSE(facade->MotorPortOpenCheck());
 }
 
-TEST_F(SerialFacade, SendMirrorDataWithAxis2SendsNothingAndRaisesNothing) {
+TEST_F(clsCommunicationSerialTest, SendMirrorDataWithAxis2SendsNothingAndRaisesNothing) {
     OpenAll();
     for (const std::int16_t axis : std::initializer_list<std::int16_t>{2, -1, 3, INT16_MAX, INT16_MIN}) {
         facade->SendMirrorData(axis, 5);
@@ -172,14 +173,14 @@ TEST_F(SerialFacade, SendMirrorDataWithAxis2SendsNothingAndRaisesNothing) {
     EXPECT_EQ(journal, Nothing);
 }
 
-TEST_F(SerialFacade, MotorMoveWZSendsThePositionQuestionAndLeavesTheFocusWhereItIs) {
+TEST_F(clsCommunicationSerialTest, MotorMoveWZSendsThePositionQuestionAndLeavesTheFocusWhereItIs) {
     OpenAll();
     MotorPort().TakeOutput();
     facade->MotorMoveWZ();
     EXPECT_EQ(MotorPort().TakeOutput(), "WHEREZ\r");
 }
 
-TEST_F(SerialFacade, ReceiveMotorDataWith2SetsBMirrorMotorONOFFAndPasses2On) {
+TEST_F(clsCommunicationSerialTest, ReceiveMotorDataWith2SetsBMirrorMotorONOFFAndPasses2On) {
     facade->ReceiveMotorData(2);
     EXPECT_TRUE(state.bMirrorMotorONOFF);
     EXPECT_EQ(journal, Journal{"checkMotor 2"});
@@ -188,13 +189,13 @@ TEST_F(SerialFacade, ReceiveMotorDataWith2SetsBMirrorMotorONOFFAndPasses2On) {
     EXPECT_EQ(journal, (Journal{"checkMotor 2", "checkMotor 0"}));
 }
 
-TEST_F(SerialFacade, ReceiveMotorDataWritesTheStateBeforeItTellsThePanels) {
+TEST_F(clsCommunicationSerialTest, ReceiveMotorDataWritesTheStateBeforeItTellsThePanels) {
     instruments.fail = true;
     EXPECT_THROW(facade->ReceiveMotorData(-1), std::runtime_error);
     EXPECT_TRUE(state.bMirrorMotorONOFF);
 }
 
-TEST_F(SerialFacade, MirrorAnswersGoIntoTheStateAndAreToldOnlyWhenTheyDiffer) {
+TEST_F(clsCommunicationSerialTest, MirrorAnswersGoIntoTheStateAndAreToldOnlyWhenTheyDiffer) {
     OpenAll();
     MirrorPort().Receive("aD2R5\r\naD1R6\r\naD2R5\r\naMGR2\r\naPMR1\r\n");
     EXPECT_EQ(state.CurrentXYZ(), (PositionXYZ{5, 6, NoPositionValue}));
@@ -202,7 +203,7 @@ TEST_F(SerialFacade, MirrorAnswersGoIntoTheStateAndAreToldOnlyWhenTheyDiffer) {
     EXPECT_EQ(journal, (Journal{"view changed", "view changed", "magnification 2", "checkMotor 1"}));
 }
 
-TEST_F(SerialFacade, AStatusLineIsAlwaysToldOnce) {
+TEST_F(clsCommunicationSerialTest, AStatusLineIsAlwaysToldOnce) {
     OpenAll();
     MirrorPort().Receive("sSAA5,6,0,1,2,0,0,0\r\nsSAA5,6,1,1,2,0,0,0\r\n");
     EXPECT_EQ(state.CurrentXYZ(0), 5);
@@ -213,41 +214,41 @@ TEST_F(SerialFacade, AStatusLineIsAlwaysToldOnce) {
     EXPECT_EQ(Journal(journal.begin() + 3, journal.end()), once);
 }
 
-TEST_F(SerialFacade, AMagnificationOutside0To3ChangesNothing) {
+TEST_F(clsCommunicationSerialTest, AMagnificationOutside0To3ChangesNothing) {
     OpenAll();
     MirrorPort().Receive("aMGR4\r\naMGR-1\r\n");
     EXPECT_EQ(state.intMagnification(), 0);
     EXPECT_EQ(journal, Nothing);
 }
 
-TEST_F(SerialFacade, TheGaugesReadingBecomesZOfTheState) {
+TEST_F(clsCommunicationSerialTest, TheGaugesReadingBecomesZOfTheState) {
     OpenAll();
     GaugePort().Receive("A-00.500\r\n", platform::ClearToSendEvent);
     EXPECT_EQ(state.CurrentXYZ(2), -500);
     EXPECT_EQ(journal, Journal{"view changed"});
 }
 
-TEST_F(SerialFacade, AnErgoLineOnTheMirrorsWireGoesToTheMotorPort) {
+TEST_F(clsCommunicationSerialTest, AnErgoLineOnTheMirrorsWireGoesToTheMotorPort) {
     OpenAll();
     MirrorPort().Receive("RZ100\r");
     EXPECT_EQ(journal, (Journal{"port 3 > RZ100\r", "ControlONOFF 0"}));
 }
 
-TEST_F(SerialFacade, AnErgoLineIsDroppedWhileTheMotorPortIsClosed) {
+TEST_F(clsCommunicationSerialTest, AnErgoLineIsDroppedWhileTheMotorPortIsClosed) {
     facade->MirrorPortOpen(1);
     journal.clear();
     MirrorPort().Receive("RZ100\r");
     EXPECT_EQ(journal, Nothing);
 }
 
-TEST_F(SerialFacade, TheMotorsAnswerUnlocksThePanelAndIdentifiesTheUnit) {
+TEST_F(clsCommunicationSerialTest, TheMotorsAnswerUnlocksThePanelAndIdentifiesTheUnit) {
     OpenAll();
     MotorPort().Receive("Remote Drive Accessory\r");
     EXPECT_TRUE(state.bMotorONOFF);
     EXPECT_EQ(journal, Journal{"ControlONOFF 1"});
 }
 
-TEST_F(SerialFacade, AMirrorLineWithinTheMotorsServedLoopIsTakenThere) {
+TEST_F(clsCommunicationSerialTest, AMirrorLineWithinTheMotorsServedLoopIsTakenThere) {
     OpenAll();
     eventLoop.whileServed = Once([&] { MirrorPort().Receive("RZ7\r"); });
     MotorPort().Receive("A\r");

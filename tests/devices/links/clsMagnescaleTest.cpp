@@ -7,9 +7,9 @@
 namespace travo::test {
 namespace {
 
-class Gauge : public LinkRig, public clsMagnescale::Receiver {
+class clsMagnescaleTest : public LinkRig, public clsMagnescale::Receiver {
 protected:
-    Gauge() { link.emplace(serialPorts, failures, *this); }
+    clsMagnescaleTest() { link.emplace(serialPorts, failures, *this); }
 
     FakeSerialPort& Port() { return *serialPorts.created.front(); }
     void Open() {
@@ -34,7 +34,7 @@ private:
 
 const Journal Nothing;
 
-TEST_F(Gauge, PortOpenSetsThePortUpAndLeavesHandshakingAtTheDefault) {
+TEST_F(clsMagnescaleTest, PortOpenSetsThePortUpAndLeavesHandshakingAtTheDefault) {
     Port().handshaking = Port().inputLen = Port().inputMode = Port().rThreshold = 9;
     link->PortOpen(2);
     EXPECT_EQ(Port().commPort, 2);
@@ -46,12 +46,12 @@ TEST_F(Gauge, PortOpenSetsThePortUpAndLeavesHandshakingAtTheDefault) {
     EXPECT_TRUE(link->PortOpenCheck());
 }
 
-TEST_F(Gauge, PortOpenAsksForAReading) {
+TEST_F(clsMagnescaleTest, PortOpenAsksForAReading) {
     link->PortOpen(2);
     EXPECT_EQ(journal, (Journal{"port 2 open", "port 2 > Ar\r\n"}));
 }
 
-TEST_F(Gauge, AFailureInPortCloseIsReported) {
+TEST_F(clsMagnescaleTest, AFailureInPortCloseIsReported) {
     Open();
     Port().failClose = true;
     link->PortClose();
@@ -66,42 +66,42 @@ void SendAll(clsMagnescale& link) {
     link.KeyON();
 }
 
-TEST_F(Gauge, EachCommandIsWrittenByteForByte) {
+TEST_F(clsMagnescaleTest, EachCommandIsWrittenByteForByte) {
     Open();
     SendAll(*link);
     EXPECT_EQ(journal,
               (Journal{"port 2 > Ar\r\n", "port 2 > ARES\r\n", "port 2 > KEYOFF\r\n", "port 2 > KEYON\r\n"}));
 }
 
-TEST_F(Gauge, AnyCommandWithThePortClosedSendsNothing) {
+TEST_F(clsMagnescaleTest, AnyCommandWithThePortClosedSendsNothing) {
     SendAll(*link);
     EXPECT_EQ(journal, Nothing);
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Gauge, APlus00Point100WithCrLfArrivingInOnePieceGives100) {
+TEST_F(clsMagnescaleTest, APlus00Point100WithCrLfArrivingInOnePieceGives100) {
     Open();
     EXPECT_EQ(After("A+00.100\r\n"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, APlus00FollowedInALaterEventByPoint100WithCrLfGives100) {
+TEST_F(clsMagnescaleTest, APlus00FollowedInALaterEventByPoint100WithCrLfGives100) {
     Open();
     EXPECT_EQ(After("A+00"), Nothing);
     EXPECT_EQ(After(".100\r\n"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, XxAPlus00Point100Gives100AndTheNoiseAheadOfTheAIsSkipped) {
+TEST_F(clsMagnescaleTest, XxAPlus00Point100Gives100AndTheNoiseAheadOfTheAIsSkipped) {
     Open();
     EXPECT_EQ(After("xxA+00.100"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, TwoReadingsInOnePieceGiveTheFirstOnlyAndTheSecondIsDropped) {
+TEST_F(clsMagnescaleTest, TwoReadingsInOnePieceGiveTheFirstOnlyAndTheSecondIsDropped) {
     Open();
     EXPECT_EQ(After("A+00.100A+00.200"), Journal{"Z 100"});
     EXPECT_EQ(After("A+00.300"), Journal{"Z 300"});
 }
 
-TEST_F(Gauge, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInThePortsBuffer) {
+TEST_F(clsMagnescaleTest, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInThePortsBuffer) {
     Open();
     for (const int code : {1, 2, 4, 1010}) {
         Port().Receive("A+00.100", code);
@@ -113,7 +113,7 @@ TEST_F(Gauge, AReceptionWithoutAChangeOfClearToSendLeavesTheTextInThePortsBuffer
     EXPECT_EQ(Port().buffer, "");
 }
 
-TEST_F(Gauge, AReadingIsTakenAtTheChangeThatCompletesItEvenWithoutNewText) {
+TEST_F(clsMagnescaleTest, AReadingIsTakenAtTheChangeThatCompletesItEvenWithoutNewText) {
     Open();
     EXPECT_EQ(After("A+00.10"), Nothing);
     Port().Tell(platform::ClearToSendEvent);
@@ -121,7 +121,7 @@ TEST_F(Gauge, AReadingIsTakenAtTheChangeThatCompletesItEvenWithoutNewText) {
     EXPECT_EQ(After("0"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, TheReadingTimes1000IsRoundedToNearestWithTiesToEven) {
+TEST_F(clsMagnescaleTest, TheReadingTimes1000IsRoundedToNearestWithTiesToEven) {
     Open();
     EXPECT_EQ(After("A+01.234"), Journal{"Z 1234"});
     EXPECT_EQ(After("A-00.500"), Journal{"Z -500"});
@@ -134,7 +134,7 @@ TEST_F(Gauge, TheReadingTimes1000IsRoundedToNearestWithTiesToEven) {
     EXPECT_EQ(After("A0.00049"), Journal{"Z 0"});
 }
 
-TEST_F(Gauge, ANumberNeedsNoSignAndNoPoint) {
+TEST_F(clsMagnescaleTest, ANumberNeedsNoSignAndNoPoint) {
     Open();
     EXPECT_EQ(After("A0000012"), Journal{"Z 12000"});
     EXPECT_EQ(After("A+000012"), Journal{"Z 12000"});
@@ -142,7 +142,7 @@ TEST_F(Gauge, ANumberNeedsNoSignAndNoPoint) {
     EXPECT_EQ(After("A-00012."), Journal{"Z -12000"});
 }
 
-TEST_F(Gauge, AReadingThatIsNoDecimalNumberEndsTheCallbackAndWhatWasReceivedIsLost) {
+TEST_F(clsMagnescaleTest, AReadingThatIsNoDecimalNumberEndsTheCallbackAndWhatWasReceivedIsLost) {
     Open();
     for (const char* const text :
          {"A+0x0.12", "A1e99999", "Anan+nan", "A+inf   ", "A 1.2345", "A1.2345 ", "A1.2.345", "A++1.234",
@@ -154,13 +154,13 @@ TEST_F(Gauge, AReadingThatIsNoDecimalNumberEndsTheCallbackAndWhatWasReceivedIsLo
     EXPECT_EQ(After("A+00.100"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, WhatStandsBehindABadReadingIsLostWithIt) {
+TEST_F(clsMagnescaleTest, WhatStandsBehindABadReadingIsLostWithIt) {
     Open();
     EXPECT_EQ(After("noiseAbad bad\r\nA+00.100\r\n"), Nothing);
     EXPECT_EQ(After("A+00.200"), Journal{"Z 200"});
 }
 
-TEST_F(Gauge, AReadingBeyond32BitsIsDroppedInSilence) {
+TEST_F(clsMagnescaleTest, AReadingBeyond32BitsIsDroppedInSilence) {
     Open();
     EXPECT_EQ(After("A2147483"), Journal{"Z 2147483000"});
     EXPECT_EQ(After("A2147484"), Nothing);
@@ -169,14 +169,14 @@ TEST_F(Gauge, AReadingBeyond32BitsIsDroppedInSilence) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Gauge, NulAndBytesAbove127AreNoise) {
+TEST_F(clsMagnescaleTest, NulAndBytesAbove127AreNoise) {
     Open();
     EXPECT_EQ(After(std::string("\0\xFF\xE4", 3)), Nothing);
     EXPECT_EQ(After("A+00.100"), Journal{"Z 100"});
     EXPECT_EQ(After(std::string("A+00\0.10", 8)), Nothing);
 }
 
-TEST_F(Gauge, NoiseWithoutAnATakesTimeInProportion) {
+TEST_F(clsMagnescaleTest, NoiseWithoutAnATakesTimeInProportion) {
     Open();
     for (int bytes = 0; bytes < 2000000; ++bytes) {
         Receive("x");
@@ -185,7 +185,7 @@ TEST_F(Gauge, NoiseWithoutAnATakesTimeInProportion) {
     EXPECT_EQ(After("A+00.100"), Journal{"Z 100"});
 }
 
-TEST_F(Gauge, TextOneByteAtATimeGivesTheSameReading) {
+TEST_F(clsMagnescaleTest, TextOneByteAtATimeGivesTheSameReading) {
     Open();
     for (const char byte : std::string("xA+01.500\r\n")) {
         Receive(std::string(1, byte));
@@ -194,12 +194,12 @@ TEST_F(Gauge, TextOneByteAtATimeGivesTheSameReading) {
     EXPECT_EQ(After("A+02.000"), Journal{"Z 2000"});
 }
 
-TEST_F(Gauge, AHundredKilobytesAtOnceGiveTheFirstReading) {
+TEST_F(clsMagnescaleTest, AHundredKilobytesAtOnceGiveTheFirstReading) {
     Open();
     EXPECT_EQ(After(std::string(100000, '#') + "A+01.500" + std::string(100000, 'A')), Journal{"Z 1500"});
 }
 
-TEST_F(Gauge, TextWithoutAWholeReadingSurvivesAReopening) {
+TEST_F(clsMagnescaleTest, TextWithoutAWholeReadingSurvivesAReopening) {
     Open();
     Receive("A+00");
     link->PortClose();
@@ -209,13 +209,13 @@ TEST_F(Gauge, TextWithoutAWholeReadingSurvivesAReopening) {
 
 // Fresh readings.
 
-TEST_F(Gauge, BeforeAnyZeroResetEveryReadingIsFresh) {
+TEST_F(clsMagnescaleTest, BeforeAnyZeroResetEveryReadingIsFresh) {
     EXPECT_TRUE(link->ReadingIsFresh());
     Open();
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AfterAZeroResetAReadingIsFreshOnceARequestSentAfterItIsAnswered) {
+TEST_F(clsMagnescaleTest, AfterAZeroResetAReadingIsFreshOnceARequestSentAfterItIsAnswered) {
     Open();
     Receive("A+00.100\r\n");
     link->ZeroReset();
@@ -226,7 +226,7 @@ TEST_F(Gauge, AfterAZeroResetAReadingIsFreshOnceARequestSentAfterItIsAnswered) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AnEqualValueIsAsFreshAsAnyOther) {
+TEST_F(clsMagnescaleTest, AnEqualValueIsAsFreshAsAnyOther) {
     Open();
     Receive("A+00.000\r\n");
     link->ZeroReset();
@@ -235,7 +235,7 @@ TEST_F(Gauge, AnEqualValueIsAsFreshAsAnyOther) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, LateAnswersToRequestsSentBeforeAZeroResetAreNotFresh) {
+TEST_F(clsMagnescaleTest, LateAnswersToRequestsSentBeforeAZeroResetAreNotFresh) {
     Open();
     link->RequestData();
     link->RequestData();
@@ -249,7 +249,7 @@ TEST_F(Gauge, LateAnswersToRequestsSentBeforeAZeroResetAreNotFresh) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AnAnswerThatNobodyAskedForIsNotFreshAndCountsForNoRequest) {
+TEST_F(clsMagnescaleTest, AnAnswerThatNobodyAskedForIsNotFreshAndCountsForNoRequest) {
     Open();
     Receive("A+00.100\r\n");
     link->ZeroReset();
@@ -261,7 +261,7 @@ TEST_F(Gauge, AnAnswerThatNobodyAskedForIsNotFreshAndCountsForNoRequest) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AReadingThatIsNoNumberAnswersNothing) {
+TEST_F(clsMagnescaleTest, AReadingThatIsNoNumberAnswersNothing) {
     Open();
     Receive("A+00.100\r\n");
     link->ZeroReset();
@@ -270,7 +270,7 @@ TEST_F(Gauge, AReadingThatIsNoNumberAnswersNothing) {
     EXPECT_FALSE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AfterAReopeningOldRequestsAreForgottenAndTheFirstAnswerIsFresh) {
+TEST_F(clsMagnescaleTest, AfterAReopeningOldRequestsAreForgottenAndTheFirstAnswerIsFresh) {
     Open();
     for (int unanswered = 0; unanswered < 10; ++unanswered) {
         link->RequestData();
@@ -282,7 +282,7 @@ TEST_F(Gauge, AfterAReopeningOldRequestsAreForgottenAndTheFirstAnswerIsFresh) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AnOutageHoldsTheFreshReadingUpForThirtyTwoAnswersAtMost) {
+TEST_F(clsMagnescaleTest, AnOutageHoldsTheFreshReadingUpForThirtyTwoAnswersAtMost) {
     Open();
     for (int unanswered = 0; unanswered < 1000; ++unanswered) {
         link->RequestData();
@@ -296,7 +296,7 @@ TEST_F(Gauge, AnOutageHoldsTheFreshReadingUpForThirtyTwoAnswersAtMost) {
     EXPECT_TRUE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, SilenceAloneMakesNothingFresh) {
+TEST_F(clsMagnescaleTest, SilenceAloneMakesNothingFresh) {
     Open();
     link->ZeroReset();
     for (int unanswered = 0; unanswered < 1000; ++unanswered) {
@@ -305,7 +305,7 @@ TEST_F(Gauge, SilenceAloneMakesNothingFresh) {
     EXPECT_FALSE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AZeroResetThatThePortRefusesWantsAFreshReadingAllTheSameAndOneWithoutAPortDoesNot) {
+TEST_F(clsMagnescaleTest, AZeroResetThatThePortRefusesWantsAFreshReadingAllTheSameAndOneWithoutAPortDoesNot) {
     link->ZeroReset();
     EXPECT_TRUE(link->ReadingIsFresh());
     Open();
@@ -314,7 +314,7 @@ TEST_F(Gauge, AZeroResetThatThePortRefusesWantsAFreshReadingAllTheSameAndOneWith
     EXPECT_FALSE(link->ReadingIsFresh());
 }
 
-TEST_F(Gauge, AFailureOfTheReceiverGoesUpAndTheReadingIsGone) {
+TEST_F(clsMagnescaleTest, AFailureOfTheReceiverGoesUpAndTheReadingIsGone) {
     Open();
     failing = {"Z 100"};
     EXPECT_THROW(Receive("A+00.100"), std::runtime_error);

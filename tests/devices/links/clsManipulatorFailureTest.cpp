@@ -15,9 +15,9 @@ using platform::PointerShape;
 
 constexpr std::int32_t Lowest = std::numeric_limits<std::int32_t>::min();
 
-class ManipulatorFailure : public ::testing::Test, public ManipulatorRig {
+class clsManipulatorFailureTest : public ::testing::Test, public ManipulatorRig {
 protected:
-    ManipulatorFailure() {
+    clsManipulatorFailureTest() {
         boxes.whileShown = Once([this] {
             driver.failing.clear();
             driver.position[0] = {7, 8, 9};
@@ -41,7 +41,7 @@ protected:
     std::vector<PointerShape> pointerInBox;
 };
 
-TEST_F(ManipulatorFailure, SendDataOutOfRangeIsReportedFreesTheGuardAndReturns0) {
+TEST_F(clsManipulatorFailureTest, SendDataOutOfRangeIsReportedFreesTheGuardAndReturns0) {
     TakeGuard();
     EXPECT_EQ(link->SendData(0, {25001, 0, 0}, {0, 0, 0}), 0);
     ExpectReported({OutsideRange});
@@ -49,14 +49,14 @@ TEST_F(ManipulatorFailure, SendDataOutOfRangeIsReportedFreesTheGuardAndReturns0)
     EXPECT_EQ(clock.sleeps, 0);
 }
 
-TEST_F(ManipulatorFailure, WhateverTheDriverThrowsIsReportedAndFreesTheGuard) {
+TEST_F(clsManipulatorFailureTest, WhateverTheDriverThrowsIsReportedAndFreesTheGuard) {
     driver.throwsNumbers = true;
     driver.failing = {"DriverMoveTo"};
     EXPECT_EQ(link->SendData(0, {101, 200, 300}, {100, 200, 300}), 0);
     ExpectReported({CommunicationFailed});
 }
 
-TEST_F(ManipulatorFailure, SendDataWithOneCoordinate25001OrMinus1SendsNothing) {
+TEST_F(clsManipulatorFailureTest, SendDataWithOneCoordinate25001OrMinus1SendsNothing) {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         for (const std::int32_t count : {25001, -1}) {
             PositionXYZ target{1, 2, 3};
@@ -68,7 +68,7 @@ TEST_F(ManipulatorFailure, SendDataWithOneCoordinate25001OrMinus1SendsNothing) {
     EXPECT_EQ(boxes.Texts(), QStringList(6, OutsideRange));
 }
 
-TEST_F(ManipulatorFailure, SendDataOutOfRangeSetsTheScreensPointerToDefaultBeforeTheBox) {
+TEST_F(clsManipulatorFailureTest, SendDataOutOfRangeSetsTheScreensPointerToDefaultBeforeTheBox) {
     std::vector<PointerShape> screenInBox;
     boxes.whileShown = [&] { screenInBox = pointer.screen; };
     link->SendData(0, {0, 0, -1}, {0, 0, 0});
@@ -77,40 +77,40 @@ TEST_F(ManipulatorFailure, SendDataOutOfRangeSetsTheScreensPointerToDefaultBefor
     EXPECT_TRUE(pointer.mainWindow.empty());
 }
 
-TEST_F(ManipulatorFailure, SendDataWithAFailingDriverIsReportedAndReturns0) {
+TEST_F(clsManipulatorFailureTest, SendDataWithAFailingDriverIsReportedAndReturns0) {
     driver.failing = {"DriverMoveTo"};
     EXPECT_EQ(link->SendData(0, {1, 2, 3}, {0, 0, 0}), 0);
     ExpectReported({CommunicationFailed});
     EXPECT_EQ(clock.sleeps, 0);
 }
 
-TEST_F(ManipulatorFailure, SendDataWithAFailingDriverLeavesNoHourglass) {
+TEST_F(clsManipulatorFailureTest, SendDataWithAFailingDriverLeavesNoHourglass) {
     driver.failing = {"DriverMoveTo"};
     link->SendData(0, {1, 2, 3}, {0, 0, 0});
     EXPECT_EQ(pointerInBox, (std::vector{PointerShape::Hourglass, PointerShape::Default}));
     EXPECT_EQ(pointer.mainWindow, pointerInBox);
 }
 
-TEST_F(ManipulatorFailure, SendDataWithADistanceBeyond32BitsFailsAndSendsNothing) {
+TEST_F(clsManipulatorFailureTest, SendDataWithADistanceBeyond32BitsFailsAndSendsNothing) {
     EXPECT_EQ(link->SendData(0, {0, 2, 3}, {Lowest, 2, 3}), 0);
     ExpectReported({CommunicationFailed});
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(ManipulatorFailure, SendDataLooksAtTheAxesInTheirOrder) {
+TEST_F(clsManipulatorFailureTest, SendDataLooksAtTheAxesInTheirOrder) {
     link->SendData(0, {-1, 0, 0}, {0, Lowest, 0});
     link->SendData(0, {0, -1, 0}, {Lowest, 0, 0});
     EXPECT_EQ(boxes.Texts(), (QStringList{OutsideRange, CommunicationFailed}));
 }
 
-TEST_F(ManipulatorFailure, ConnectTestOutOfRangeIsReportedAndFreesTheGuard) {
+TEST_F(clsManipulatorFailureTest, ConnectTestOutOfRangeIsReportedAndFreesTheGuard) {
     driver.position[0] = {24951, 0, 0};
     std::int16_t number = 1;
     link->ConnectTest(number);
     ExpectReported({OutsideRange});
 }
 
-TEST_F(ManipulatorFailure, ConnectTestWithNoPositionIsReportedAndFreesTheGuard) {
+TEST_F(clsManipulatorFailureTest, ConnectTestWithNoPositionIsReportedAndFreesTheGuard) {
     driver.position[0] = {25001, 0, 0};
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -119,7 +119,7 @@ TEST_F(ManipulatorFailure, ConnectTestWithNoPositionIsReportedAndFreesTheGuard) 
     EXPECT_TRUE(driver.moves.empty());
 }
 
-TEST_F(ManipulatorFailure, ConnectTestWithAFailingSelectIsReported) {
+TEST_F(clsManipulatorFailureTest, ConnectTestWithAFailingSelectIsReported) {
     driver.failing = {"DriverSelect"};
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -127,7 +127,7 @@ TEST_F(ManipulatorFailure, ConnectTestWithAFailingSelectIsReported) {
     EXPECT_EQ(number, 1);
 }
 
-TEST_F(ManipulatorFailure, ConnectTestWithAFailingReadingIsReportedByBoth) {
+TEST_F(clsManipulatorFailureTest, ConnectTestWithAFailingReadingIsReportedByBoth) {
     driver.failing = {"DriverGetPosition"};
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -135,7 +135,7 @@ TEST_F(ManipulatorFailure, ConnectTestWithAFailingReadingIsReportedByBoth) {
     EXPECT_EQ(number, 1);
 }
 
-TEST_F(ManipulatorFailure, ConnectTestWithAFailingJogIsReportedAndDoesNotWait) {
+TEST_F(clsManipulatorFailureTest, ConnectTestWithAFailingJogIsReportedAndDoesNotWait) {
     driver.failing = {"DriverMoveTo"};
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -144,7 +144,7 @@ TEST_F(ManipulatorFailure, ConnectTestWithAFailingJogIsReportedAndDoesNotWait) {
     EXPECT_EQ(number, 0);
 }
 
-TEST_F(ManipulatorFailure, ConnectTestWithAFailingWayBackIsReported) {
+TEST_F(clsManipulatorFailureTest, ConnectTestWithAFailingWayBackIsReported) {
     eventLoop.whileServed = [this] { driver.failing = {"DriverMoveTo"}; };
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -152,19 +152,19 @@ TEST_F(ManipulatorFailure, ConnectTestWithAFailingWayBackIsReported) {
     EXPECT_EQ(driver.moves.size(), 1U);
 }
 
-TEST_F(ManipulatorFailure, RequestDataWithAFailingDriverIsReportedAndReturnsMinus1) {
+TEST_F(clsManipulatorFailureTest, RequestDataWithAFailingDriverIsReportedAndReturnsMinus1) {
     driver.failing = {"DriverGetPosition"};
     EXPECT_EQ(link->RequestData(), "-1");
     ExpectReported({CommunicationFailed});
 }
 
-TEST_F(ManipulatorFailure, ConnectChangeWithAFailingDriverIsReportedWithItsOwnTextAndReturnsMinus1) {
+TEST_F(clsManipulatorFailureTest, ConnectChangeWithAFailingDriverIsReportedWithItsOwnTextAndReturnsMinus1) {
     driver.failing = {"DriverSelect"};
     EXPECT_EQ(link->ConnectChange(2), -1);
     ExpectReported({ChangeFailed});
 }
 
-TEST_F(ManipulatorFailure, ConnectedNumberAndReConnectHandTheirFailuresToTheCaller) {
+TEST_F(clsManipulatorFailureTest, ConnectedNumberAndReConnectHandTheirFailuresToTheCaller) {
     driver.failing = {"DriverGetCount", "DriverReconnect"};
     EXPECT_THROW(link->ConnectedNumber(), platform::DriverFailure);
     EXPECT_THROW(link->ReConnect(), platform::DriverFailure);
@@ -172,7 +172,7 @@ TEST_F(ManipulatorFailure, ConnectedNumberAndReConnectHandTheirFailuresToTheCall
     EXPECT_TRUE(Logged().isEmpty());
 }
 
-TEST_F(ManipulatorFailure, ALogThatCannotBeWrittenDoesNotKeepTheBoxAway) {
+TEST_F(clsManipulatorFailureTest, ALogThatCannotBeWrittenDoesNotKeepTheBoxAway) {
     log.LogFilePath(folder.filePath(QStringLiteral("nowhere/log.txt")));
     EXPECT_EQ(link->SendData(0, {25001, 0, 0}, {0, 0, 0}), 0);
     EXPECT_EQ(boxes.Texts(), QStringList{OutsideRange});

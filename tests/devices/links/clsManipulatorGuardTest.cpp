@@ -104,9 +104,9 @@ std::vector<Row> Rows() {
     };
 }
 
-class GuardTable : public ::testing::TestWithParam<Row>, public ManipulatorRig {};
+class GuardTableTest : public ::testing::TestWithParam<Row>, public ManipulatorRig {};
 
-TEST_P(GuardTable, CallsTheDriverOrNotAndLeavesTheGuard) {
+TEST_P(GuardTableTest, CallsTheDriverOrNotAndLeavesTheGuard) {
     if (GetParam().before == Guard::Taken) {
         TakeGuard();
     }
@@ -115,10 +115,10 @@ TEST_P(GuardTable, CallsTheDriverOrNotAndLeavesTheGuard) {
     EXPECT_EQ(GuardIsTaken(), GetParam().after == Guard::Taken);
 }
 
-INSTANTIATE_TEST_SUITE_P(EachOperation, GuardTable, ::testing::ValuesIn(Rows()),
+INSTANTIATE_TEST_SUITE_P(EachOperation, GuardTableTest, ::testing::ValuesIn(Rows()),
                          [](const auto& row) { return row.param.name; });
 
-class ManipulatorGuard : public ::testing::Test, public ManipulatorRig {
+class clsManipulatorGuardTest : public ::testing::Test, public ManipulatorRig {
 protected:
     // Runs the procedure inside the first driver operation of that name, and only there.
     void DuringDriverCall(const std::string& operation, std::function<void()> procedure) {
@@ -132,14 +132,14 @@ protected:
     void DuringWait(std::function<void()> procedure) { eventLoop.whileServed = Once(std::move(procedure)); }
 };
 
-TEST_F(ManipulatorGuard, RequestDataWithTheGuardTakenReturnsEmptyTextAndLeavesTheGuardFree) {
+TEST_F(clsManipulatorGuardTest, RequestDataWithTheGuardTakenReturnsEmptyTextAndLeavesTheGuardFree) {
     TakeGuard();
     EXPECT_EQ(link->RequestData(), "");
     EXPECT_TRUE(journal.empty());
     EXPECT_EQ(link->RequestData(), "0,100,200,300");
 }
 
-TEST_F(ManipulatorGuard, ConnectChangeReturnsMinus1WhileAnotherDriverCallIsUnderWay) {
+TEST_F(clsManipulatorGuardTest, ConnectChangeReturnsMinus1WhileAnotherDriverCallIsUnderWay) {
     std::vector<std::int32_t> answers;
     DuringDriverCall(Get, [&] {
         answers.push_back(link->ConnectChange(2));
@@ -151,7 +151,7 @@ TEST_F(ManipulatorGuard, ConnectChangeReturnsMinus1WhileAnotherDriverCallIsUnder
     EXPECT_EQ(journal, (Journal{Get, "DriverSelect 3"}));
 }
 
-TEST_F(ManipulatorGuard, RequestDataDuringTheDriverCallOfAMoveReturnsEmptyText) {
+TEST_F(clsManipulatorGuardTest, RequestDataDuringTheDriverCallOfAMoveReturnsEmptyText) {
     std::string reply = "none";
     DuringDriverCall(MoveTo, [&] { reply = link->RequestData(); });
     EXPECT_EQ(link->SendData(0, {1, 2, 3}, {1, 2, 3}), 1);
@@ -159,7 +159,7 @@ TEST_F(ManipulatorGuard, RequestDataDuringTheDriverCallOfAMoveReturnsEmptyText) 
     EXPECT_FALSE(GuardIsTaken());
 }
 
-TEST_F(ManipulatorGuard, SendDataDuringAnotherDriverCallMovesAndFreesTheGuard) {
+TEST_F(clsManipulatorGuardTest, SendDataDuringAnotherDriverCallMovesAndFreesTheGuard) {
     std::string reply = "none";
     DuringDriverCall("DriverSelect", [&] {
         link->SendData(0, {1, 2, 3}, {1, 2, 3});
@@ -170,7 +170,7 @@ TEST_F(ManipulatorGuard, SendDataDuringAnotherDriverCallMovesAndFreesTheGuard) {
     EXPECT_EQ(reply, "0,1,2,3");
 }
 
-TEST_F(ManipulatorGuard, RequestDataDuringConnectTestsWaitReadsTheJoggedPlace) {
+TEST_F(clsManipulatorGuardTest, RequestDataDuringConnectTestsWaitReadsTheJoggedPlace) {
     std::string reply;
     DuringWait([&] { reply = link->RequestData(); });
     Jog(*this);
@@ -178,7 +178,7 @@ TEST_F(ManipulatorGuard, RequestDataDuringConnectTestsWaitReadsTheJoggedPlace) {
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {100, 200, 300}}));
 }
 
-TEST_F(ManipulatorGuard, AReadingOutOfRangeDuringConnectTestsWaitKeepsTheManipulatorFromGoingBack) {
+TEST_F(clsManipulatorGuardTest, AReadingOutOfRangeDuringConnectTestsWaitKeepsTheManipulatorFromGoingBack) {
     DuringWait([&] { RequestOutside(*this); });
     Jog(*this);
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}}));
@@ -186,7 +186,7 @@ TEST_F(ManipulatorGuard, AReadingOutOfRangeDuringConnectTestsWaitKeepsTheManipul
     EXPECT_FALSE(GuardIsTaken());
 }
 
-TEST_F(ManipulatorGuard, TwoReadingsOutOfRangeDuringConnectTestsWaitLetItGoBack) {
+TEST_F(clsManipulatorGuardTest, TwoReadingsOutOfRangeDuringConnectTestsWaitLetItGoBack) {
     DuringWait([&] {
         RequestOutside(*this);
         RequestOutside(*this);
@@ -195,7 +195,7 @@ TEST_F(ManipulatorGuard, TwoReadingsOutOfRangeDuringConnectTestsWaitLetItGoBack)
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {100, 200, 300}}));
 }
 
-TEST_F(ManipulatorGuard, ConnectChangeDuringConnectTestsWaitSendsTheOtherManipulatorToTheOldPlace) {
+TEST_F(clsManipulatorGuardTest, ConnectChangeDuringConnectTestsWaitSendsTheOtherManipulatorToTheOldPlace) {
     std::int32_t answer = 0;
     DuringWait([&] { answer = link->ConnectChange(2); });
     Jog(*this);
@@ -204,13 +204,13 @@ TEST_F(ManipulatorGuard, ConnectChangeDuringConnectTestsWaitSendsTheOtherManipul
     EXPECT_EQ(driver.position[1], (std::array<std::int32_t, 3>{100, 200, 300}));
 }
 
-TEST_F(ManipulatorGuard, SendDataDuringConnectTestsWaitMovesBeforeItGoesBack) {
+TEST_F(clsManipulatorGuardTest, SendDataDuringConnectTestsWaitMovesBeforeItGoesBack) {
     DuringWait([&] { Send(*this); });
     Jog(*this);
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {1, 2, 3}, {100, 200, 300}}));
 }
 
-TEST_F(ManipulatorGuard, ConnectTestDuringConnectTestsWaitRunsToItsEndFirst) {
+TEST_F(clsManipulatorGuardTest, ConnectTestDuringConnectTestsWaitRunsToItsEndFirst) {
     std::int16_t inner = 2;
     DuringWait([&] { link->ConnectTest(inner); });
     std::int16_t outer = 1;
@@ -220,7 +220,7 @@ TEST_F(ManipulatorGuard, ConnectTestDuringConnectTestsWaitRunsToItsEndFirst) {
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {50, 0, 0}, {0, 0, 0}, {100, 200, 300}}));
 }
 
-TEST_F(ManipulatorGuard, AFailedReadingDuringConnectTestsWaitIsReportedAndLetsItGoBack) {
+TEST_F(clsManipulatorGuardTest, AFailedReadingDuringConnectTestsWaitIsReportedAndLetsItGoBack) {
     DuringWait([&] { Failing(Get, Request)(*this); });
     Jog(*this);
     EXPECT_EQ(boxes.Texts(), QStringList{CommunicationFailed});

@@ -15,7 +15,7 @@ namespace {
 using platform::PointerShape;
 using Moves = std::vector<std::array<std::int32_t, 3>>;
 
-class ManipulatorLink : public ::testing::Test, public ManipulatorRig {};
+class clsManipulatorTest : public ::testing::Test, public ManipulatorRig {};
 
 // Reports whatever number and place the test gives.
 class ReportingLibrary : public platform::ManipulatorDriverLibrary {
@@ -40,7 +40,7 @@ private:
     };
 };
 
-class ReportedPlace : public ManipulatorLink {
+class ReportedPlaceTest : public ManipulatorLink {
 protected:
     ReportingLibrary reporting;
     clsManipulator subject{{reporting, clock, eventLoop, pointer}, failures};
@@ -61,30 +61,30 @@ private:
     FakeClock& clock_;
 };
 
-TEST_F(ManipulatorLink, CreatesTheDriverOnceAndReleasesItAtItsEnd) {
+TEST_F(clsManipulatorTest, CreatesTheDriverOnceAndReleasesItAtItsEnd) {
     EXPECT_EQ(driver.created, 1);
     EXPECT_EQ(driver.released, 0);
     link.reset();
     EXPECT_EQ(driver.released, 1);
 }
 
-TEST_F(ManipulatorLink, RequestDataForManipulatorNumber1At100_200_300ReturnsTheText0_100_200_300) {
+TEST_F(clsManipulatorTest, RequestDataForManipulatorNumber1At100_200_300ReturnsTheText0_100_200_300) {
     EXPECT_EQ(link->RequestData(), "0,100,200,300");
 }
 
-TEST_F(ManipulatorLink, RequestDataNeitherWaitsNorServesEvents) {
+TEST_F(clsManipulatorTest, RequestDataNeitherWaitsNorServesEvents) {
     link->RequestData();
     EXPECT_EQ(clock.sleeps, 0);
     EXPECT_EQ(eventLoop.served, 0);
     EXPECT_EQ(journal, Journal{"DriverGetPosition"});
 }
 
-TEST_F(ManipulatorLink, RequestDataPassesTheEndsOfTheRange) {
+TEST_F(clsManipulatorTest, RequestDataPassesTheEndsOfTheRange) {
     driver.position[0] = {0, 25000, 0};
     EXPECT_EQ(link->RequestData(), "0,0,25000,0");
 }
 
-TEST_F(ManipulatorLink, RequestDataWithAnyCoordinateOutOfRangeReturnsMinus1WithoutAMessage) {
+TEST_F(clsManipulatorTest, RequestDataWithAnyCoordinateOutOfRangeReturnsMinus1WithoutAMessage) {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         for (const std::int32_t count : {-1, 25001}) {
             driver.position[0] = {100, 200, 300};
@@ -97,20 +97,20 @@ TEST_F(ManipulatorLink, RequestDataWithAnyCoordinateOutOfRangeReturnsMinus1Witho
     EXPECT_TRUE(Logged().isEmpty());
 }
 
-TEST_F(ReportedPlace, RequestDataGivesTheDriversNumberMinus1WhateverItIs) {
+TEST_F(ReportedPlaceTest, RequestDataGivesTheDriversNumberMinus1WhateverItIs) {
     reporting.position = {5, {1, 2, 3}};
     EXPECT_EQ(subject.RequestData(), "4,1,2,3");
     reporting.position.number = 0;
     EXPECT_EQ(subject.RequestData(), "-1,1,2,3");
 }
 
-TEST_F(ReportedPlace, RequestDataReportsANumberThatCannotBeReducedBy1) {
+TEST_F(ReportedPlaceTest, RequestDataReportsANumberThatCannotBeReducedBy1) {
     reporting.position.number = std::numeric_limits<std::int32_t>::min();
     EXPECT_EQ(subject.RequestData(), "-1");
     EXPECT_EQ(boxes.Texts(), QStringList{CommunicationFailed});
 }
 
-TEST_F(ReportedPlace, ConnectTestTakesANumberOf0AsNoPosition) {
+TEST_F(ReportedPlaceTest, ConnectTestTakesANumberOf0AsNoPosition) {
     reporting.position = {0, {1, 2, 3}};
     std::int16_t number = 3;
     subject.ConnectTest(number);
@@ -118,7 +118,7 @@ TEST_F(ReportedPlace, ConnectTestTakesANumberOf0AsNoPosition) {
     EXPECT_EQ(boxes.Texts(), QStringList{CommunicationFailed});
 }
 
-TEST_F(ReportedPlace, ConnectTestReportsANumberBeyond16Bits) {
+TEST_F(ReportedPlaceTest, ConnectTestReportsANumberBeyond16Bits) {
     std::int16_t number = 3;
     reporting.position = {32768, {1, 2, 3}};
     subject.ConnectTest(number);
@@ -129,49 +129,49 @@ TEST_F(ReportedPlace, ConnectTestReportsANumberBeyond16Bits) {
     EXPECT_EQ(boxes.Texts(), QStringList{CommunicationFailed});
 }
 
-TEST_F(ManipulatorLink, SendDataWithTheTargetEqualToTheCurrentPositionMovesAndReturns1AfterAtMostOneTick) {
+TEST_F(clsManipulatorTest, SendDataWithTheTargetEqualToTheCurrentPositionMovesAndReturns1AfterAtMostOneTick) {
     EXPECT_EQ(link->SendData(0, {100, 200, 300}, {100, 200, 300}), 1);
     EXPECT_EQ(driver.moves, (Moves{{100, 200, 300}}));
     EXPECT_LE(clock.slept, 1);
 }
 
-TEST_F(ManipulatorLink, SendDataWithADistanceOf25000CountsBlocksFor6250Milliseconds) {
+TEST_F(clsManipulatorTest, SendDataWithADistanceOf25000CountsBlocksFor6250Milliseconds) {
     EXPECT_EQ(link->SendData(0, {25000, 0, 0}, {0, 0, 0}), 1);
     // The tick at 6250 is still not beyond the time.
     EXPECT_EQ(clock.slept, 6251);
 }
 
-TEST_F(ManipulatorLink, SendDataWaitsForTheLongestAxisInEitherDirection) {
+TEST_F(clsManipulatorTest, SendDataWaitsForTheLongestAxisInEitherDirection) {
     link->SendData(0, {100, 0, 40}, {140, 400, 0});
     EXPECT_EQ(clock.slept, 101);
 }
 
-TEST_F(ManipulatorLink, SendDataWaitsForAFractionOfAMillisecond) {
+TEST_F(clsManipulatorTest, SendDataWaitsForAFractionOfAMillisecond) {
     link->SendData(0, {7, 0, 0}, {0, 0, 0});
     EXPECT_EQ(clock.slept, 2);
 }
 
-TEST_F(ManipulatorLink, SendDataSleepsInSlicesOfAMillisecondAndServesNoEvents) {
+TEST_F(clsManipulatorTest, SendDataSleepsInSlicesOfAMillisecondAndServesNoEvents) {
     link->SendData(0, {400, 0, 0}, {0, 0, 0});
     EXPECT_EQ(clock.longestSleep, 1);
     EXPECT_EQ(eventLoop.served, 0);
 }
 
-TEST_F(ManipulatorLink, AMoveThatAPressBeganIsAStandStillFromTheDriversCallToTheEndOfTheWait) {
+TEST_F(clsManipulatorTest, AMoveThatAPressBeganIsAStandStillFromTheDriversCallToTheEndOfTheWait) {
     driver.whileCalled = [this](const std::string&) { EXPECT_TRUE(eventLoop.standsStill); };
     link->SendData(0, {500, 200, 300}, {100, 200, 300});
     EXPECT_FALSE(eventLoop.standsStill);
     EXPECT_EQ(eventLoop.standStills, 1);
 }
 
-TEST_F(ManipulatorLink, AMoveThatATickBeganKeepsThePressesMadeMeanwhile) {
+TEST_F(clsManipulatorTest, AMoveThatATickBeganKeepsThePressesMadeMeanwhile) {
     driver.whileCalled = [this](const std::string&) { EXPECT_FALSE(eventLoop.standsStill); };
     link->SendData(0, {500, 200, 300}, {100, 200, 300}, clsManipulator::Presses::Kept);
     EXPECT_EQ(driver.moves.size(), 1U);
     EXPECT_EQ(eventLoop.standStills, 0);
 }
 
-TEST_F(ManipulatorLink, TheStandStillOfAMoveThatFailsIsOverBeforeItsBoxIsOnShow) {
+TEST_F(clsManipulatorTest, TheStandStillOfAMoveThatFailsIsOverBeforeItsBoxIsOnShow) {
     driver.failing = {"DriverMoveTo"};
     boxes.whileShown = [this] { EXPECT_FALSE(eventLoop.standsStill); };
     link->SendData(0, {500, 200, 300}, {100, 200, 300});
@@ -179,30 +179,30 @@ TEST_F(ManipulatorLink, TheStandStillOfAMoveThatFailsIsOverBeforeItsBoxIsOnShow)
     EXPECT_EQ(eventLoop.standStills, 1);
 }
 
-TEST_F(ManipulatorLink, AMoveThatIsRefusedStandsNotStill) {
+TEST_F(clsManipulatorTest, AMoveThatIsRefusedStandsNotStill) {
     link->SendData(0, {25001, 200, 300}, {100, 200, 300});
     EXPECT_EQ(eventLoop.standStills, 0);
 }
 
-TEST_F(ManipulatorLink, SendDataCountsADistanceBeyondTheRangeInFull) {
+TEST_F(clsManipulatorTest, SendDataCountsADistanceBeyondTheRangeInFull) {
     EXPECT_EQ(link->SendData(0, {25000, 0, 0}, {-100000, 0, 0}), 1);
     EXPECT_EQ(clock.slept, 31251);
 }
 
-TEST_F(ManipulatorLink, SendDataMovesTheManipulatorThatIsSelectedWhateverNumberIsGiven) {
+TEST_F(clsManipulatorTest, SendDataMovesTheManipulatorThatIsSelectedWhateverNumberIsGiven) {
     for (const std::int16_t number : std::vector<std::int16_t>{-1, 0, 3, 32767}) {
         EXPECT_EQ(link->SendData(number, {1, 2, 3}, {1, 2, 3}), 1);
     }
     EXPECT_EQ(journal, Journal(4, "DriverMoveTo"));
 }
 
-TEST_F(ManipulatorLink, SendDataPasses25000And0) {
+TEST_F(clsManipulatorTest, SendDataPasses25000And0) {
     EXPECT_EQ(link->SendData(0, {25000, 0, 25000}, {25000, 0, 25000}), 1);
     EXPECT_EQ(link->SendData(0, {0, 25000, 0}, {0, 25000, 0}), 1);
     EXPECT_EQ(driver.moves, (Moves{{25000, 0, 25000}, {0, 25000, 0}}));
 }
 
-TEST_F(ManipulatorLink, SendDataShowsTheHourglassOnTheMainWindowForAsLongAsTheMoveLasts) {
+TEST_F(clsManipulatorTest, SendDataShowsTheHourglassOnTheMainWindowForAsLongAsTheMoveLasts) {
     std::vector<PointerShape> whileMoving;
     driver.whileCalled = [&](const std::string&) { whileMoving = pointer.mainWindow; };
     link->SendData(0, {100, 0, 0}, {0, 0, 0});
@@ -211,7 +211,7 @@ TEST_F(ManipulatorLink, SendDataShowsTheHourglassOnTheMainWindowForAsLongAsTheMo
     EXPECT_TRUE(pointer.screen.empty());
 }
 
-TEST_F(ManipulatorLink, ConnectTestAtX24950JogsTo25000AndBack) {
+TEST_F(clsManipulatorTest, ConnectTestAtX24950JogsTo25000AndBack) {
     driver.position[1] = {24950, 20, 30};
     std::int16_t number = 2;
     link->ConnectTest(number);
@@ -220,7 +220,7 @@ TEST_F(ManipulatorLink, ConnectTestAtX24950JogsTo25000AndBack) {
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(ManipulatorLink, ConnectTestAtX24951RefusesAsOutsideTheMovementRange) {
+TEST_F(clsManipulatorTest, ConnectTestAtX24951RefusesAsOutsideTheMovementRange) {
     driver.position[0] = {24951, 20, 30};
     std::int16_t number = 1;
     link->ConnectTest(number);
@@ -229,13 +229,13 @@ TEST_F(ManipulatorLink, ConnectTestAtX24951RefusesAsOutsideTheMovementRange) {
     EXPECT_EQ(number, 0);
 }
 
-TEST_F(ManipulatorLink, ConnectTestTakesA1BasedNumberAndHoldsTheReported0BasedOneOnReturn) {
+TEST_F(clsManipulatorTest, ConnectTestTakesA1BasedNumberAndHoldsTheReported0BasedOneOnReturn) {
     std::int16_t number = 3;
     link->ConnectTest(number);
     EXPECT_EQ(number, 2);
 }
 
-TEST_F(ManipulatorLink, ConnectTestOfAManipulatorThatIsNotConnectedJogsTheSelectedOne) {
+TEST_F(clsManipulatorTest, ConnectTestOfAManipulatorThatIsNotConnectedJogsTheSelectedOne) {
     driver.count = 1;
     std::int16_t number = 4;
     link->ConnectTest(number);
@@ -243,7 +243,7 @@ TEST_F(ManipulatorLink, ConnectTestOfAManipulatorThatIsNotConnectedJogsTheSelect
     EXPECT_EQ(driver.moves, (Moves{{150, 200, 300}, {100, 200, 300}}));
 }
 
-TEST_F(ManipulatorLink, ConnectTestReturns501MillisecondsAfterTheJogAndDoesNotWaitForTheWayBack) {
+TEST_F(clsManipulatorTest, ConnectTestReturns501MillisecondsAfterTheJogAndDoesNotWaitForTheWayBack) {
     std::vector<std::int64_t> movedAt;
     driver.whileCalled = [&](const std::string& operation) {
         if (operation == "DriverMoveTo") {
@@ -258,7 +258,7 @@ TEST_F(ManipulatorLink, ConnectTestReturns501MillisecondsAfterTheJogAndDoesNotWa
     EXPECT_EQ(clock.sleeps, 0);
 }
 
-TEST_F(ManipulatorLink, ConnectTestWaitsOnForWhatIsLeftWhenEventsWakeIt) {
+TEST_F(clsManipulatorTest, ConnectTestWaitsOnForWhatIsLeftWhenEventsWakeIt) {
     WakingEventLoop waking(clock);
     clsManipulator subject({driverLibrary, clock, waking, pointer}, failures);
     std::int16_t number = 1;
@@ -266,7 +266,7 @@ TEST_F(ManipulatorLink, ConnectTestWaitsOnForWhatIsLeftWhenEventsWakeIt) {
     EXPECT_EQ(waking.asked, (std::vector<std::int64_t>{501, 401, 301, 201, 101, 1}));
 }
 
-TEST_F(ManipulatorLink, ConnectChangeHandsUpTheDriversAnswer) {
+TEST_F(clsManipulatorTest, ConnectChangeHandsUpTheDriversAnswer) {
     driver.selectAnswer = 70000;
     EXPECT_EQ(link->ConnectChange(2), 70000);
     driver.selectAnswer = 0;
@@ -274,13 +274,13 @@ TEST_F(ManipulatorLink, ConnectChangeHandsUpTheDriversAnswer) {
     EXPECT_EQ(journal, (Journal{"DriverSelect 2", "DriverSelect 3"}));
 }
 
-TEST_F(ManipulatorLink, ConnectedNumberIsTheCountMinus1) {
+TEST_F(clsManipulatorTest, ConnectedNumberIsTheCountMinus1) {
     EXPECT_EQ(link->ConnectedNumber(), 3);
     driver.count = 0;
     EXPECT_EQ(link->ConnectedNumber(), -1);
 }
 
-TEST_F(ManipulatorLink, ConnectedNumberBeyond16BitsGoesToTheCaller) {
+TEST_F(clsManipulatorTest, ConnectedNumberBeyond16BitsGoesToTheCaller) {
     driver.count = 32768;
     EXPECT_EQ(link->ConnectedNumber(), 32767);
     driver.count = 32769;
@@ -289,12 +289,12 @@ TEST_F(ManipulatorLink, ConnectedNumberBeyond16BitsGoesToTheCaller) {
     EXPECT_THROW(link->ConnectedNumber(), OverflowFailure);
 }
 
-TEST_F(ManipulatorLink, ReConnectConnectsAnewAndReturns0) {
+TEST_F(clsManipulatorTest, ReConnectConnectsAnewAndReturns0) {
     EXPECT_EQ(link->ReConnect(), 0);
     EXPECT_EQ(journal, Journal{"DriverReconnect"});
 }
 
-TEST_F(ManipulatorLink, WithoutADriverEveryOperationReturnsAtOnceWithoutAMessage) {
+TEST_F(clsManipulatorTest, WithoutADriverEveryOperationReturnsAtOnceWithoutAMessage) {
     driver.libraryMissing = true;
     Build();
     driver.created = 0;
@@ -321,35 +321,35 @@ std::vector<std::int16_t> SlotsOfNumbers(const clsManipulator& link) {
     return slotOf;
 }
 
-TEST_F(ManipulatorLink, TheNumberTableStartsAs0_1_2_3) {
+TEST_F(clsManipulatorTest, TheNumberTableStartsAs0_1_2_3) {
     EXPECT_EQ(SlotsOfNumbers(*link), (std::vector<std::int16_t>{0, 1, 2, 3}));
 }
 
-TEST_F(ManipulatorLink, NumberSettingOf0And2On0_1_2_3Gives2_1_0_3) {
+TEST_F(clsManipulatorTest, NumberSettingOf0And2On0_1_2_3Gives2_1_0_3) {
     link->NumberSetting(0, 2);
     EXPECT_EQ(SlotsOfNumbers(*link), (std::vector<std::int16_t>{2, 1, 0, 3}));
 }
 
-TEST_F(ManipulatorLink, NumberSettingOfANumberInItsOwnSlotChangesNothing) {
+TEST_F(clsManipulatorTest, NumberSettingOfANumberInItsOwnSlotChangesNothing) {
     link->NumberSetting(3, 3);
     EXPECT_EQ(SlotsOfNumbers(*link), (std::vector<std::int16_t>{0, 1, 2, 3}));
 }
 
-TEST_F(ManipulatorLink, NumberSettingOutsideTheSlotsIsABoundsFailure) {
+TEST_F(clsManipulatorTest, NumberSettingOutsideTheSlotsIsABoundsFailure) {
     EXPECT_THROW(link->NumberSetting(4, 7), BoundsFailure);
     EXPECT_THROW(link->NumberSetting(-1, 7), BoundsFailure);
     EXPECT_EQ(SlotsOfNumbers(*link), (std::vector<std::int16_t>{0, 1, 2, 3}));
 }
 
-TEST_F(ManipulatorLink, NumberSettingOutsideTheSlotsHasAlreadyWrittenTheSlotOfTheNumber) {
+TEST_F(clsManipulatorTest, NumberSettingOutsideTheSlotsHasAlreadyWrittenTheSlotOfTheNumber) {
     EXPECT_THROW(link->NumberSetting(4, 2), BoundsFailure);
     EXPECT_EQ(SlotsOfNumbers(*link), (std::vector<std::int16_t>{0, 1, 4, 3}));
     EXPECT_EQ(link->CheckNumberSetting(4), 2);
 }
 
-TEST_F(ManipulatorLink, CheckNumberSettingOf7Returns4) { EXPECT_EQ(link->CheckNumberSetting(7), 4); }
+TEST_F(clsManipulatorTest, CheckNumberSettingOf7Returns4) { EXPECT_EQ(link->CheckNumberSetting(7), 4); }
 
-TEST_F(ManipulatorLink, CheckNumberSettingReturnsTheFirstOfTwoEqualEntries) {
+TEST_F(clsManipulatorTest, CheckNumberSettingReturnsTheFirstOfTwoEqualEntries) {
     link->NumberSetting(0, 7);
     link->NumberSetting(1, 1);
     link->NumberSetting(2, 9);

@@ -6,9 +6,9 @@
 namespace travo::test {
 namespace {
 
-class MirrorAnswers : public MirrorRig {
+class clsMirrorAnswersTest : public MirrorRig {
 protected:
-    MirrorAnswers() { Open(); }
+    clsMirrorAnswersTest() { Open(); }
 
     void Line(const std::string& line) { Receive(line + "\r\n"); }
     // What the link did with one line.
@@ -21,7 +21,7 @@ protected:
 
 const Journal Nothing;
 
-TEST_F(MirrorAnswers, EachAnswerGoesToItsReceiver) {
+TEST_F(clsMirrorAnswersTest, EachAnswerGoesToItsReceiver) {
     EXPECT_EQ(After("aD2R-2147483648"), Journal{"X -2147483648"});
     EXPECT_EQ(After("aD1R2147483647"), Journal{"Y 2147483647"});
     EXPECT_EQ(After("aMGR3"), Journal{"magnification 3"});
@@ -30,21 +30,21 @@ TEST_F(MirrorAnswers, EachAnswerGoesToItsReceiver) {
     EXPECT_EQ(After("aPMR2"), Journal{"motor 2"});
 }
 
-TEST_F(MirrorAnswers, ProgramNameErgoLockAndUnknownAnswersAreIgnored) {
+TEST_F(clsMirrorAnswersTest, ProgramNameErgoLockAndUnknownAnswersAreIgnored) {
     for (const char* const line : {"aPNMTRAVO 1", "aWER1", "aXXX1", "aZEN1", "aD3R5", "ad2r5"}) {
         EXPECT_EQ(After(line), Nothing) << line;
     }
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, ClassesQAndOAreIgnoredWhateverTheirCommand) {
+TEST_F(clsMirrorAnswersTest, ClassesQAndOAreIgnoredWhateverTheirCommand) {
     for (const char* const line : {"qD2R5", "oD2R6", "qSAA1,2,3,1,2,1,1,0", "oMGR1", "qPMR1"}) {
         EXPECT_EQ(After(line), Nothing) << line;
     }
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, AnyOtherFirstCharacterCountsAsClassA) {
+TEST_F(clsMirrorAnswersTest, AnyOtherFirstCharacterCountsAsClassA) {
     EXPECT_EQ(After("bD2R1"), Journal{"X 1"});
     EXPECT_EQ(After("QD2R2"), Journal{"X 2"});
     EXPECT_EQ(After("ND2R3"), Journal{"X 3"});
@@ -55,12 +55,12 @@ TEST_F(MirrorAnswers, AnyOtherFirstCharacterCountsAsClassA) {
               Journal{"X 6"});
 }
 
-TEST_F(MirrorAnswers, ClassSWithAnotherCommandDoesNothing) {
+TEST_F(clsMirrorAnswersTest, ClassSWithAnotherCommandDoesNothing) {
     EXPECT_EQ(After("sD2R5"), Nothing);
     EXPECT_EQ(After("sSAB1,2,0,1,2,1,1,0"), Nothing);
 }
 
-TEST_F(MirrorAnswers, EachErrorNumberIsReportedWithItsText) {
+TEST_F(clsMirrorAnswersTest, EachErrorNumberIsReportedWithItsText) {
     const char* const texts[] = {" : Mirror : Command Error",
                                  " : Mirror : Parametar Error",
                                  " : Mirror : Timeout Error",
@@ -79,14 +79,14 @@ TEST_F(MirrorAnswers, EachErrorNumberIsReportedWithItsText) {
     EXPECT_EQ(Logged(), expected);
 }
 
-TEST_F(MirrorAnswers, TheLineND2A2ShowsItselfFollowedByParametarErrorAndNZEN1ShowsNothing) {
+TEST_F(clsMirrorAnswersTest, TheLineND2A2ShowsItselfFollowedByParametarErrorAndNZEN1ShowsNothing) {
     Line("nZEN1");
     EXPECT_TRUE(Silent());
     Line("nD2A2");
     EXPECT_EQ(Reported(), QStringLiteral("nD2A2 : Mirror : Parametar Error"));
 }
 
-TEST_F(MirrorAnswers, TheLineND2A9ShowsNothing) {
+TEST_F(clsMirrorAnswersTest, TheLineND2A9ShowsNothing) {
     for (const char* const line :
          {"nD2A9", "nD2A0", "nD2A", "nD2A10", "nD2A 1", "nD2A01", "nD2A-1", "nD2Ax"}) {
         EXPECT_EQ(After(line), Nothing) << line;
@@ -94,13 +94,13 @@ TEST_F(MirrorAnswers, TheLineND2A9ShowsNothing) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, ARepeatedErrorLineIsNotShownTwice) {
+TEST_F(clsMirrorAnswersTest, ARepeatedErrorLineIsNotShownTwice) {
     Line("nD2A2");
     Line("nD2A2");
     EXPECT_EQ(boxes.shown.size(), 1u);
 }
 
-TEST_F(MirrorAnswers, BytesOfTheLineAreReportedInTheCodePage) {
+TEST_F(clsMirrorAnswersTest, BytesOfTheLineAreReportedInTheCodePage) {
     Line(
         std::string("n\0\x80\xE4"
                     "2",
@@ -110,7 +110,7 @@ TEST_F(MirrorAnswers, BytesOfTheLineAreReportedInTheCodePage) {
     EXPECT_EQ(boxes.Texts(), QStringList{line + QStringLiteral(" : Mirror : Parametar Error")});
 }
 
-TEST_F(MirrorAnswers, AValueThatIsNoNumberIsDroppedWithoutAWord) {
+TEST_F(clsMirrorAnswersTest, AValueThatIsNoNumberIsDroppedWithoutAWord) {
     for (const char* const value : {"", " 5", "5 ", "+5", "--5", "-", "5.0", "0x5", "5,", "2147483648",
                                     "-2147483649", "99999999999999999999", "five"}) {
         EXPECT_EQ(After("aD2R" + std::string(value)), Nothing) << value;
@@ -124,50 +124,50 @@ TEST_F(MirrorAnswers, AValueThatIsNoNumberIsDroppedWithoutAWord) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, LinesUnderFourCharactersAreDroppedWithoutAWord) {
+TEST_F(clsMirrorAnswersTest, LinesUnderFourCharactersAreDroppedWithoutAWord) {
     for (const char* const line : {"", "n", "a", "s", "q", "o", "nD", "sS", "nD2", "sSA", "123"}) {
         EXPECT_EQ(After(line), Nothing) << line;
     }
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, AFailureOfAReceiverEntersTheErrorDispatchWithTheLinesValue) {
+TEST_F(clsMirrorAnswersTest, AFailureOfAReceiverEntersTheErrorDispatchWithTheLinesValue) {
     failing = {"magnification 3"};
     Line("aMGR3");
     EXPECT_EQ(Reported(), QStringLiteral("aMGR3 : Mirror : Timeout Error"));
 }
 
-TEST_F(MirrorAnswers, WhateverAReceiverThrowsEntersTheErrorDispatchWithTheLinesValue) {
+TEST_F(clsMirrorAnswersTest, WhateverAReceiverThrowsEntersTheErrorDispatchWithTheLinesValue) {
     throwsNumbers = true;
     failing = {"magnification 3"};
     EXPECT_NO_THROW(Line("aMGR3"));
     EXPECT_EQ(Reported(), QStringLiteral("aMGR3 : Mirror : Timeout Error"));
 }
 
-TEST_F(MirrorAnswers, AFailureOfAReceiverIsSilentWhereTheValueIsNoErrorNumber) {
+TEST_F(clsMirrorAnswersTest, AFailureOfAReceiverIsSilentWhereTheValueIsNoErrorNumber) {
     failing = {"X 9", "magnification 2"};
     EXPECT_EQ(After("aD2R9"), Journal{"X 9"});
     EXPECT_EQ(After("sSAA1,2,0,1,2,1,1,0"), Journal{"magnification 2"});
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, AStatusLineDeliversMagnificationThenPositionThenMotor) {
+TEST_F(clsMirrorAnswersTest, AStatusLineDeliversMagnificationThenPositionThenMotor) {
     EXPECT_EQ(After("sSAA-12,34,7,1,3,0,0,8"), (Journal{"magnification 3", "XY -12 34", "motor 1"}));
 }
 
-TEST_F(MirrorAnswers, AStatusLineShowsTheLimitOfYBeforeThatOfX) {
+TEST_F(clsMirrorAnswersTest, AStatusLineShowsTheLimitOfYBeforeThatOfX) {
     EXPECT_EQ(After("sSAA1,2,0,0,1,1,1,0"), (Journal{"magnification 1", "XY 1 2", "motor 0",
                                                      "box Movement limit Y", "box Movement limit X"}));
     EXPECT_EQ(boxes.shown[0].buttons, platform::BoxButtons::OK);
     EXPECT_TRUE(Logged().isEmpty());
 }
 
-TEST_F(MirrorAnswers, AStatusLineWithSevenFieldsChangesNothing) {
+TEST_F(clsMirrorAnswersTest, AStatusLineWithSevenFieldsChangesNothing) {
     EXPECT_EQ(After("sSAA1,2,0,1,2,1,1"), Nothing);
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, StatusLinesOf0To20FieldsAreTakenFromEightOn) {
+TEST_F(clsMirrorAnswersTest, StatusLinesOf0To20FieldsAreTakenFromEightOn) {
     for (int count = 0; count <= 20; ++count) {
         std::string line = "sSAA";
         for (int field = 0; field < count; ++field) {
@@ -180,11 +180,11 @@ TEST_F(MirrorAnswers, StatusLinesOf0To20FieldsAreTakenFromEightOn) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, TheFieldsThatAreNotUsedMayHoldAnything) {
+TEST_F(clsMirrorAnswersTest, TheFieldsThatAreNotUsedMayHoldAnything) {
     EXPECT_EQ(After("sSAA1,2,noise,1,2,0,0,"), (Journal{"magnification 2", "XY 1 2", "motor 1"}));
 }
 
-TEST_F(MirrorAnswers, ABadFieldEndsTheStatusLineThereInSilence) {
+TEST_F(clsMirrorAnswersTest, ABadFieldEndsTheStatusLineThereInSilence) {
     EXPECT_EQ(After("sSAA1,2,0,1,x,1,1,0"), Nothing);
     EXPECT_EQ(After("sSAA1,2,0,1,32768,1,1,0"), Nothing);
     EXPECT_EQ(After("sSAA1, 2,0,1,2,1,1,0"), Journal{"magnification 2"});
@@ -195,19 +195,19 @@ TEST_F(MirrorAnswers, ABadFieldEndsTheStatusLineThereInSilence) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorAnswers, ABadXLimitFieldComesAfterTheBoxOfY) {
+TEST_F(clsMirrorAnswersTest, ABadXLimitFieldComesAfterTheBoxOfY) {
     EXPECT_EQ(After("sSAA1,2,0,1,2,1,x,0"),
               (Journal{"magnification 2", "XY 1 2", "motor 1", "box Movement limit Y"}));
 }
 
-TEST_F(MirrorAnswers, AStatusLineWithAYLimitFlagShowsMovementLimitYOnceHoweverManyFollow) {
+TEST_F(clsMirrorAnswersTest, AStatusLineWithAYLimitFlagShowsMovementLimitYOnceHoweverManyFollow) {
     for (int x = 0; x < 50; ++x) {
         Line("sSAA" + std::to_string(x) + ",2,0,1,2,1,0,0");
     }
     EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Movement limit Y")});
 }
 
-TEST_F(MirrorAnswers, TheLimitIsShownAgainOnlyAfterTheAxisWasOffIt) {
+TEST_F(clsMirrorAnswersTest, TheLimitIsShownAgainOnlyAfterTheAxisWasOffIt) {
     for (const char* const limits : {"1,1", "-1,2", "0,1", "1,1", "1,0", "1,1"}) {
         Line("sSAA" + std::to_string(journal.size()) + ",2,0,1,2," + limits + ",0");
     }
@@ -216,7 +216,7 @@ TEST_F(MirrorAnswers, TheLimitIsShownAgainOnlyAfterTheAxisWasOffIt) {
     EXPECT_EQ(boxes.Texts(), (QStringList{y, x, y, x}));
 }
 
-TEST_F(MirrorAnswers, ALimitBoxIsNotShownAgainWhileItIsUp) {
+TEST_F(clsMirrorAnswersTest, ALimitBoxIsNotShownAgainWhileItIsUp) {
     boxes.whileShown = Once([&] {
         for (int x = 2; x < 32; ++x) {
             Line("sSAA" + std::to_string(x) + ",2,0,1,2,1,0,0");
@@ -228,7 +228,7 @@ TEST_F(MirrorAnswers, ALimitBoxIsNotShownAgainWhileItIsUp) {
     EXPECT_EQ(boxes.shown.size(), 1u);
 }
 
-TEST_F(MirrorAnswers, AnAxisThatComesBackToItsLimitWhileItsBoxIsUpIsNotShownAgain) {
+TEST_F(clsMirrorAnswersTest, AnAxisThatComesBackToItsLimitWhileItsBoxIsUpIsNotShownAgain) {
     boxes.whileShown = Once([&] {
         Line("sSAA2,2,0,1,2,0,0,0");
         Line("sSAA3,2,0,1,2,1,0,0");
@@ -237,7 +237,7 @@ TEST_F(MirrorAnswers, AnAxisThatComesBackToItsLimitWhileItsBoxIsUpIsNotShownAgai
     EXPECT_EQ(boxes.shown.size(), 1u);
 }
 
-TEST_F(MirrorAnswers, TheLimitOfTheOtherAxisIsShownWhileOneBoxIsUp) {
+TEST_F(clsMirrorAnswersTest, TheLimitOfTheOtherAxisIsShownWhileOneBoxIsUp) {
     boxes.whileShown = Once([&] {
         Line("sSAA2,2,0,1,2,1,1,0");
         Line("sSAA3,2,0,1,2,1,1,0");
@@ -247,14 +247,14 @@ TEST_F(MirrorAnswers, TheLimitOfTheOtherAxisIsShownWhileOneBoxIsUp) {
               (QStringList{QStringLiteral("Movement limit Y"), QStringLiteral("Movement limit X")}));
 }
 
-TEST_F(MirrorAnswers, AnAxisThatLeavesTheLimitDuringTheBoxIsLatchedAllTheSame) {
+TEST_F(clsMirrorAnswersTest, AnAxisThatLeavesTheLimitDuringTheBoxIsLatchedAllTheSame) {
     boxes.whileShown = Once([&] { Line("sSAA2,2,0,1,2,0,0,0"); });
     Line("sSAA1,2,0,1,2,1,0,0");
     Line("sSAA3,2,0,1,2,1,0,0");
     EXPECT_EQ(boxes.shown.size(), 1u);
 }
 
-TEST_F(MirrorAnswers, AFloodOfDistinctErrorLinesShowsEachOfThem) {
+TEST_F(clsMirrorAnswersTest, AFloodOfDistinctErrorLinesShowsEachOfThem) {
     std::string flood;
     for (int number = 0; number < 2000; ++number) {
         flood += 'n';

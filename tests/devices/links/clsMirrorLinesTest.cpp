@@ -6,34 +6,34 @@
 namespace travo::test {
 namespace {
 
-class MirrorLines : public MirrorRig {
+class clsMirrorLinesTest : public MirrorRig {
 protected:
-    MirrorLines() { Open(); }
+    clsMirrorLinesTest() { Open(); }
 };
 
-TEST_F(MirrorLines, TheLineAD2R12ReceivedTwiceInARowDeliversOneReceiveMirrorXData) {
+TEST_F(clsMirrorLinesTest, TheLineAD2R12ReceivedTwiceInARowDeliversOneReceiveMirrorXData) {
     Receive("aD2R12\r\naD2R12\r\n");
     EXPECT_EQ(journal, Journal{"X 12"});
 }
 
-TEST_F(MirrorLines, TheLinesAD2R12AD1R12AD2R12DeliverThreeValues) {
+TEST_F(clsMirrorLinesTest, TheLinesAD2R12AD1R12AD2R12DeliverThreeValues) {
     Receive("aD2R12\r\naD1R12\r\naD2R12\r\n");
     EXPECT_EQ(journal, (Journal{"X 12", "Y 12", "X 12"}));
 }
 
-TEST_F(MirrorLines, TheTextAD2AloneStaysPendingAndR5WithCrLfDeliversOneXValueOf5) {
+TEST_F(clsMirrorLinesTest, TheTextAD2AloneStaysPendingAndR5WithCrLfDeliversOneXValueOf5) {
     Receive("aD2");
     EXPECT_EQ(journal, Journal{});
     Receive("R5\r\n");
     EXPECT_EQ(journal, Journal{"X 5"});
 }
 
-TEST_F(MirrorLines, RZ100WithALoneCrGoesToMotorErgoConnectAsRZ100) {
+TEST_F(clsMirrorLinesTest, RZ100WithALoneCrGoesToMotorErgoConnectAsRZ100) {
     Receive("RZ100\r");
     EXPECT_EQ(journal, Journal{"ergo RZ100"});
 }
 
-TEST_F(MirrorLines, EachOfTheFiveMotorCommandsIsPassedOnUnchanged) {
+TEST_F(clsMirrorLinesTest, EachOfTheFiveMotorCommandsIsPassedOnUnchanged) {
     for (const std::string line : {"RZ-1", "MZ", "RESET", "WZ?", "ZERO \xE4"}) {
         journal.clear();
         Receive(line + "\r");
@@ -41,37 +41,37 @@ TEST_F(MirrorLines, EachOfTheFiveMotorCommandsIsPassedOnUnchanged) {
     }
 }
 
-TEST_F(MirrorLines, SeveralMotorLinesInOnePieceAreAllPassedOnAlsoWhenEqual) {
+TEST_F(clsMirrorLinesTest, SeveralMotorLinesInOnePieceAreAllPassedOnAlsoWhenEqual) {
     Receive("RZ1\rRZ1\rMZ2\rWZ");
     Receive("3\r");
     EXPECT_EQ(journal, (Journal{"ergo RZ1", "ergo RZ1", "ergo MZ2", "ergo WZ3"}));
 }
 
-TEST_F(MirrorLines, AMotorLineIsNoLastLine) {
+TEST_F(clsMirrorLinesTest, AMotorLineIsNoLastLine) {
     Receive("aD2R1\r\nRZ1\r");
     EXPECT_EQ(journal, (Journal{"X 1", "ergo RZ1"}));
     Receive("aD2R1\r\n");
     EXPECT_EQ(journal.size(), 2u);
 }
 
-TEST_F(MirrorLines, RZ100ALoneCrAD2R5AndCrLfInOnePieceDeliverNothingAndForwardNothing) {
+TEST_F(clsMirrorLinesTest, RZ100ALoneCrAD2R5AndCrLfInOnePieceDeliverNothingAndForwardNothing) {
     Receive("RZ100\raD2R5\r\n");
     EXPECT_EQ(journal, Journal{});
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorLines, RZ100ALoneCrAndAfterwardsAD2R5WithCrLfDeliverBoth) {
+TEST_F(clsMirrorLinesTest, RZ100ALoneCrAndAfterwardsAD2R5WithCrLfDeliverBoth) {
     Receive("RZ100\r");
     Receive("aD2R5\r\n");
     EXPECT_EQ(journal, (Journal{"ergo RZ100", "X 5"}));
 }
 
-TEST_F(MirrorLines, AMotorLineBehindAControllerLineIsPassedOn) {
+TEST_F(clsMirrorLinesTest, AMotorLineBehindAControllerLineIsPassedOn) {
     Receive("aD2R5\r\nRZ100\r");
     EXPECT_EQ(journal, (Journal{"X 5", "ergo RZ100"}));
 }
 
-TEST_F(MirrorLines, XYWithALoneCrStaysPendingAndWithTheLfIsDroppedAsTooShort) {
+TEST_F(clsMirrorLinesTest, XYWithALoneCrStaysPendingAndWithTheLfIsDroppedAsTooShort) {
     Receive("XY\r");
     Receive("\n");
     EXPECT_EQ(journal, Journal{});
@@ -80,13 +80,13 @@ TEST_F(MirrorLines, XYWithALoneCrStaysPendingAndWithTheLfIsDroppedAsTooShort) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorLines, AMotorLineWhoseLfComesLaterLeavesTheLfToTheNextLine) {
+TEST_F(clsMirrorLinesTest, AMotorLineWhoseLfComesLaterLeavesTheLfToTheNextLine) {
     Receive("RZ1\r");
     Receive("\naD2R5\r\naD2R6\r\n");
     EXPECT_EQ(journal, (Journal{"ergo RZ1", "X 6"}));
 }
 
-TEST_F(MirrorLines, ACandidateThatIsNoMotorLineBecomesPartOfTheNextLine) {
+TEST_F(clsMirrorLinesTest, ACandidateThatIsNoMotorLineBecomesPartOfTheNextLine) {
     Receive("aD2\r");
     Receive("RZ1\r");
     EXPECT_EQ(journal, Journal{});
@@ -94,34 +94,34 @@ TEST_F(MirrorLines, ACandidateThatIsNoMotorLineBecomesPartOfTheNextLine) {
     EXPECT_EQ(journal, Journal{"X 6"});
 }
 
-TEST_F(MirrorLines, TheBeginningOfAMotorLineIsExactInCaseAndPlace) {
+TEST_F(clsMirrorLinesTest, TheBeginningOfAMotorLineIsExactInCaseAndPlace) {
     Receive("rz1\r");
     Receive(" RZ1\r");
     Receive("R\r");
     EXPECT_EQ(journal, Journal{});
 }
 
-TEST_F(MirrorLines, AnEmptyLineIsDropped) {
+TEST_F(clsMirrorLinesTest, AnEmptyLineIsDropped) {
     Receive("\r\n\r\n");
     EXPECT_EQ(journal, Journal{});
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(MirrorLines, ALfWithoutACrEndsNothing) {
+TEST_F(clsMirrorLinesTest, ALfWithoutACrEndsNothing) {
     Receive("aD2R5\n");
     EXPECT_EQ(journal, Journal{});
     Receive("\r\n");
     EXPECT_EQ(journal, Journal{});
 }
 
-TEST_F(MirrorLines, TextOneByteAtATimeGivesTheSameLines) {
+TEST_F(clsMirrorLinesTest, TextOneByteAtATimeGivesTheSameLines) {
     for (const char byte : std::string("aD2R5\r\nRZ7\rsSAA1,-2,0,1,2,0,0,0\r\n")) {
         Receive(std::string(1, byte));
     }
     EXPECT_EQ(journal, (Journal{"X 5", "ergo RZ7", "magnification 2", "XY 1 -2", "motor 1"}));
 }
 
-TEST_F(MirrorLines, AHundredKilobytesAtOnceGiveAllTheirLines) {
+TEST_F(clsMirrorLinesTest, AHundredKilobytesAtOnceGiveAllTheirLines) {
     std::string text;
     int lines = 0;
     while (text.size() < 100000) {
@@ -133,7 +133,7 @@ TEST_F(MirrorLines, AHundredKilobytesAtOnceGiveAllTheirLines) {
     EXPECT_EQ(journal.back(), "X " + std::to_string(lines - 1));
 }
 
-TEST_F(MirrorLines, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
+TEST_F(clsMirrorLinesTest, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
     Receive(std::string(1000000, 'x'));
     Receive("\r\naD2R5\r\n");
     EXPECT_EQ(journal, (Journal{"dropped 0", "X 5"}));
@@ -141,7 +141,7 @@ TEST_F(MirrorLines, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
 }
 
 // Noise for which a search from the beginning at every byte would take minutes.
-TEST_F(MirrorLines, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
+TEST_F(clsMirrorLinesTest, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
     for (int bytes = 0; bytes < 2000000; ++bytes) {
         Receive("x");
     }
@@ -149,7 +149,7 @@ TEST_F(MirrorLines, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
     EXPECT_EQ(journal, (Journal{"dropped 0", "X 5"}));
 }
 
-TEST_F(MirrorLines, NoiseOfLoneCarriageReturnsTakesTimeInProportion) {
+TEST_F(clsMirrorLinesTest, NoiseOfLoneCarriageReturnsTakesTimeInProportion) {
     for (int bytes = 0; bytes < 2000000; ++bytes) {
         Receive("\r");
     }
@@ -157,7 +157,7 @@ TEST_F(MirrorLines, NoiseOfLoneCarriageReturnsTakesTimeInProportion) {
     EXPECT_EQ(journal, (Journal{"dropped 0", "X 5"}));
 }
 
-TEST_F(MirrorLines, TenMegabytesOfMotorLinesInOnePieceTakeTimeInProportion) {
+TEST_F(clsMirrorLinesTest, TenMegabytesOfMotorLinesInOnePieceTakeTimeInProportion) {
     std::string text;
     while (text.size() < 10000000) {
         text += "RZ1\r";
@@ -166,7 +166,7 @@ TEST_F(MirrorLines, TenMegabytesOfMotorLinesInOnePieceTakeTimeInProportion) {
     EXPECT_EQ(journal.size(), 2500000u);
 }
 
-TEST_F(MirrorLines, ACallWithinABoxFindsNothingPendingAndItsRestIsReplacedByTheOuterOne) {
+TEST_F(clsMirrorLinesTest, ACallWithinABoxFindsNothingPendingAndItsRestIsReplacedByTheOuterOne) {
     boxes.whileShown = Once([&] {
         Receive("aD2R1\r\naD2R");  // its rest is lost
     });
@@ -175,20 +175,20 @@ TEST_F(MirrorLines, ACallWithinABoxFindsNothingPendingAndItsRestIsReplacedByTheO
     EXPECT_EQ(journal, (Journal{"box nD2A2 : Mirror : Parametar Error", "X 1", "Y 7"}));
 }
 
-TEST_F(MirrorLines, ACallWithinABoxKeepsItsRestWhereTheOuterOneLeavesNothing) {
+TEST_F(clsMirrorLinesTest, ACallWithinABoxKeepsItsRestWhereTheOuterOneLeavesNothing) {
     boxes.whileShown = Once([&] { Receive("aD2R"); });
     Receive("nD2A2\r\n");
     Receive("7\r\n");
     EXPECT_EQ(journal, (Journal{"box nD2A2 : Mirror : Parametar Error", "X 7"}));
 }
 
-TEST_F(MirrorLines, TheLastLineIsSetBeforeTheLineIsActedOn) {
+TEST_F(clsMirrorLinesTest, TheLastLineIsSetBeforeTheLineIsActedOn) {
     boxes.whileShown = [&] { Receive("nD2A2\r\n"); };
     Receive("nD2A2\r\n");
     EXPECT_EQ(journal, Journal{"box nD2A2 : Mirror : Parametar Error"});
 }
 
-TEST_F(MirrorLines, AFailureOfTheMotorPortGoesUpAndTheRestOfTheTextIsLost) {
+TEST_F(clsMirrorLinesTest, AFailureOfTheMotorPortGoesUpAndTheRestOfTheTextIsLost) {
     failing = {"ergo RZ1"};
     EXPECT_THROW(Receive("aD2R1\r\nRZ1\rRZ2\r"), std::runtime_error);
     Receive("aD2R5\r\n");

@@ -7,9 +7,9 @@
 namespace travo::test {
 namespace {
 
-using Mirror = MirrorRig;
+using clsMirrorTest = MirrorRig;
 
-TEST_F(Mirror, PortOpenSetsThePortUp) {
+TEST_F(clsMirrorTest, PortOpenSetsThePortUp) {
     Port().handshaking = Port().inputLen = Port().inputMode = 9;
     link->PortOpen(7);
     EXPECT_EQ(Port().commPort, 7);
@@ -21,13 +21,13 @@ TEST_F(Mirror, PortOpenSetsThePortUp) {
     EXPECT_TRUE(link->PortOpenCheck());
 }
 
-TEST_F(Mirror, PortOpenSendsStatusErgoLockMotorXYAndMagnificationInThisOrder) {
+TEST_F(clsMirrorTest, PortOpenSendsStatusErgoLockMotorXYAndMagnificationInThisOrder) {
     link->PortOpen(1);
     EXPECT_EQ(journal, (Journal{"port 1 open", "port 1 > cSAS1\r", "port 1 > rWER\r", "port 1 > rPMR\r",
                                 "port 1 > rD2R\r", "port 1 > rD1R\r", "port 1 > rMGR\r"}));
 }
 
-TEST_F(Mirror, AFailureInPortCloseIsReported) {
+TEST_F(clsMirrorTest, AFailureInPortCloseIsReported) {
     Open();
     Port().failClose = true;
     link->PortClose();
@@ -64,7 +64,7 @@ const Command Commands[] = {
     {"cSAS1\r", [](clsMirror& link) { link.StatusONOFF(1); }},
 };
 
-TEST_F(Mirror, EachCommandIsWrittenByteForByte) {
+TEST_F(clsMirrorTest, EachCommandIsWrittenByteForByte) {
     Open();
     for (const Command& command : Commands) {
         command.send(*link);
@@ -72,7 +72,7 @@ TEST_F(Mirror, EachCommandIsWrittenByteForByte) {
     }
 }
 
-TEST_F(Mirror, AnyCommandWithThePortClosedSendsNothingAndShowsNothing) {
+TEST_F(clsMirrorTest, AnyCommandWithThePortClosedSendsNothingAndShowsNothing) {
     for (const Command& command : Commands) {
         command.send(*link);
     }
@@ -80,14 +80,14 @@ TEST_F(Mirror, AnyCommandWithThePortClosedSendsNothingAndShowsNothing) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Mirror, AFailedCommandGoesToTheCaller) {
+TEST_F(clsMirrorTest, AFailedCommandGoesToTheCaller) {
     Open();
     Port().failOutput = true;
     EXPECT_THROW(link->RequestXData(), std::runtime_error);
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Mirror, EveryKindOfEventMakesTheLinkReadItsInput) {
+TEST_F(clsMirrorTest, EveryKindOfEventMakesTheLinkReadItsInput) {
     Open();
     for (const int code : {1, 2, 3, 7, 1009}) {
         Port().Receive("aD2R" + std::to_string(code) + "\r\n", code);
@@ -96,13 +96,13 @@ TEST_F(Mirror, EveryKindOfEventMakesTheLinkReadItsInput) {
     EXPECT_EQ(Port().buffer, "");
 }
 
-TEST_F(Mirror, AnEventWithoutInputDoesNothing) {
+TEST_F(clsMirrorTest, AnEventWithoutInputDoesNothing) {
     Open();
     Port().Tell(platform::ReceptionEvent);
     EXPECT_EQ(journal, Journal{});
 }
 
-TEST_F(Mirror, TheLastLineSurvivesAReopening) {
+TEST_F(clsMirrorTest, TheLastLineSurvivesAReopening) {
     Open();
     Receive("aD2R5\r\n");
     link->PortClose();
@@ -111,7 +111,7 @@ TEST_F(Mirror, TheLastLineSurvivesAReopening) {
     EXPECT_EQ(journal, Journal{"X 6"});
 }
 
-TEST_F(Mirror, TextWithoutALineEndSurvivesAReopening) {
+TEST_F(clsMirrorTest, TextWithoutALineEndSurvivesAReopening) {
     Open();
     Receive("aD2");
     link->PortClose();
@@ -120,7 +120,7 @@ TEST_F(Mirror, TextWithoutALineEndSurvivesAReopening) {
     EXPECT_EQ(journal, Journal{"X 5"});
 }
 
-TEST_F(Mirror, TheFirstLineOfARunThatIsTheCharacter0IsDropped) {
+TEST_F(clsMirrorTest, TheFirstLineOfARunThatIsTheCharacter0IsDropped) {
     Open();
     Receive("0\r\naD2R5\r\n0\r\naD2R5\r\n");
     EXPECT_EQ(journal, (Journal{"X 5", "X 5"}));

@@ -13,9 +13,9 @@ class NoListener : public SharedState::Listener {
     void ViewChanged() override {}
 };
 
-class Motor : public LinkRig, public clsMotor::Panel {
+class clsMotorTest : public LinkRig, public clsMotor::Panel {
 protected:
-    Motor() { link.emplace(serialPorts, eventLoop, state, *this, failures); }
+    clsMotorTest() { link.emplace(serialPorts, eventLoop, state, *this, failures); }
 
     FakeSerialPort& Port() { return *serialPorts.created.front(); }
     void Open() {
@@ -35,7 +35,7 @@ private:
 
 const Journal Nothing;
 
-TEST_F(Motor, PortOpenSetsThePortUp) {
+TEST_F(clsMotorTest, PortOpenSetsThePortUp) {
     Port().handshaking = Port().inputLen = Port().inputMode = 9;
     link->PortOpen(3);
     EXPECT_EQ(Port().commPort, 3);
@@ -47,12 +47,12 @@ TEST_F(Motor, PortOpenSetsThePortUp) {
     EXPECT_TRUE(link->PortOpenCheck());
 }
 
-TEST_F(Motor, PortOpenAsksWhoIsThereAndLocksTheButtons) {
+TEST_F(clsMotorTest, PortOpenAsksWhoIsThereAndLocksTheButtons) {
     link->PortOpen(3);
     EXPECT_EQ(journal, (Journal{"port 3 open", "port 3 > WHO\r", "lock"}));
 }
 
-TEST_F(Motor, AFailureOfThePanelInPortOpenClosesThePortInSilence) {
+TEST_F(clsMotorTest, AFailureOfThePanelInPortOpenClosesThePortInSilence) {
     failing = {"lock"};
     link->PortOpen(3);
     EXPECT_FALSE(link->PortOpenCheck());
@@ -60,7 +60,7 @@ TEST_F(Motor, AFailureOfThePanelInPortOpenClosesThePortInSilence) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Motor, AFailureInPortCloseIsReported) {
+TEST_F(clsMotorTest, AFailureInPortCloseIsReported) {
     Open();
     Port().failClose = true;
     link->PortClose();
@@ -87,7 +87,7 @@ const Command Commands[] = {
     {"\r", [](clsMotor& link) { link.ErgoConnect(""); }},
 };
 
-TEST_F(Motor, EachCommandIsWrittenByteForByteAndThenLocksTheButtons) {
+TEST_F(clsMotorTest, EachCommandIsWrittenByteForByteAndThenLocksTheButtons) {
     Open();
     for (const Command& command : Commands) {
         journal.clear();
@@ -97,13 +97,13 @@ TEST_F(Motor, EachCommandIsWrittenByteForByteAndThenLocksTheButtons) {
     }
 }
 
-TEST_F(Motor, MoveRZWithMinus1000WritesRELMOVEZMinus1000AndACr) {
+TEST_F(clsMotorTest, MoveRZWithMinus1000WritesRELMOVEZMinus1000AndACr) {
     Open();
     link->MoveRZ(-1000);
     EXPECT_EQ(Port().TakeOutput(), "RELMOVEZ-1000\r");
 }
 
-TEST_F(Motor, AnyCommandWithThePortClosedNeitherWritesNorLocksTheButtons) {
+TEST_F(clsMotorTest, AnyCommandWithThePortClosedNeitherWritesNorLocksTheButtons) {
     for (const Command& command : Commands) {
         command.send(*link);
     }
@@ -111,14 +111,14 @@ TEST_F(Motor, AnyCommandWithThePortClosedNeitherWritesNorLocksTheButtons) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Motor, AnErgoLineIsPassedOnWithEveryByteAsItStands) {
+TEST_F(clsMotorTest, AnErgoLineIsPassedOnWithEveryByteAsItStands) {
     Open();
     const std::string line("RZ\0\xE4\n1", 6);
     link->ErgoConnect(line);
     EXPECT_EQ(Port().TakeOutput(), line + "\r");
 }
 
-TEST_F(Motor, TheLineRemoteDriveAccessorySetsBMotorONOFFSinceTheTextHoldsAnA) {
+TEST_F(clsMotorTest, TheLineRemoteDriveAccessorySetsBMotorONOFFSinceTheTextHoldsAnA) {
     Open();
     Receive("Remote Drive Accessory\r");
     EXPECT_TRUE(state.bMotorONOFF);
@@ -126,7 +126,7 @@ TEST_F(Motor, TheLineRemoteDriveAccessorySetsBMotorONOFFSinceTheTextHoldsAnA) {
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Motor, TheIdentificationCountsAnywhereInALineButExactInCase) {
+TEST_F(clsMotorTest, TheIdentificationCountsAnywhereInALineButExactInCase) {
     Open();
     Receive("A remote drive accessory\rA Remote Drive accessory\r");
     EXPECT_FALSE(state.bMotorONOFF);
@@ -134,46 +134,46 @@ TEST_F(Motor, TheIdentificationCountsAnywhereInALineButExactInCase) {
     EXPECT_TRUE(state.bMotorONOFF);
 }
 
-TEST_F(Motor, TheLineZShowsZFollowedByMotorUnknownError) {
+TEST_F(clsMotorTest, TheLineZShowsZFollowedByMotorUnknownError) {
     Open();
     Receive("Z\r");
     EXPECT_EQ(Reported(), QStringLiteral("Z: Motor : Unknown Error"));
     EXPECT_EQ(journal, (Journal{"unlock", "box Z: Motor : Unknown Error"}));
 }
 
-TEST_F(Motor, TheLineNShowsNFollowedByMotorUnknownError) {
+TEST_F(clsMotorTest, TheLineNShowsNFollowedByMotorUnknownError) {
     Open();
     Receive("N\r");
     EXPECT_EQ(Reported(), QStringLiteral("N: Motor : Unknown Error"));
 }
 
-TEST_F(Motor, ALineWithAnAIsGoodEvenWithAnN) {
+TEST_F(clsMotorTest, ALineWithAnAIsGoodEvenWithAnN) {
     Open();
     Receive("NA\rN Remote\r");
     EXPECT_EQ(journal, (Journal{"unlock", "unlock", "box N Remote: Motor : Unknown Error"}));
     EXPECT_FALSE(state.bMotorONOFF);
 }
 
-TEST_F(Motor, TheLineAUnlocksTheButtonsAndShowsNothing) {
+TEST_F(clsMotorTest, TheLineAUnlocksTheButtonsAndShowsNothing) {
     Open();
     Receive("A\r");
     EXPECT_EQ(journal, Journal{"unlock"});
     EXPECT_TRUE(Silent());
 }
 
-TEST_F(Motor, ASmallAIsNoGoodAnswer) {
+TEST_F(clsMotorTest, ASmallAIsNoGoodAnswer) {
     Open();
     Receive("a\r");
     EXPECT_EQ(Reported(), QStringLiteral("a: Motor : Unknown Error"));
 }
 
-TEST_F(Motor, AnEmptyLineIsAnUnknownAnswer) {
+TEST_F(clsMotorTest, AnEmptyLineIsAnUnknownAnswer) {
     Open();
     Receive("\r");
     EXPECT_EQ(Reported(), QStringLiteral(": Motor : Unknown Error"));
 }
 
-TEST_F(Motor, AnAnswerToWHOSplitOverTwoReceiveEventsGivesOneLine) {
+TEST_F(clsMotorTest, AnAnswerToWHOSplitOverTwoReceiveEventsGivesOneLine) {
     Open();
     Receive("Remote Drive ");
     EXPECT_EQ(journal, Nothing);
@@ -182,7 +182,7 @@ TEST_F(Motor, AnAnswerToWHOSplitOverTwoReceiveEventsGivesOneLine) {
     EXPECT_TRUE(state.bMotorONOFF);
 }
 
-TEST_F(Motor, AnEventOfAnotherKindThanReceptionLeavesTheInputBufferUnread) {
+TEST_F(clsMotorTest, AnEventOfAnotherKindThanReceptionLeavesTheInputBufferUnread) {
     Open();
     for (const int code : {1, 3, 4, 1001}) {
         Port().Receive("A\r", code);
@@ -193,20 +193,20 @@ TEST_F(Motor, AnEventOfAnotherKindThanReceptionLeavesTheInputBufferUnread) {
     EXPECT_EQ(journal.size(), 4u);
 }
 
-TEST_F(Motor, AReceptionWithoutInputDoesNotEvenServeTheEventLoop) {
+TEST_F(clsMotorTest, AReceptionWithoutInputDoesNotEvenServeTheEventLoop) {
     Open();
     Port().Tell(platform::ReceptionEvent);
     EXPECT_EQ(eventLoop.served, 0);
 }
 
-TEST_F(Motor, TheEventLoopIsServedOnceBeforeEachLineAndOnceBeforeTheRest) {
+TEST_F(clsMotorTest, TheEventLoopIsServedOnceBeforeEachLineAndOnceBeforeTheRest) {
     Open();
     eventLoop.whileServed = [&] { journal.push_back("serve"); };
     Receive("A\rA\rA");
     EXPECT_EQ(journal, (Journal{"serve", "unlock", "serve", "unlock", "serve"}));
 }
 
-TEST_F(Motor, ACallWithinTheServedLoopFindsNothingPendingAndItsRestIsOverwritten) {
+TEST_F(clsMotorTest, ACallWithinTheServedLoopFindsNothingPendingAndItsRestIsOverwritten) {
     Open();
     Receive("first ");
     eventLoop.whileServed = Once([&] { Receive("inner A\rlost"); });
@@ -215,7 +215,7 @@ TEST_F(Motor, ACallWithinTheServedLoopFindsNothingPendingAndItsRestIsOverwritten
     EXPECT_EQ(journal, (Journal{"unlock", "unlock", "unlock", "box kept Z: Motor : Unknown Error"}));
 }
 
-TEST_F(Motor, ARestOfTheInnerCallStaysWhereTheOuterOneLeavesNothing) {
+TEST_F(clsMotorTest, ARestOfTheInnerCallStaysWhereTheOuterOneLeavesNothing) {
     Open();
     eventLoop.whileServed = Once([&] { Receive("kept "); });
     Receive("A\r");
@@ -223,14 +223,14 @@ TEST_F(Motor, ARestOfTheInnerCallStaysWhereTheOuterOneLeavesNothing) {
     EXPECT_EQ(Reported(), QStringLiteral("kept Z: Motor : Unknown Error"));
 }
 
-TEST_F(Motor, ACallWithinTheBoxIsTakenAtOnce) {
+TEST_F(clsMotorTest, ACallWithinTheBoxIsTakenAtOnce) {
     Open();
     boxes.whileShown = Once([&] { Receive("A\r"); });
     Receive("Z\rA\r");
     EXPECT_EQ(journal, (Journal{"unlock", "box Z: Motor : Unknown Error", "unlock", "unlock"}));
 }
 
-TEST_F(Motor, AFailureOfThePanelAtAGoodAnswerEndsInTheSameMessage) {
+TEST_F(clsMotorTest, AFailureOfThePanelAtAGoodAnswerEndsInTheSameMessage) {
     Open();
     failing = {"unlock"};
     Receive("A Remote Drive Accessory\r");
@@ -239,14 +239,14 @@ TEST_F(Motor, AFailureOfThePanelAtAGoodAnswerEndsInTheSameMessage) {
     EXPECT_EQ(Logged(), boxes.Texts());
 }
 
-TEST_F(Motor, AFailureOfThePanelAtAnUnknownAnswerDoesNotHideTheMessage) {
+TEST_F(clsMotorTest, AFailureOfThePanelAtAnUnknownAnswerDoesNotHideTheMessage) {
     Open();
     failing = {"unlock"};
     Receive("Z\rZ\r");
     EXPECT_EQ(boxes.shown.size(), 2u);
 }
 
-TEST_F(Motor, WhateverThePanelThrowsAtAnAnswerEndsInTheSameMessage) {
+TEST_F(clsMotorTest, WhateverThePanelThrowsAtAnAnswerEndsInTheSameMessage) {
     Open();
     throwsNumbers = true;
     failing = {"unlock"};
@@ -255,27 +255,27 @@ TEST_F(Motor, WhateverThePanelThrowsAtAnAnswerEndsInTheSameMessage) {
                                           QStringLiteral("Z: Motor : Unknown Error")}));
 }
 
-TEST_F(Motor, EqualLinesAreAllTaken) {
+TEST_F(clsMotorTest, EqualLinesAreAllTaken) {
     Open();
     Receive("Z\rZ\r");
     EXPECT_EQ(boxes.shown.size(), 2u);
 }
 
-TEST_F(Motor, BytesOfTheLineAreReportedInTheCodePage) {
+TEST_F(clsMotorTest, BytesOfTheLineAreReportedInTheCodePage) {
     Open();
     Receive(std::string("\0\x80\xE4\n\r", 5));
     const QString line = QString(QChar(0)) + QChar(0x20AC) + QChar(0xE4) + QLatin1Char('\n');
     EXPECT_EQ(boxes.Texts(), QStringList{line + QStringLiteral(": Motor : Unknown Error")});
 }
 
-TEST_F(Motor, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
+TEST_F(clsMotorTest, ALineOfAMegabyteIsDroppedAndTheNextIsTaken) {
     Open();
     Receive(std::string(1000000, 'x'));
     Receive("A\rA\r");
     EXPECT_EQ(journal, (Journal{"dropped 2", "unlock"}));
 }
 
-TEST_F(Motor, TextOneByteAtATimeGivesTheSameLines) {
+TEST_F(clsMotorTest, TextOneByteAtATimeGivesTheSameLines) {
     Open();
     for (const char byte : std::string("A\rRemote Drive Accessory\rA12")) {
         Receive(std::string(1, byte));
@@ -284,7 +284,7 @@ TEST_F(Motor, TextOneByteAtATimeGivesTheSameLines) {
     EXPECT_TRUE(state.bMotorONOFF);
 }
 
-TEST_F(Motor, AHundredKilobytesAtOnceGiveAllTheirLines) {
+TEST_F(clsMotorTest, AHundredKilobytesAtOnceGiveAllTheirLines) {
     Open();
     std::string text;
     for (int line = 0; line < 50000; ++line) {
@@ -295,7 +295,7 @@ TEST_F(Motor, AHundredKilobytesAtOnceGiveAllTheirLines) {
     EXPECT_EQ(eventLoop.served, 50001);
 }
 
-TEST_F(Motor, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
+TEST_F(clsMotorTest, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
     Open();
     for (int bytes = 0; bytes < 2000000; ++bytes) {
         Receive("x");
@@ -304,7 +304,7 @@ TEST_F(Motor, NoiseWithoutALineEndOneByteAtATimeTakesTimeInProportion) {
     EXPECT_EQ(journal, (Journal{"dropped 2", "unlock"}));
 }
 
-TEST_F(Motor, TextWithoutALineEndSurvivesAReopening) {
+TEST_F(clsMotorTest, TextWithoutALineEndSurvivesAReopening) {
     Open();
     Receive("Remote Drive ");
     link->PortClose();

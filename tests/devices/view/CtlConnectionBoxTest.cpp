@@ -2,16 +2,16 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 
 namespace travo::test {
 namespace {
 
 using ::testing::IsEmpty;
 
-class CtlConnectionBox : public ConnectionRig {};
+class CtlConnectionBoxTest : public CtlConnectionRig {};
 
-TEST_F(CtlConnectionBox, ClearingBox0Writes1IntoIt) {
+TEST_F(CtlConnectionBoxTest, ClearingBox0Writes1IntoIt) {
     Type(0, QStringLiteral("7"));
     EXPECT_EQ(Box(0).text(), QStringLiteral("7"));
     QTest::keyClick(&Box(0), Qt::Key_Backspace);
@@ -20,7 +20,7 @@ TEST_F(CtlConnectionBox, ClearingBox0Writes1IntoIt) {
     EXPECT_EQ(Box(0).text(), QStringLiteral("4"));
 }
 
-TEST_F(CtlConnectionBox, TypingALetterInAnyBoxDoesNothing) {
+TEST_F(CtlConnectionBoxTest, TypingALetterInAnyBoxDoesNothing) {
     for (int row = 0; row < 4; ++row) {
         Type(row, QStringLiteral("3"));
         QTest::keyClicks(&Box(row), QStringLiteral("aZ-+. ,"));
@@ -28,12 +28,12 @@ TEST_F(CtlConnectionBox, TypingALetterInAnyBoxDoesNothing) {
     }
 }
 
-TEST_F(CtlConnectionBox, ABoxTakesFiveFigures) {
+TEST_F(CtlConnectionBoxTest, ABoxTakesFiveFigures) {
     Type(1, QStringLiteral("987654"));
     EXPECT_EQ(Box(1).text(), QStringLiteral("98765"));
 }
 
-TEST_F(CtlConnectionBox, AWholeNumberThatIsPastedWithAPlusOrBlanksIsMeant) {
+TEST_F(CtlConnectionBoxTest, AWholeNumberThatIsPastedWithAPlusOrBlanksIsMeant) {
     const std::pair<const char*, const char*> texts[] = {
         {"+5", "5"},         {" 5", "5"},         {"5 ", "5"},
         {"\t5\n", "5"},      {"  +5", "5"},       {"      12345", "12345"},
@@ -52,7 +52,7 @@ TEST_F(CtlConnectionBox, AWholeNumberThatIsPastedWithAPlusOrBlanksIsMeant) {
     }
 }
 
-TEST_F(CtlConnectionBox, APastedNumberOpensItsPort) {
+TEST_F(CtlConnectionBoxTest, APastedNumberOpensItsPort) {
     Box(0).selectAll();
     QGuiApplication::clipboard()->setText(QStringLiteral("+5"));
     Box(0).paste();
@@ -61,19 +61,19 @@ TEST_F(CtlConnectionBox, APastedNumberOpensItsPort) {
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_F(CtlConnectionBox, AFigureTypedIntoAFullBoxChangesNothing) {
+TEST_F(CtlConnectionBoxTest, AFigureTypedIntoAFullBoxChangesNothing) {
     Type(1, QStringLiteral("98765"));
     QTest::keyClick(&Box(1), Qt::Key_Home);
     QTest::keyClick(&Box(1), Qt::Key_1);
     EXPECT_EQ(Box(1).text(), QStringLiteral("98765"));
 }
 
-TEST_F(CtlConnectionBox, ATypedZeroBecomes1) {
+TEST_F(CtlConnectionBoxTest, ATypedZeroBecomes1) {
     Type(2, QStringLiteral("0"));
     EXPECT_EQ(Box(2).text(), QStringLiteral("1"));
 }
 
-TEST_F(CtlConnectionBox, WhatIsPutIntoABoxIsFiltered) {
+TEST_F(CtlConnectionBoxTest, WhatIsPutIntoABoxIsFiltered) {
     const std::pair<const char*, const char*> texts[] = {{"", "1"},
                                                          {"abc", "1"},
                                                          {"2.5", "1"},
@@ -91,14 +91,14 @@ TEST_F(CtlConnectionBox, WhatIsPutIntoABoxIsFiltered) {
     }
 }
 
-TEST_F(CtlConnectionBox, PuttingATextIntoABoxDoesNothingElse) {
+TEST_F(CtlConnectionBoxTest, PuttingATextIntoABoxDoesNothingElse) {
     panel.txtNoChange(0, QStringLiteral("4"));
     EXPECT_THAT(rig.journal, IsEmpty());
     EXPECT_FALSE(Watch(0).enabled);
     EXPECT_EQ(Stored(0), QStringLiteral("none"));
 }
 
-TEST_F(CtlConnectionBox, AtATotalOfTwoManipulatorsTheText3IsAcceptedAnd4ChangesTo1) {
+TEST_F(CtlConnectionBoxTest, AtATotalOfTwoManipulatorsTheText3IsAcceptedAnd4ChangesTo1) {
     rig.state.intTotalManipulatorNumber = 2;
     Type(3, QStringLiteral("3"));
     EXPECT_EQ(Box(3).text(), QStringLiteral("3"));
@@ -106,7 +106,7 @@ TEST_F(CtlConnectionBox, AtATotalOfTwoManipulatorsTheText3IsAcceptedAnd4ChangesT
     EXPECT_EQ(Box(3).text(), QStringLiteral("1"));
 }
 
-TEST_F(CtlConnectionBox, WithNoManipulatorEveryNumberInBox3Becomes1) {
+TEST_F(CtlConnectionBoxTest, WithNoManipulatorEveryNumberInBox3Becomes1) {
     rig.state.intTotalManipulatorNumber = -1;
     for (const char* const figure : {"1", "2", "4"}) {
         Type(3, QString::fromLatin1(figure));
@@ -114,14 +114,14 @@ TEST_F(CtlConnectionBox, WithNoManipulatorEveryNumberInBox3Becomes1) {
     }
 }
 
-TEST_F(CtlConnectionBox, UpArrowAtBox3WithValue4DoesNothing) {
+TEST_F(CtlConnectionBoxTest, UpArrowAtBox3WithValue4DoesNothing) {
     rig.state.intTotalManipulatorNumber = 4;
     Type(3, QStringLiteral("4"));
     Click(Up(3));
     EXPECT_EQ(Box(3).text(), QStringLiteral("4"));
 }
 
-TEST_F(CtlConnectionBox, UpArrowAtBox3AboveTheConnectedManipulatorsGoesBackTo1) {
+TEST_F(CtlConnectionBoxTest, UpArrowAtBox3AboveTheConnectedManipulatorsGoesBackTo1) {
     rig.state.intTotalManipulatorNumber = 1;
     Click(Up(3));
     EXPECT_EQ(Box(3).text(), QStringLiteral("2"));
@@ -129,7 +129,7 @@ TEST_F(CtlConnectionBox, UpArrowAtBox3AboveTheConnectedManipulatorsGoesBackTo1) 
     EXPECT_EQ(Box(3).text(), QStringLiteral("1"));
 }
 
-TEST_F(CtlConnectionBox, DownArrowGoesDownTo1) {
+TEST_F(CtlConnectionBoxTest, DownArrowGoesDownTo1) {
     for (int row = 0; row < 4; ++row) {
         Type(row, QStringLiteral("3"));
         Click(Down(row));
@@ -140,7 +140,7 @@ TEST_F(CtlConnectionBox, DownArrowGoesDownTo1) {
     }
 }
 
-TEST_F(CtlConnectionBox, UpArrowOfAPortHasNoUpperLimit) {
+TEST_F(CtlConnectionBoxTest, UpArrowOfAPortHasNoUpperLimit) {
     for (int row = 0; row < 3; ++row) {
         Type(row, QStringLiteral("99999"));
         Click(Up(row));

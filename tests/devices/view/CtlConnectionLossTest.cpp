@@ -1,5 +1,5 @@
 // The connection panel: ports that close by themselves, and what an answer that never comes leaves behind.
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 
 namespace travo::test {
 namespace {
@@ -11,7 +11,7 @@ using ::testing::IsEmpty;
 const QString Lost = QStringLiteral("Connection lost");
 const QString Connected = QStringLiteral("Connected");
 
-class EachLoss : public ConnectionRig, public ::testing::WithParamInterface<int> {
+class EachLossTest : public CtlConnectionRig, public ::testing::WithParamInterface<int> {
 protected:
     // All three instruments have been proved.
     void ConnectAll() {
@@ -26,9 +26,9 @@ protected:
         rig.pointer.screen.clear();
     }
 };
-INSTANTIATE_TEST_SUITE_P(Rows, EachLoss, ::testing::Values(0, 1, 2), RowName);
+INSTANTIATE_TEST_SUITE_P(Rows, EachLossTest, ::testing::Values(0, 1, 2), RowName);
 
-TEST_P(EachLoss, WhatTheInstrumentToldIsForgottenAndNothingOfTheOthers) {
+TEST_P(EachLossTest, WhatTheInstrumentToldIsForgottenAndNothingOfTheOthers) {
     const int row = GetParam();
     ConnectAll();
     Port(row).Vanish();
@@ -40,7 +40,7 @@ TEST_P(EachLoss, WhatTheInstrumentToldIsForgottenAndNothingOfTheOthers) {
     EXPECT_THAT(rig.pointer.screen, IsEmpty());
 }
 
-TEST_P(EachLoss, TheRowSaysSoAtOnceAndItsTestGoesOff) {
+TEST_P(EachLossTest, TheRowSaysSoAtOnceAndItsTestGoesOff) {
     ConnectAll();
     Port(GetParam()).Vanish();
     for (int row = 0; row < 3; ++row) {
@@ -51,14 +51,14 @@ TEST_P(EachLoss, TheRowSaysSoAtOnceAndItsTestGoesOff) {
     }
 }
 
-TEST_P(EachLoss, ThePortStaysStoredForTheNextStart) {
+TEST_P(EachLossTest, ThePortStaysStoredForTheNextStart) {
     const int row = GetParam();
     ConnectAll();
     Port(row).Vanish();
     EXPECT_EQ(Stored(row), QString::number(row + 1));
 }
 
-TEST_P(EachLoss, AnotherPanelAndBackLeavesTheRowAndItsTestAsTheyAre) {
+TEST_P(EachLossTest, AnotherPanelAndBackLeavesTheRowAndItsTestAsTheyAre) {
     const int row = GetParam();
     ConnectAll();
     Port(row).Vanish();
@@ -69,7 +69,7 @@ TEST_P(EachLoss, AnotherPanelAndBackLeavesTheRowAndItsTestAsTheyAre) {
     EXPECT_TRUE(Button(row).Enabled());
 }
 
-TEST_P(EachLoss, SetBringsTheInstrumentBack) {
+TEST_P(EachLossTest, SetBringsTheInstrumentBack) {
     const int row = GetParam();
     ConnectAll();
     Port(row).Vanish();
@@ -82,9 +82,9 @@ TEST_P(EachLoss, SetBringsTheInstrumentBack) {
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-class CtlConnectionLoss : public EachLoss {};
+class CtlConnectionLossTest : public EachLoss {};
 
-TEST_F(CtlConnectionLoss, OnlyALostMirrorTakesTheViewFromTheBirdsEyeView) {
+TEST_F(CtlConnectionLossTest, OnlyALostMirrorTakesTheViewFromTheBirdsEyeView) {
     ConnectAll();
     rig.GaugePort().Vanish();
     rig.MotorPort().Vanish();
@@ -93,7 +93,7 @@ TEST_F(CtlConnectionLoss, OnlyALostMirrorTakesTheViewFromTheBirdsEyeView) {
     EXPECT_THAT(rig.journal, testing::Contains("chkMirror false"));
 }
 
-TEST_F(CtlConnectionLoss, AMotorThatVanishesUnderACommandUnlocksItsSetAndNotItsTest) {
+TEST_F(CtlConnectionLossTest, AMotorThatVanishesUnderACommandUnlocksItsSetAndNotItsTest) {
     ConnectAll();
     Press(TestOfRow(MotorRow));
     ASSERT_FALSE(Button(MotorRow).Enabled());
@@ -106,7 +106,7 @@ TEST_F(CtlConnectionLoss, AMotorThatVanishesUnderACommandUnlocksItsSetAndNotItsT
     EXPECT_EQ(rig.MotorPort().TakeOutput(), "WHO\r");
 }
 
-TEST_F(CtlConnectionLoss, SetOnAWrongPortAndAnotherPanelWithinTheSecondLeaveAWayBack) {
+TEST_F(CtlConnectionLossTest, SetOnAWrongPortAndAnotherPanelWithinTheSecondLeaveAWayBack) {
     StartWatch(MotorRow);
     ASSERT_FALSE(Button(MotorRow).Enabled());
     Tick(MotorRow, 3);
@@ -116,7 +116,7 @@ TEST_F(CtlConnectionLoss, SetOnAWrongPortAndAnotherPanelWithinTheSecondLeaveAWay
     EXPECT_TRUE(TestEnabled(MotorRow));
 }
 
-TEST_F(CtlConnectionLoss, ThePanelOpenedDuringTheFirstWatchOfAMotorThatIsOffLeavesAWayBack) {
+TEST_F(CtlConnectionLossTest, ThePanelOpenedDuringTheFirstWatchOfAMotorThatIsOffLeavesAWayBack) {
     rig.communication.MotorPortOpen(3);
     panel.TimerONOFF(MotorRow, true);
     Tick(MotorRow, 2);
@@ -125,28 +125,28 @@ TEST_F(CtlConnectionLoss, ThePanelOpenedDuringTheFirstWatchOfAMotorThatIsOffLeav
     EXPECT_TRUE(Button(MotorRow).Enabled());
 }
 
-TEST_F(CtlConnectionLoss, ShowingThePanelWithTheMotorsPortClosedUnlocksItsSetAlone) {
+TEST_F(CtlConnectionLossTest, ShowingThePanelWithTheMotorsPortClosedUnlocksItsSetAlone) {
     panel.ControlONOFF(false);
     panel.Shown();
     EXPECT_TRUE(Button(MotorRow).Enabled());
     EXPECT_FALSE(TestEnabled(MotorRow));
 }
 
-TEST_F(CtlConnectionLoss, LeavingThePanelDuringTheGaugesWatchTakesTheHourglassDown) {
+TEST_F(CtlConnectionLossTest, LeavingThePanelDuringTheGaugesWatchTakesTheHourglassDown) {
     StartWatch(MagnescaleRow);
     ASSERT_THAT(rig.pointer.screen, ElementsAre(PointerShape::Hourglass));
     panel.Hidden();
     EXPECT_THAT(rig.pointer.screen, ElementsAre(PointerShape::Hourglass, PointerShape::Default));
 }
 
-TEST_F(CtlConnectionLoss, LeavingThePanelDuringAnotherWatchLeavesThePointerAlone) {
+TEST_F(CtlConnectionLossTest, LeavingThePanelDuringAnotherWatchLeavesThePointerAlone) {
     StartWatch(MirrorRow);
     StartWatch(MotorRow);
     panel.Hidden();
     EXPECT_THAT(rig.pointer.screen, IsEmpty());
 }
 
-TEST_F(CtlConnectionLoss, AStoredPortThatDoesNotOpenAtTheStartIsSaidAtOnce) {
+TEST_F(CtlConnectionLossTest, AStoredPortThatDoesNotOpenAtTheStartIsSaidAtOnce) {
     rig.serialPorts.missing = {4};
     rig.communication.MirrorPortOpen(4);
     panel.txtNoChange(MirrorRow, QStringLiteral("4"));

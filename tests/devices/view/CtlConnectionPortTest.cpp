@@ -1,7 +1,7 @@
 // The connection panel: the buttons that open a port, and the way back when one of them fails.
 #include <utility>
 
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 
 namespace travo::test {
 namespace {
@@ -10,9 +10,9 @@ using platform::PointerShape;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class EachPort : public ConnectionRig, public ::testing::WithParamInterface<int> {
+class EachPortTest : public CtlConnectionRig, public ::testing::WithParamInterface<int> {
 protected:
-    EachPort() {
+    EachPortTest() {
         rig.state.CurrentXYZ(0, 1);
         rig.state.CurrentXYZ(1, 2);
         rig.state.CurrentXYZ(2, 3);
@@ -27,9 +27,9 @@ protected:
         EXPECT_EQ(rig.state.bMotorONOFF, row != MotorRow);
     }
 };
-INSTANTIATE_TEST_SUITE_P(Rows, EachPort, ::testing::Values(0, 1, 2), RowName);
+INSTANTIATE_TEST_SUITE_P(Rows, EachPortTest, ::testing::Values(0, 1, 2), RowName);
 
-TEST_P(EachPort, SetForgetsWhatTheInstrumentSaidOpensThePortOfTheBoxAndStartsItsWatch) {
+TEST_P(EachPortTest, SetForgetsWhatTheInstrumentSaidOpensThePortOfTheBoxAndStartsItsWatch) {
     const int row = GetParam();
     Type(row, QStringLiteral("6"));
     Press(row);
@@ -44,7 +44,7 @@ TEST_P(EachPort, SetForgetsWhatTheInstrumentSaidOpensThePortOfTheBoxAndStartsIts
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_P(EachPort, OnlyTheGaugePutsUpTheHourglass) {
+TEST_P(EachPortTest, OnlyTheGaugePutsUpTheHourglass) {
     Press(GetParam());
     if (GetParam() == MagnescaleRow) {
         EXPECT_THAT(rig.pointer.screen, ElementsAre(PointerShape::Hourglass));
@@ -53,7 +53,7 @@ TEST_P(EachPort, OnlyTheGaugePutsUpTheHourglass) {
     }
 }
 
-TEST_P(EachPort, ANewPressInTheMiddleOfAWatchOpensThePortAnewAndTheCountGoesOn) {
+TEST_P(EachPortTest, ANewPressInTheMiddleOfAWatchOpensThePortAnewAndTheCountGoesOn) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 4);
@@ -71,7 +71,7 @@ TEST_P(EachPort, ANewPressInTheMiddleOfAWatchOpensThePortAnewAndTheCountGoesOn) 
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_P(EachPort, APortThatDoesNotOpenIsRefusedByTheWatchAlone) {
+TEST_P(EachPortTest, APortThatDoesNotOpenIsRefusedByTheWatchAlone) {
     const int row = GetParam();
     rig.serialPorts.missing = {1};
     Press(row);
@@ -84,7 +84,7 @@ TEST_P(EachPort, APortThatDoesNotOpenIsRefusedByTheWatchAlone) {
     EXPECT_EQ(Stored(row), QStringLiteral("-1"));
 }
 
-TEST_P(EachPort, ANegativeNumberClosesThePortWithoutAWatch) {
+TEST_P(EachPortTest, ANegativeNumberClosesThePortWithoutAWatch) {
     const int row = GetParam();
     OpenPorts();
     Force(row, QStringLiteral("-1"));
@@ -98,7 +98,7 @@ TEST_P(EachPort, ANegativeNumberClosesThePortWithoutAWatch) {
     EXPECT_EQ(State(row), QStringLiteral("Not connected"));
 }
 
-TEST_P(EachPort, ANegativeNumberSetsTheCountTo0) {
+TEST_P(EachPortTest, ANegativeNumberSetsTheCountTo0) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 5);
@@ -119,13 +119,13 @@ struct FailureRow {
     bool buttonsAreUnlocked;
 };
 
-class EachFailure : public EachPort {};
+class EachFailureTest : public EachPort {};
 
 constexpr FailureRow Failures[] = {
     {MirrorRow, false, false, false}, {MagnescaleRow, true, true, false}, {MotorRow, true, false, true}};
-INSTANTIATE_TEST_SUITE_P(Rows, EachFailure, ::testing::Values(0, 1, 2), RowName);
+INSTANTIATE_TEST_SUITE_P(Rows, EachFailureTest, ::testing::Values(0, 1, 2), RowName);
 
-TEST_P(EachFailure, ANumberBeyond16BitsStopsTheWatchClosesThePortAndIsReported) {
+TEST_P(EachFailureTest, ANumberBeyond16BitsStopsTheWatchClosesThePortAndIsReported) {
     const FailureRow& expected = Failures[GetParam()];
     const int row = expected.row;
     OpenPorts();
@@ -146,7 +146,7 @@ TEST_P(EachFailure, ANumberBeyond16BitsStopsTheWatchClosesThePortAndIsReported) 
     EXPECT_EQ(State(row), QStringLiteral("Port cannot be opened"));
 }
 
-TEST_P(EachFailure, AllIsTakenBackBeforeTheBoxComesUp) {
+TEST_P(EachFailureTest, AllIsTakenBackBeforeTheBoxComesUp) {
     const int row = GetParam();
     OpenPorts();
     panel.TimerONOFF(static_cast<std::int16_t>(row), true);
@@ -162,7 +162,7 @@ TEST_P(EachFailure, AllIsTakenBackBeforeTheBoxComesUp) {
     EXPECT_FALSE(wasWatching);
 }
 
-TEST_P(EachFailure, ANumberBeyond32BitsIsReportedLikewise) {
+TEST_P(EachFailureTest, ANumberBeyond32BitsIsReportedLikewise) {
     const int row = GetParam();
     panel.txtNoChange(static_cast<std::int16_t>(row), QStringLiteral("99999999999"));
     Press(row);
@@ -170,14 +170,14 @@ TEST_P(EachFailure, ANumberBeyond32BitsIsReportedLikewise) {
     EXPECT_FALSE(Watch(row).enabled);
 }
 
-TEST_P(EachFailure, ABoxWithoutANumberIsReportedLikewise) {
+TEST_P(EachFailureTest, ABoxWithoutANumberIsReportedLikewise) {
     const int row = GetParam();
     Force(row, QString());
     Press(row);
     EXPECT_THAT(Shown(), ElementsAre(NameOfRow(row) + QStringLiteral(" : Connection failed")));
 }
 
-TEST_P(EachFailure, TheCountIsClearedForGaugeAndMotorOnly) {
+TEST_P(EachFailureTest, TheCountIsClearedForGaugeAndMotorOnly) {
     const FailureRow& expected = Failures[GetParam()];
     const int row = expected.row;
     StartWatch(row);
@@ -193,7 +193,7 @@ TEST_P(EachFailure, TheCountIsClearedForGaugeAndMotorOnly) {
     EXPECT_EQ(Shown().size(), 2);
 }
 
-TEST_P(EachFailure, AFailureOnTheWayBackIsReportedOnItsOwn) {
+TEST_P(EachFailureTest, AFailureOnTheWayBackIsReportedOnItsOwn) {
     const int row = GetParam();
     OpenPorts();
     Port(row).failClose = true;
@@ -204,10 +204,10 @@ TEST_P(EachFailure, AFailureOnTheWayBackIsReportedOnItsOwn) {
     EXPECT_EQ(Shown().back(), NameOfRow(row) + QStringLiteral(" : Connection failed"));
 }
 
-class EachFailureOfTheView : public EachPort {};
-INSTANTIATE_TEST_SUITE_P(Rows, EachFailureOfTheView, ::testing::Values(0, 1), RowName);
+class EachFailureOfTheViewTest : public EachPort {};
+INSTANTIATE_TEST_SUITE_P(Rows, EachFailureOfTheViewTest, ::testing::Values(0, 1), RowName);
 
-TEST_P(EachFailureOfTheView, WhatArrivesWhileThePortRefusesToCloseIsForgottenToo) {
+TEST_P(EachFailureOfTheViewTest, WhatArrivesWhileThePortRefusesToCloseIsForgottenToo) {
     const int row = GetParam();
     OpenPorts();
     Port(row).failClose = true;

@@ -1,7 +1,7 @@
 // The rows of the connection panel: every state with every event.
 #include <tuple>
 
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 
 namespace travo::test {
 namespace {
@@ -86,8 +86,8 @@ constexpr Step Steps[] = {
     {Now::NotOpened, Event::WatchOn, Now::NotOpened, true},
 };
 
-class EveryStateWithEveryEvent : public ConnectionRig,
-                                 public ::testing::WithParamInterface<std::tuple<int, Step>> {
+class CtlConnectionStatesTest : public CtlConnectionRig,
+                                public ::testing::WithParamInterface<std::tuple<int, Step>> {
 protected:
     void Do(int row, Event event) {
         const auto index = static_cast<std::int16_t>(row);
@@ -133,10 +133,10 @@ protected:
         }
     }
 };
-INSTANTIATE_TEST_SUITE_P(Table, EveryStateWithEveryEvent,
+INSTANTIATE_TEST_SUITE_P(Table, CtlConnectionStatesTest,
                          ::testing::Combine(::testing::Values(0, 1, 2), ::testing::ValuesIn(Steps)));
 
-TEST_P(EveryStateWithEveryEvent, TheRowSaysWhatItHasComeTo) {
+TEST_P(CtlConnectionStatesTest, TheRowSaysWhatItHasComeTo) {
     const auto& [row, step] = GetParam();
     const char* const words[] = {"Not connected", "Waiting for an answer", "Connected",
                                  "No answer",     "Connection lost",       "Port cannot be opened"};

@@ -2,7 +2,7 @@
 #include "devices/view/CtlConnection.h"
 
 #include "core/ground/Arithmetic.h"
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 #include "devices/view/FormPortList.h"
 
 namespace travo::test {
@@ -12,11 +12,11 @@ using platform::PointerShape;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class CtlConnectionPanel : public ConnectionRig {};
+class CtlConnectionTest : public CtlConnectionRig {};
 
 const QString CameraLoad = QStringLiteral("Error : Camera Load");
 
-TEST_F(CtlConnectionPanel, TheButtonsBearTheirSkins) {
+TEST_F(CtlConnectionTest, TheButtonsBearTheirSkins) {
     const char* const skins[] = {"SET", "SET", "SET", "OPEN", "TEST", "TEST", "TEST", "TEST", "SET"};
     for (int index = 0; index < 9; ++index) {
         EXPECT_EQ(Button(index).path().toStdString(), skins[index]) << index;
@@ -28,20 +28,20 @@ TEST_F(CtlConnectionPanel, TheButtonsBearTheirSkins) {
     }
 }
 
-TEST_F(CtlConnectionPanel, AtFirstTheTestsOfMirrorMotorAndGaugeAreDisabledAndNothingElse) {
+TEST_F(CtlConnectionTest, AtFirstTheTestsOfMirrorMotorAndGaugeAreDisabledAndNothingElse) {
     for (int index = 0; index < 9; ++index) {
         EXPECT_EQ(Button(index).Enabled(), index != 4 && index != 5 && index != 7) << index;
     }
 }
 
-TEST_F(CtlConnectionPanel, TheWatchesHaveAPeriodOf150MsAndAreOffAtFirst) {
+TEST_F(CtlConnectionTest, TheWatchesHaveAPeriodOf150MsAndAreOffAtFirst) {
     for (int row = 0; row < 3; ++row) {
         EXPECT_EQ(Watch(row).interval, 150);
         EXPECT_FALSE(Watch(row).enabled);
     }
 }
 
-TEST_F(CtlConnectionPanel, ShowingItWithClosedPortsForgetsViewAndMotor) {
+TEST_F(CtlConnectionTest, ShowingItWithClosedPortsForgetsViewAndMotor) {
     rig.state.CurrentXY(3, 4);
     rig.state.CurrentXYZ(2, 5);
     rig.state.bMotorONOFF = true;
@@ -53,7 +53,7 @@ TEST_F(CtlConnectionPanel, ShowingItWithClosedPortsForgetsViewAndMotor) {
     }
 }
 
-TEST_F(CtlConnectionPanel, ShowingItWithOpenPortsUnlocksTheTestsAndForgetsNothing) {
+TEST_F(CtlConnectionTest, ShowingItWithOpenPortsUnlocksTheTestsAndForgetsNothing) {
     OpenPorts();
     rig.state.CurrentXY(3, 4);
     rig.state.CurrentXYZ(2, 5);
@@ -66,10 +66,10 @@ TEST_F(CtlConnectionPanel, ShowingItWithOpenPortsUnlocksTheTestsAndForgetsNothin
     }
 }
 
-class EachWatch : public ConnectionRig, public ::testing::WithParamInterface<int> {};
-INSTANTIATE_TEST_SUITE_P(Rows, EachWatch, ::testing::Values(0, 1, 2), RowName);
+class EachWatchTest : public CtlConnectionRig, public ::testing::WithParamInterface<int> {};
+INSTANTIATE_TEST_SUITE_P(Rows, EachWatchTest, ::testing::Values(0, 1, 2), RowName);
 
-TEST_P(EachWatch, HidingThePanelInTheMiddleOfAWatchStopsItAndStoresNothing) {
+TEST_P(EachWatchTest, HidingThePanelInTheMiddleOfAWatchStopsItAndStoresNothing) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 3);
@@ -83,7 +83,7 @@ TEST_P(EachWatch, HidingThePanelInTheMiddleOfAWatchStopsItAndStoresNothing) {
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_P(EachWatch, ShowingThePanelStopsItAndCountsAnew) {
+TEST_P(EachWatchTest, ShowingThePanelStopsItAndCountsAnew) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 5);
@@ -96,7 +96,7 @@ TEST_P(EachWatch, ShowingThePanelStopsItAndCountsAnew) {
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_F(CtlConnectionPanel, ControlONOFFSetsButtons2And5AndNothingElse) {
+TEST_F(CtlConnectionTest, ControlONOFFSetsButtons2And5AndNothingElse) {
     panel.ControlONOFF(true);
     for (int index = 0; index < 9; ++index) {
         EXPECT_EQ(Button(index).Enabled(), index != 4 && index != 7) << index;
@@ -107,7 +107,7 @@ TEST_F(CtlConnectionPanel, ControlONOFFSetsButtons2And5AndNothingElse) {
     }
 }
 
-TEST_F(CtlConnectionPanel, AnIndexOutsideItsTableIsABoundsFailure) {
+TEST_F(CtlConnectionTest, AnIndexOutsideItsTableIsABoundsFailure) {
     for (const std::int16_t index : {std::int16_t{-1}, std::int16_t{3}}) {
         EXPECT_THROW(panel.TimerONOFF(index, true), BoundsFailure);
     }
@@ -116,7 +116,7 @@ TEST_F(CtlConnectionPanel, AnIndexOutsideItsTableIsABoundsFailure) {
     }
 }
 
-TEST_F(CtlConnectionPanel, OpenShowsTheListOfSerialPorts) {
+TEST_F(CtlConnectionTest, OpenShowsTheListOfSerialPorts) {
     list.entries = {{1, QStringLiteral("/dev/ttyS0"), QString(), QString()}};
     Press(3);
     const auto* const window = panel.findChild<FormPortList*>();
@@ -129,7 +129,7 @@ TEST_F(CtlConnectionPanel, OpenShowsTheListOfSerialPorts) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlConnectionPanel, OpenTellsWhereTheSystemGivesNoList) {
+TEST_F(CtlConnectionTest, OpenTellsWhereTheSystemGivesNoList) {
     list.absent = true;
     Press(3);
     EXPECT_THAT(Shown(), ElementsAre(QStringLiteral("Device Manager is Not found")));
@@ -137,7 +137,7 @@ TEST_F(CtlConnectionPanel, OpenTellsWhereTheSystemGivesNoList) {
     EXPECT_FALSE(panel.findChild<FormPortList*>()->isVisible());
 }
 
-TEST_F(CtlConnectionPanel, Button4CyclesTheMagnification1231) {
+TEST_F(CtlConnectionTest, Button4CyclesTheMagnification1231) {
     OpenPorts();
     panel.Shown();
     for (const char* const sent : {"cMAG1\r", "cMAG2\r", "cMAG3\r", "cMAG1\r"}) {
@@ -148,7 +148,7 @@ TEST_F(CtlConnectionPanel, Button4CyclesTheMagnification1231) {
     }
 }
 
-TEST_F(CtlConnectionPanel, Buttons4And5SendNothingWhileTheirPortsAreClosed) {
+TEST_F(CtlConnectionTest, Buttons4And5SendNothingWhileTheirPortsAreClosed) {
     OpenPorts();
     panel.Shown();
     rig.MirrorPort().open = false;
@@ -158,7 +158,7 @@ TEST_F(CtlConnectionPanel, Buttons4And5SendNothingWhileTheirPortsAreClosed) {
     EXPECT_THAT(rig.journal, IsEmpty());
 }
 
-TEST_F(CtlConnectionPanel, Button5MovesTheFocusBy1000AndLocksTheMotorsButtons) {
+TEST_F(CtlConnectionTest, Button5MovesTheFocusBy1000AndLocksTheMotorsButtons) {
     OpenPorts();
     panel.Shown();
     Press(5);
@@ -170,7 +170,7 @@ TEST_F(CtlConnectionPanel, Button5MovesTheFocusBy1000AndLocksTheMotorsButtons) {
     EXPECT_TRUE(Button(5).Enabled());
 }
 
-TEST_F(CtlConnectionPanel, Button6JogsTheManipulatorOfBox3AndTheBoxKeepsItsText) {
+TEST_F(CtlConnectionTest, Button6JogsTheManipulatorOfBox3AndTheBoxKeepsItsText) {
     Type(3, QStringLiteral("3"));
     rig.journal.clear();
     Press(6);
@@ -180,7 +180,7 @@ TEST_F(CtlConnectionPanel, Button6JogsTheManipulatorOfBox3AndTheBoxKeepsItsText)
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-TEST_F(CtlConnectionPanel, Button7WithAValueOf1234ShowsTheTextDirectlyFollowedBy1234) {
+TEST_F(CtlConnectionTest, Button7WithAValueOf1234ShowsTheTextDirectlyFollowedBy1234) {
     OpenPorts();
     panel.Shown();
     rig.state.CurrentXYZ(2, 1234);
@@ -189,14 +189,14 @@ TEST_F(CtlConnectionPanel, Button7WithAValueOf1234ShowsTheTextDirectlyFollowedBy
     EXPECT_THAT(Logged(), IsEmpty());
 }
 
-TEST_F(CtlConnectionPanel, Button7BeforeAnyValueShowsWhatStandsForNone) {
+TEST_F(CtlConnectionTest, Button7BeforeAnyValueShowsWhatStandsForNone) {
     OpenPorts();
     panel.Shown();
     Press(7);
     EXPECT_THAT(Shown(), ElementsAre(QStringLiteral("The value of Magnescal is-100000")));
 }
 
-TEST_F(CtlConnectionPanel, Button8AttachesToTheCameraThatIsOpen) {
+TEST_F(CtlConnectionTest, Button8AttachesToTheCameraThatIsOpen) {
     rig.OpenCamera();
     Press(8);
     EXPECT_THAT(rig.journal, ElementsAre("LiveAttach"));
@@ -204,14 +204,14 @@ TEST_F(CtlConnectionPanel, Button8AttachesToTheCameraThatIsOpen) {
     EXPECT_EQ(State(CameraRow), QStringLiteral("Connected"));
 }
 
-TEST_F(CtlConnectionPanel, Button8CreatesTheCameraThatIsNotOpenAndShowsNoWindow) {
+TEST_F(CtlConnectionTest, Button8CreatesTheCameraThatIsNotOpenAndShowsNoWindow) {
     Press(8);
     EXPECT_THAT(rig.journal, ElementsAre("live created", "LiveAttach"));
     EXPECT_TRUE(rig.state.LiveOpen);
     EXPECT_EQ(State(CameraRow), QStringLiteral("Connected"));
 }
 
-TEST_F(CtlConnectionPanel, ACameraThatCannotBeCreatedIsReportedAndALaterPressTriesAgain) {
+TEST_F(CtlConnectionTest, ACameraThatCannotBeCreatedIsReportedAndALaterPressTriesAgain) {
     rig.camera.absent = true;
     Press(8);
     EXPECT_THAT(Shown(), ElementsAre(CameraLoad));
@@ -224,7 +224,7 @@ TEST_F(CtlConnectionPanel, ACameraThatCannotBeCreatedIsReportedAndALaterPressTri
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_F(CtlConnectionPanel, ACameraThatDoesNotAnswerTheAttachIsReportedAndNotOpen) {
+TEST_F(CtlConnectionTest, ACameraThatDoesNotAnswerTheAttachIsReportedAndNotOpen) {
     rig.camera.failing.insert("LiveAttach");
     Press(8);
     EXPECT_THAT(Shown(), ElementsAre(CameraLoad));
@@ -232,7 +232,7 @@ TEST_F(CtlConnectionPanel, ACameraThatDoesNotAnswerTheAttachIsReportedAndNotOpen
     EXPECT_FALSE(rig.live.Living());
 }
 
-TEST_F(CtlConnectionPanel, RowsOfCameraAndManipulatorsFollowWhatTheOwnerTells) {
+TEST_F(CtlConnectionTest, RowsOfCameraAndManipulatorsFollowWhatTheOwnerTells) {
     rig.state.LiveOpen = true;
     panel.StateChange();
     EXPECT_EQ(State(CameraRow), QStringLiteral("Connected"));

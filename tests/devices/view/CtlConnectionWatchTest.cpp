@@ -1,5 +1,5 @@
 // The connection panel: the watches, tick by tick, and every state with every event.
-#include "devices/view/ConnectionRig.h"
+#include "devices/view/CtlConnectionRig.h"
 
 namespace travo::test {
 namespace {
@@ -12,7 +12,7 @@ QString Refusal(int row) {
     return QStringLiteral("Error : %1 : Communication connection").arg(NameOfRow(row));
 }
 
-class CtlConnectionWatch : public ConnectionRig {
+class CtlConnectionWatchTest : public CtlConnectionRig {
 protected:
     void ExpectAccepted(int row, const QString& port) {
         EXPECT_FALSE(Watch(row).enabled);
@@ -38,7 +38,7 @@ struct AnswerAt {
     int tick;  // the first that finds the answer
 };
 
-class EachTick : public CtlConnectionWatch, public ::testing::WithParamInterface<AnswerAt> {};
+class EachTickTest : public CtlConnectionWatch, public ::testing::WithParamInterface<AnswerAt> {};
 
 std::vector<AnswerAt> EveryTickOfEveryRow() {
     std::vector<AnswerAt> all;
@@ -49,11 +49,11 @@ std::vector<AnswerAt> EveryTickOfEveryRow() {
     }
     return all;
 }
-INSTANTIATE_TEST_SUITE_P(All, EachTick, ::testing::ValuesIn(EveryTickOfEveryRow()), [](const auto& row) {
+INSTANTIATE_TEST_SUITE_P(All, EachTickTest, ::testing::ValuesIn(EveryTickOfEveryRow()), [](const auto& row) {
     return NameOfRow(row.param.row).toStdString() + std::to_string(row.param.tick);
 });
 
-TEST_P(EachTick, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
+TEST_P(EachTickTest, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
     const auto [row, tick] = GetParam();
     Type(row, QStringLiteral("4"));
     StartWatch(row);
@@ -66,10 +66,10 @@ TEST_P(EachTick, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
     ExpectAccepted(row, QStringLiteral("4"));
 }
 
-class EachInstrument : public CtlConnectionWatch, public ::testing::WithParamInterface<int> {};
-INSTANTIATE_TEST_SUITE_P(Rows, EachInstrument, ::testing::Values(0, 1, 2), RowName);
+class EachInstrumentTest : public CtlConnectionWatch, public ::testing::WithParamInterface<int> {};
+INSTANTIATE_TEST_SUITE_P(Rows, EachInstrumentTest, ::testing::Values(0, 1, 2), RowName);
 
-TEST_P(EachInstrument, ASilentOneIsRefusedAtTheSeventhTickAndNotBefore) {
+TEST_P(EachInstrumentTest, ASilentOneIsRefusedAtTheSeventhTickAndNotBefore) {
     const int row = GetParam();
     rig.ini.WriteString(QStringLiteral("COMPort"), NameOfRow(row), QStringLiteral("5"));
     Button(TestOfRow(row)).Enabled(true);
@@ -82,7 +82,7 @@ TEST_P(EachInstrument, ASilentOneIsRefusedAtTheSeventhTickAndNotBefore) {
     ExpectRefused(row);
 }
 
-TEST_P(EachInstrument, StartUpRunsTheSameWatchBeforeThePanelIsEverShown) {
+TEST_P(EachInstrumentTest, StartUpRunsTheSameWatchBeforeThePanelIsEverShown) {
     const int row = GetParam();
     OpenPorts();
     panel.txtNoChange(static_cast<std::int16_t>(row), QString::number(row + 1));
@@ -92,7 +92,7 @@ TEST_P(EachInstrument, StartUpRunsTheSameWatchBeforeThePanelIsEverShown) {
     ExpectAccepted(row, QString::number(row + 1));
 }
 
-TEST_P(EachInstrument, TheStoredTextIsThePlainNumberOfTheBox) {
+TEST_P(EachInstrumentTest, TheStoredTextIsThePlainNumberOfTheBox) {
     const int row = GetParam();
     Type(row, QStringLiteral("007"));
     StartWatch(row);
@@ -101,7 +101,7 @@ TEST_P(EachInstrument, TheStoredTextIsThePlainNumberOfTheBox) {
     EXPECT_EQ(Stored(row), QStringLiteral("7"));
 }
 
-TEST_P(EachInstrument, TheTickOfAVerdictCountsForTheNextWatch) {
+TEST_P(EachInstrumentTest, TheTickOfAVerdictCountsForTheNextWatch) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 7);
@@ -113,7 +113,7 @@ TEST_P(EachInstrument, TheTickOfAVerdictCountsForTheNextWatch) {
     EXPECT_EQ(Shown().size(), 2);
 }
 
-TEST_P(EachInstrument, ABoxRaisedInATickComesAfterTheWatchHasStopped) {
+TEST_P(EachInstrumentTest, ABoxRaisedInATickComesAfterTheWatchHasStopped) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 6);
@@ -133,7 +133,7 @@ TEST_P(EachInstrument, ABoxRaisedInATickComesAfterTheWatchHasStopped) {
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsSaidAtOnceAndRefusedAtTheSeventhTick) {
+TEST_P(EachInstrumentTest, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsSaidAtOnceAndRefusedAtTheSeventhTick) {
     const int row = GetParam();
     StartWatch(row);
     Tick(row, 2);
@@ -147,7 +147,7 @@ TEST_P(EachInstrument, AnAdapterThatIsUnpluggedWhileItsWatchRunsIsSaidAtOnceAndR
     EXPECT_EQ(Port(row).TakeOutput(), row == MagnescaleRow ? "Ar\r\nAr\r\n" : "");
 }
 
-TEST_F(CtlConnectionWatch, AllThreeRunAtOnce) {
+TEST_F(CtlConnectionWatchTest, AllThreeRunAtOnce) {
     for (int row = 0; row < 3; ++row) {
         Type(row, QString::number(row + 1));
         StartWatch(row);
@@ -167,7 +167,7 @@ TEST_F(CtlConnectionWatch, AllThreeRunAtOnce) {
     EXPECT_THAT(Shown(), ElementsAre(Refusal(MirrorRow), Refusal(MotorRow)));
 }
 
-TEST_F(CtlConnectionWatch, AVerdictInsideTheBoxOfAnotherLeavesBothAsTheyAre) {
+TEST_F(CtlConnectionWatchTest, AVerdictInsideTheBoxOfAnotherLeavesBothAsTheyAre) {
     StartWatch(MirrorRow);
     StartWatch(MotorRow);
     Tick(MirrorRow, 6);
@@ -178,7 +178,7 @@ TEST_F(CtlConnectionWatch, AVerdictInsideTheBoxOfAnotherLeavesBothAsTheyAre) {
     ExpectRefused(MotorRow);
 }
 
-TEST_F(CtlConnectionWatch, AMirrorThatReportsOnlyYIsASuccessAtTheFirstTick) {
+TEST_F(CtlConnectionWatchTest, AMirrorThatReportsOnlyYIsASuccessAtTheFirstTick) {
     StartWatch(MirrorRow);
     rig.MirrorPort().Receive("aD1R7\r\n");
     Tick(MirrorRow);
@@ -186,7 +186,8 @@ TEST_F(CtlConnectionWatch, AMirrorThatReportsOnlyYIsASuccessAtTheFirstTick) {
     ExpectAccepted(MirrorRow, QStringLiteral("1"));
 }
 
-TEST_F(CtlConnectionWatch, AMirrorThatReportsOneAxisOnlyIsAcceptedUpToTheSixthTickAndRefusedAtTheSeventh) {
+TEST_F(CtlConnectionWatchTest,
+       AMirrorThatReportsOneAxisOnlyIsAcceptedUpToTheSixthTickAndRefusedAtTheSeventh) {
     for (const char* const line : {"aD1R7\r\n", "aD2R5\r\n"}) {
         panel.Shown();
         StartWatch(MirrorRow);
@@ -205,7 +206,7 @@ TEST_F(CtlConnectionWatch, AMirrorThatReportsOneAxisOnlyIsAcceptedUpToTheSixthTi
     }
 }
 
-TEST_F(CtlConnectionWatch,
+TEST_F(CtlConnectionWatchTest,
        AMirrorIsMadeKnownToTheBirdsEyeViewBeforeItsErgoZIsSwitchedOffARefusedOneBehindTheBox) {
     StartWatch(MirrorRow);
     Tick(MirrorRow, 6);
@@ -220,7 +221,7 @@ TEST_F(CtlConnectionWatch,
     EXPECT_THAT(rig.journal, testing::ElementsAre("chkMirror true", "port 1 > cZEN0\r"));
 }
 
-TEST_F(CtlConnectionWatch, AGaugeWhoseFirstValueHasArrivedByTheSeventhTickIsAcceptedALaterOneIsRefused) {
+TEST_F(CtlConnectionWatchTest, AGaugeWhoseFirstValueHasArrivedByTheSeventhTickIsAcceptedALaterOneIsRefused) {
     StartWatch(MagnescaleRow);
     Tick(MagnescaleRow, 6);
     Answer(MagnescaleRow);
@@ -234,7 +235,7 @@ TEST_F(CtlConnectionWatch, AGaugeWhoseFirstValueHasArrivedByTheSeventhTickIsAcce
     ExpectRefused(MagnescaleRow);
 }
 
-TEST_F(CtlConnectionWatch, TheGaugeIsAskedOnEveryTick) {
+TEST_F(CtlConnectionWatchTest, TheGaugeIsAskedOnEveryTick) {
     StartWatch(MagnescaleRow);
     Tick(MagnescaleRow, 6);
     EXPECT_EQ(rig.GaugePort().TakeOutput(), "Ar\r\nAr\r\nAr\r\nAr\r\nAr\r\nAr\r\n");
@@ -243,7 +244,7 @@ TEST_F(CtlConnectionWatch, TheGaugeIsAskedOnEveryTick) {
     EXPECT_EQ(rig.GaugePort().TakeOutput(), "KEYOFF\r\nAr\r\n");
 }
 
-TEST_F(CtlConnectionWatch, ARefusedGaugeIsSentNothingMore) {
+TEST_F(CtlConnectionWatchTest, ARefusedGaugeIsSentNothingMore) {
     StartWatch(MagnescaleRow);
     Tick(MagnescaleRow, 6);
     rig.GaugePort().TakeOutput();
@@ -251,7 +252,7 @@ TEST_F(CtlConnectionWatch, ARefusedGaugeIsSentNothingMore) {
     EXPECT_EQ(rig.GaugePort().TakeOutput(), "");
 }
 
-TEST_F(CtlConnectionWatch, BothVerdictsOnTheGaugeTakeTheHourglassAway) {
+TEST_F(CtlConnectionWatchTest, BothVerdictsOnTheGaugeTakeTheHourglassAway) {
     StartWatch(MagnescaleRow);
     Answer(MagnescaleRow);
     Tick(MagnescaleRow);
@@ -264,7 +265,7 @@ TEST_F(CtlConnectionWatch, BothVerdictsOnTheGaugeTakeTheHourglassAway) {
     EXPECT_EQ(Shown().size(), 1);
 }
 
-TEST_F(CtlConnectionWatch, ARefusedMotorUnlocksItsSetButton) {
+TEST_F(CtlConnectionWatchTest, ARefusedMotorUnlocksItsSetButton) {
     StartWatch(MotorRow);
     EXPECT_FALSE(Button(MotorRow).Enabled());
     bool wasUnlocked = false;

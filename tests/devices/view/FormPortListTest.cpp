@@ -19,9 +19,9 @@ const platform::SerialPortList::Entry BuiltIn{1, QStringLiteral("/dev/ttyS0"), Q
 const platform::SerialPortList::Entry Adapter{0, QStringLiteral("/dev/ttyUSB0"), QStringLiteral("Adapter"),
                                               QStringLiteral("in use")};
 
-class PortListWindow : public ::testing::Test {
+class FormPortListTest : public ::testing::Test {
 protected:
-    PortListWindow() { list.entries = {BuiltIn, Adapter}; }
+    FormPortListTest() { list.entries = {BuiltIn, Adapter}; }
 
     QTableWidget& Table() { return *window.findChild<QTableWidget*>(QStringLiteral("tblPort")); }
     QString Hint() { return window.findChild<QLabel*>(QStringLiteral("lblHint"))->text(); }
@@ -39,13 +39,13 @@ protected:
     FormPortList window{list, machine.timers, nullptr};
 };
 
-TEST_F(PortListWindow, NothingIsReadBeforeItIsOpened) {
+TEST_F(FormPortListTest, NothingIsReadBeforeItIsOpened) {
     EXPECT_EQ(list.asked, 0);
     EXPECT_FALSE(Timer().enabled);
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(PortListWindow, OpenedItShowsNumberDeviceDescriptionAndWhyAPortCannotBeOpened) {
+TEST_F(FormPortListTest, OpenedItShowsNumberDeviceDescriptionAndWhyAPortCannotBeOpened) {
     ASSERT_TRUE(window.Open());
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(window.isModal());
@@ -56,7 +56,7 @@ TEST_F(PortListWindow, OpenedItShowsNumberDeviceDescriptionAndWhyAPortCannotBeOp
                                          QStringLiteral("Adapter"), QStringLiteral("in use")));
 }
 
-TEST_F(PortListWindow, WhileItIsOpenTheListIsReadAgainEverySecond) {
+TEST_F(FormPortListTest, WhileItIsOpenTheListIsReadAgainEverySecond) {
     window.Open();
     EXPECT_EQ(Timer().interval, 1000);
     list.entries = {BuiltIn};
@@ -67,7 +67,7 @@ TEST_F(PortListWindow, WhileItIsOpenTheListIsReadAgainEverySecond) {
     EXPECT_EQ(Table().rowCount(), 2);
 }
 
-TEST_F(PortListWindow, ReadingTheSameListAgainKeepsTheSelection) {
+TEST_F(FormPortListTest, ReadingTheSameListAgainKeepsTheSelection) {
     window.Open();
     Table().selectRow(1);
     Timer().Fire();
@@ -76,7 +76,7 @@ TEST_F(PortListWindow, ReadingTheSameListAgainKeepsTheSelection) {
     EXPECT_EQ(Table().selectedItems().front()->row(), 1);
 }
 
-TEST_F(PortListWindow, EachWayToCloseItEndsTheReading) {
+TEST_F(FormPortListTest, EachWayToCloseItEndsTheReading) {
     const std::function<void()> ways[] = {
         [this] { QTest::keyClick(&window, Qt::Key_Escape); },
         [this] { window.close(); },
@@ -91,7 +91,7 @@ TEST_F(PortListWindow, EachWayToCloseItEndsTheReading) {
     }
 }
 
-TEST_F(PortListWindow, OpenedAgainItReadsAtOnce) {
+TEST_F(FormPortListTest, OpenedAgainItReadsAtOnce) {
     window.Open();
     window.close();
     list.entries = {Adapter};
@@ -100,20 +100,20 @@ TEST_F(PortListWindow, OpenedAgainItReadsAtOnce) {
     EXPECT_TRUE(Timer().enabled);
 }
 
-TEST_F(PortListWindow, WhereThereIsNoListItDoesNotOpen) {
+TEST_F(FormPortListTest, WhereThereIsNoListItDoesNotOpen) {
     list.absent = true;
     EXPECT_FALSE(window.Open());
     EXPECT_FALSE(window.isVisible());
     EXPECT_FALSE(Timer().enabled);
 }
 
-TEST_F(PortListWindow, WhateverTheListThrowsItDoesNotOpen) {
+TEST_F(FormPortListTest, WhateverTheListThrowsItDoesNotOpen) {
     list.absent = list.throwsNumbers = true;
     EXPECT_FALSE(window.Open());
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(PortListWindow, AListThatIsLostWhileItIsOpenIsSaidInItAndComesBack) {
+TEST_F(FormPortListTest, AListThatIsLostWhileItIsOpenIsSaidInItAndComesBack) {
     window.Open();
     list.absent = true;
     Timer().Fire();
@@ -126,7 +126,7 @@ TEST_F(PortListWindow, AListThatIsLostWhileItIsOpenIsSaidInItAndComesBack) {
     EXPECT_EQ(Hint(), QStringLiteral("Read again every second."));
 }
 
-TEST_F(PortListWindow, AComputerWithoutPortsIsSaid) {
+TEST_F(FormPortListTest, AComputerWithoutPortsIsSaid) {
     list.entries.clear();
     EXPECT_TRUE(window.Open());
     EXPECT_EQ(Hint(), QStringLiteral("This computer has no serial port."));

@@ -18,9 +18,9 @@ std::string NameOf(Instrument instrument) {
     return std::array{"Mirror", "Magnescale", "Motor"}[static_cast<std::size_t>(instrument)];
 }
 
-class PortWatchRun : public ::testing::Test, private PortWatch::Listener {
+class PortWatchRunTest : public ::testing::Test, private PortWatch::Listener {
 protected:
-    PortWatchRun() {
+    PortWatchRunTest() {
         rig.instruments.lostPorts = [this](Instrument instrument) { watch.Lost(instrument); };
         rig.journal.clear();
     }
@@ -102,12 +102,12 @@ private:
     }
 };
 
-class EachWatchedPort : public PortWatchRun, public ::testing::WithParamInterface<Instrument> {};
-INSTANTIATE_TEST_SUITE_P(All, EachWatchedPort,
+class EachWatchedPortTest : public PortWatchRun, public ::testing::WithParamInterface<Instrument> {};
+INSTANTIATE_TEST_SUITE_P(All, EachWatchedPortTest,
                          ::testing::Values(Instrument::Mirror, Instrument::Magnescale, Instrument::Motor),
                          [](const auto& each) { return NameOf(each.param); });
 
-TEST_P(EachWatchedPort, IsForgottenOpenedByTheChosenNumberAndWatchedAtItsPeriod) {
+TEST_P(EachWatchedPortTest, IsForgottenOpenedByTheChosenNumberAndWatchedAtItsPeriod) {
     Answer(GetParam());
     watch.Open(GetParam());
     EXPECT_TRUE(IsForgotten(GetParam()));
@@ -118,7 +118,7 @@ TEST_P(EachWatchedPort, IsForgottenOpenedByTheChosenNumberAndWatchedAtItsPeriod)
     EXPECT_THAT(Told(), ElementsAre(NameOf(GetParam()) + " watching"));
 }
 
-TEST_P(EachWatchedPort, ANumberBelowZeroClosesItAndAWatchThatRunsCountsFromNothingAgain) {
+TEST_P(EachWatchedPortTest, ANumberBelowZeroClosesItAndAWatchThatRunsCountsFromNothingAgain) {
     Watch(GetParam());
     Tick(GetParam(), 5);
     rig.journal.clear();
@@ -130,7 +130,7 @@ TEST_P(EachWatchedPort, ANumberBelowZeroClosesItAndAWatchThatRunsCountsFromNothi
     EXPECT_TRUE(Timer(GetParam()).enabled);
 }
 
-TEST_P(EachWatchedPort, IsTakenBackBeforeTheBoxWhereItsNumberCannotBeHad) {
+TEST_P(EachWatchedPortTest, IsTakenBackBeforeTheBoxWhereItsNumberCannotBeHad) {
     Watch(GetParam());
     chosen.reset();
     bool wasOpen = true;
@@ -152,7 +152,7 @@ TEST_P(EachWatchedPort, IsTakenBackBeforeTheBoxWhereItsNumberCannotBeHad) {
     EXPECT_TRUE(rig.Log().contains(name + " : Connection failed"));
 }
 
-TEST_P(EachWatchedPort, IsStoppedWithoutAVerdictAndSaysSoOnlyIfItWasWatched) {
+TEST_P(EachWatchedPortTest, IsStoppedWithoutAVerdictAndSaysSoOnlyIfItWasWatched) {
     watch.Stop(GetParam());
     EXPECT_THAT(Told(), IsEmpty());
     Watch(GetParam());
@@ -163,7 +163,7 @@ TEST_P(EachWatchedPort, IsStoppedWithoutAVerdictAndSaysSoOnlyIfItWasWatched) {
     EXPECT_EQ(Stored(GetParam()), QStringLiteral("none"));
 }
 
-TEST_P(EachWatchedPort, ThatWasOpenedElsewhereIsWatchedAndAClosedOneIsSaidNotToOpen) {
+TEST_P(EachWatchedPortTest, ThatWasOpenedElsewhereIsWatchedAndAClosedOneIsSaidNotToOpen) {
     watch.Start(GetParam());
     EXPECT_THAT(Told(), ElementsAre(NameOf(GetParam()) + " not opened"));
     EXPECT_TRUE(Timer(GetParam()).enabled);
@@ -172,7 +172,7 @@ TEST_P(EachWatchedPort, ThatWasOpenedElsewhereIsWatchedAndAClosedOneIsSaidNotToO
     EXPECT_THAT(Told(), ElementsAre(NameOf(GetParam()) + " watching"));
 }
 
-TEST_P(EachWatchedPort, IsRefusedAtTheTickBehindSixAndCountsThatTickForTheNextWatch) {
+TEST_P(EachWatchedPortTest, IsRefusedAtTheTickBehindSixAndCountsThatTickForTheNextWatch) {
     Watch(GetParam());
     Tick(GetParam(), 6);
     EXPECT_TRUE(Timer(GetParam()).enabled);
@@ -186,7 +186,7 @@ TEST_P(EachWatchedPort, IsRefusedAtTheTickBehindSixAndCountsThatTickForTheNextWa
     EXPECT_FALSE(Timer(GetParam()).enabled);
 }
 
-TEST_P(EachWatchedPort, ThatIsLostKeepsItsWatchUpToAVerdictThatSaysLostAgain) {
+TEST_P(EachWatchedPortTest, ThatIsLostKeepsItsWatchUpToAVerdictThatSaysLostAgain) {
     Watch(GetParam());
     Answer(GetParam());
     Port(GetParam()).Vanish();
@@ -197,7 +197,7 @@ TEST_P(EachWatchedPort, ThatIsLostKeepsItsWatchUpToAVerdictThatSaysLostAgain) {
     EXPECT_EQ(rig.boxes.Texts().size(), 1);
 }
 
-TEST_P(EachWatchedPort, IsTakenStockOfByItsOwnPortAlone) {
+TEST_P(EachWatchedPortTest, IsTakenStockOfByItsOwnPortAlone) {
     watch.Open(GetParam());
     for (const Instrument each : {Instrument::Mirror, Instrument::Magnescale, Instrument::Motor}) {
         Answer(each);
@@ -210,7 +210,7 @@ TEST_P(EachWatchedPort, IsTakenStockOfByItsOwnPortAlone) {
     }
 }
 
-TEST_F(PortWatchRun, AMirrorThatAnswersIsStoredTestedAndMadeKnownBeforeItsErgoZIsSwitchedOff) {
+TEST_F(PortWatchRunTest, AMirrorThatAnswersIsStoredTestedAndMadeKnownBeforeItsErgoZIsSwitchedOff) {
     Watch(Instrument::Mirror);
     Answer(Instrument::Mirror);
     rig.journal.clear();
@@ -220,7 +220,7 @@ TEST_F(PortWatchRun, AMirrorThatAnswersIsStoredTestedAndMadeKnownBeforeItsErgoZI
     EXPECT_EQ(Stored(Instrument::Mirror), QStringLiteral("4"));
 }
 
-TEST_F(PortWatchRun, AGaugeThatAnswersHasItsKeysLockedFirstAndIsAskedOnceMore) {
+TEST_F(PortWatchRunTest, AGaugeThatAnswersHasItsKeysLockedFirstAndIsAskedOnceMore) {
     watch.Open(Instrument::Magnescale);
     EXPECT_THAT(rig.pointer.screen, ElementsAre(PointerShape::Hourglass));
     Answer(Instrument::Magnescale);
@@ -232,7 +232,7 @@ TEST_F(PortWatchRun, AGaugeThatAnswersHasItsKeysLockedFirstAndIsAskedOnceMore) {
     EXPECT_EQ(Stored(Instrument::Magnescale), QStringLiteral("4"));
 }
 
-TEST_F(PortWatchRun, AMotorThatAnswersIsStoredAndMayBeTested) {
+TEST_F(PortWatchRunTest, AMotorThatAnswersIsStoredAndMayBeTested) {
     Watch(Instrument::Motor);
     Answer(Instrument::Motor);
     Tick(Instrument::Motor);
@@ -240,7 +240,7 @@ TEST_F(PortWatchRun, AMotorThatAnswersIsStoredAndMayBeTested) {
     EXPECT_EQ(Stored(Instrument::Motor), QStringLiteral("4"));
 }
 
-TEST_F(PortWatchRun, ASilentMirrorIsClosedAndLosesItsTestAndItsViewBehindTheBox) {
+TEST_F(PortWatchRunTest, ASilentMirrorIsClosedAndLosesItsTestAndItsViewBehindTheBox) {
     Watch(Instrument::Mirror);
     Tick(Instrument::Mirror, 7);
     EXPECT_THAT(rig.journal,
@@ -248,7 +248,7 @@ TEST_F(PortWatchRun, ASilentMirrorIsClosedAndLosesItsTestAndItsViewBehindTheBox)
                             "Mirror test off", "mirror does not answer"));
 }
 
-TEST_F(PortWatchRun, ASilentGaugeIsClosedAndTheHourglassGoesBeforeTheBox) {
+TEST_F(PortWatchRunTest, ASilentGaugeIsClosedAndTheHourglassGoesBeforeTheBox) {
     Watch(Instrument::Magnescale);
     Tick(Instrument::Magnescale, 6);
     rig.journal.clear();
@@ -262,14 +262,14 @@ TEST_F(PortWatchRun, ASilentGaugeIsClosedAndTheHourglassGoesBeforeTheBox) {
                             "box Error : Magnescale : Communication connection", "Magnescale test off"));
 }
 
-TEST_F(PortWatchRun, ASilentMotorIsUnlockedBeforeTheBoxAndLosesItsTestBehindIt) {
+TEST_F(PortWatchRunTest, ASilentMotorIsUnlockedBeforeTheBoxAndLosesItsTestBehindIt) {
     Watch(Instrument::Motor);
     Tick(Instrument::Motor, 7);
     EXPECT_THAT(rig.journal, ElementsAre("Motor refused", "port 4 close", "Motor unlocked",
                                          "box Error : Motor : Communication connection", "Motor test off"));
 }
 
-TEST_F(PortWatchRun, AMirrorOfOneAxisIsEnoughUpToTheSixthTickAndTooLittleAtTheSeventh) {
+TEST_F(PortWatchRunTest, AMirrorOfOneAxisIsEnoughUpToTheSixthTickAndTooLittleAtTheSeventh) {
     Watch(Instrument::Mirror);
     Tick(Instrument::Mirror, 5);
     rig.state.CurrentXYZ(1, 7);
@@ -283,7 +283,7 @@ TEST_F(PortWatchRun, AMirrorOfOneAxisIsEnoughUpToTheSixthTickAndTooLittleAtTheSe
     EXPECT_EQ(Stored(Instrument::Mirror), QStringLiteral("-1"));
 }
 
-TEST_F(PortWatchRun, LossIsToldWithWhatGoesWithIt) {
+TEST_F(PortWatchRunTest, LossIsToldWithWhatGoesWithIt) {
     rig.OpenPorts();
     rig.MirrorPort().Vanish();
     rig.GaugePort().Vanish();
@@ -293,7 +293,7 @@ TEST_F(PortWatchRun, LossIsToldWithWhatGoesWithIt) {
                                     "Motor lost", "Motor unlocked", "Motor test off"));
 }
 
-TEST_F(PortWatchRun, StoppingAllTakesTheHourglassDownOnlyWhereTheGaugeIsWatched) {
+TEST_F(PortWatchRunTest, StoppingAllTakesTheHourglassDownOnlyWhereTheGaugeIsWatched) {
     Watch(Instrument::Mirror);
     watch.StopAll();
     EXPECT_THAT(rig.pointer.screen, IsEmpty());

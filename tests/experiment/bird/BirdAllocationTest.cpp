@@ -25,7 +25,7 @@ std::size_t BytesInUse() {
     return memory.uordblks + memory.hblkhd;
 }
 
-class BirdAllocation : public testing::Test {
+class BirdAllocationTest : public testing::Test {
 protected:
     void Move(int step) {
         for (std::size_t i = 0; i < scene.needles.size(); ++i) {
@@ -49,7 +49,7 @@ protected:
     BirdScene scene;
 };
 
-TEST_F(BirdAllocation, TheCounterCountsPicturesToo) {
+TEST_F(BirdAllocationTest, TheCounterCountsPicturesToo) {
     const long before = Allocations();
     const auto something = std::make_unique<int>(1);
     EXPECT_EQ(Allocations(), before + 1);
@@ -58,7 +58,7 @@ TEST_F(BirdAllocation, TheCounterCountsPicturesToo) {
     EXPECT_GT(Allocations(), before + 1);
 }
 
-TEST_F(BirdAllocation, TenThousandCompositionsAllocateAndLeakNothing) {
+TEST_F(BirdAllocationTest, TenThousandCompositionsAllocateAndLeakNothing) {
     scene.chkMirror = true;
     scene.intTotalManipulatorNumber = 3;
     scene.intManipulatorNumber = 1;
@@ -74,7 +74,7 @@ TEST_F(BirdAllocation, TenThousandCompositionsAllocateAndLeakNothing) {
     EXPECT_EQ(Allocations(), before);
 }
 
-TEST_F(BirdAllocation, ContrastAndBrightnessAllocateNothing) {
+TEST_F(BirdAllocationTest, ContrastAndBrightnessAllocateNothing) {
     const PixelBuffer raw(640, 480);
     PixelBuffer display(640, 480);
     const long before = Allocations();

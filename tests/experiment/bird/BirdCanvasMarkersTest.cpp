@@ -5,12 +5,14 @@
 
 #include "core/ground/Arithmetic.h"
 #include "experiment/bird/BirdCanvas.h"
-#include "experiment/bird/BirdCanvasFixture.h"
+#include "experiment/bird/BirdCanvasRig.h"
 
 namespace travo::test {
 namespace {
 
-TEST_F(BirdCanvasPictures, TheSelectedNeedleIsShownInOneOfThreeCompositions) {
+class BirdCanvasMarkersTest : public BirdCanvasRig {};
+
+TEST_F(BirdCanvasMarkersTest, TheSelectedNeedleIsShownInOneOfThreeCompositions) {
     PlaceNeedles();
     scene.bLineOFF = true;
     scene.intTotalManipulatorNumber = 3;
@@ -27,7 +29,7 @@ TEST_F(BirdCanvasPictures, TheSelectedNeedleIsShownInOneOfThreeCompositions) {
     }
 }
 
-TEST_F(BirdCanvasPictures, TheSelectedCellIsShownInOneOfThreeCompositions) {
+TEST_F(BirdCanvasMarkersTest, TheSelectedCellIsShownInOneOfThreeCompositions) {
     for (std::size_t cell = 0; cell < 8; ++cell) {
         scene.cells[cell] = CellPlace({static_cast<std::int32_t>(cell) * 20 - 60, 5, 0});
     }
@@ -46,7 +48,7 @@ TEST_F(BirdCanvasPictures, TheSelectedCellIsShownInOneOfThreeCompositions) {
     }
 }
 
-TEST_F(BirdCanvasPictures, AnUnsetOrUnknownCellThatIsSelectedHidesNoOther) {
+TEST_F(BirdCanvasMarkersTest, AnUnsetOrUnknownCellThatIsSelectedHidesNoOther) {
     scene.cells[1] = CellPlace({0, 0, 0});
     const QImage shown = Composed().copy();
     scene.intBlinkPhase = 1;
@@ -56,21 +58,21 @@ TEST_F(BirdCanvasPictures, AnUnsetOrUnknownCellThatIsSelectedHidesNoOther) {
     }
 }
 
-TEST(NextBlinkPhase, IsAgain0AboveTwo) {
+TEST(NextBlinkPhaseTest, IsAgain0AboveTwo) {
     EXPECT_EQ(NextBlinkPhase(0), 1);
     EXPECT_EQ(NextBlinkPhase(1), 2);
     EXPECT_EQ(NextBlinkPhase(2), 0);
     EXPECT_EQ(NextBlinkPhase(INT16_MAX), 0);
 }
 
-TEST_F(BirdCanvasPictures, OnlySetCellsAreDrawn) {
+TEST_F(BirdCanvasMarkersTest, OnlySetCellsAreDrawn) {
     scene.cells[3] = CellPlace({0, 0, 0});
     QImage expected = WithStill();
     LayOn(expected, markers.Cell(3), 369, 360);
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, ACellCloseToTheRightEdgeShowsTheLeftHandedVariantWithTheCrossInTheSamePlace) {
+TEST_F(BirdCanvasMarkersTest, ACellCloseToTheRightEdgeShowsTheLeftHandedVariantWithTheCrossInTheSamePlace) {
     for (std::int32_t count = -172; count <= -155; ++count) {
         scene.cells[0] = CellPlace({count, 0, 0});
         const int pixel = convert(MirrorXToCommon(count) * 0.42 + 378);
@@ -84,7 +86,7 @@ TEST_F(BirdCanvasPictures, ACellCloseToTheRightEdgeShowsTheLeftHandedVariantWith
     }
 }
 
-TEST_F(BirdCanvasPictures, AllKindsLieOnEachOtherInTheirOrder) {
+TEST_F(BirdCanvasMarkersTest, AllKindsLieOnEachOtherInTheirOrder) {
     scene.chkMirror = true;
     scene.intBirdMagnification = 2;
     scene.view = ViewPlace({0, 0, 0}, 2);
@@ -107,7 +109,7 @@ TEST_F(BirdCanvasPictures, AllKindsLieOnEachOtherInTheirOrder) {
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, MarkersPartlyOverEachEdgeAreClipped) {
+TEST_F(BirdCanvasMarkersTest, MarkersPartlyOverEachEdgeAreClipped) {
     scene.chkMirror = true;
     scene.intBirdMagnification = 2;
     for (const auto& [x, y] :
@@ -120,7 +122,7 @@ TEST_F(BirdCanvasPictures, MarkersPartlyOverEachEdgeAreClipped) {
     }
 }
 
-TEST_F(BirdCanvasPictures, PositionsAtTheEndsOf32BitsAreDrawnNowhere) {
+TEST_F(BirdCanvasMarkersTest, PositionsAtTheEndsOf32BitsAreDrawnNowhere) {
     scene.chkMirror = true;
     scene.bLineOFF = true;
     scene.intTotalManipulatorNumber = 3;
@@ -135,7 +137,7 @@ TEST_F(BirdCanvasPictures, PositionsAtTheEndsOf32BitsAreDrawnNowhere) {
     }
 }
 
-TEST_F(BirdCanvasPictures, AShaftFromTheEndOf32BitsIsDrawnAsFarAsItCrossesTheCanvas) {
+TEST_F(BirdCanvasMarkersTest, AShaftFromTheEndOf32BitsIsDrawnAsFarAsItCrossesTheCanvas) {
     scene.intTotalManipulatorNumber = 0;
     scene.needles[0] = NeedlePlace({0, 0, 0}, {0, 0, 0}, {INT32_MIN, 0, 0});
     const QImage& image = Composed();
@@ -146,7 +148,7 @@ TEST_F(BirdCanvasPictures, AShaftFromTheEndOf32BitsIsDrawnAsFarAsItCrossesTheCan
     }
 }
 
-TEST_F(BirdCanvasPictures, FloatsThatAreNoPlaceDrawNothing) {
+TEST_F(BirdCanvasMarkersTest, FloatsThatAreNoPlaceDrawNothing) {
     scene.chkMirror = true;
     scene.intTotalManipulatorNumber = 3;
     for (const float place : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity(),
@@ -159,7 +161,7 @@ TEST_F(BirdCanvasPictures, FloatsThatAreNoPlaceDrawNothing) {
     }
 }
 
-TEST_F(BirdCanvasPictures, WithoutASkinOnlyStillAndLinesAreDrawn) {
+TEST_F(BirdCanvasMarkersTest, WithoutASkinOnlyStillAndLinesAreDrawn) {
     PlaceNeedles();
     scene.chkMirror = true;
     scene.intTotalManipulatorNumber = 3;
@@ -172,7 +174,7 @@ TEST_F(BirdCanvasPictures, WithoutASkinOnlyStillAndLinesAreDrawn) {
     EXPECT_EQ(Differences(bare.Compose(still, scene), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, ACompositionLeavesNothingOfTheOneBefore) {
+TEST_F(BirdCanvasMarkersTest, ACompositionLeavesNothingOfTheOneBefore) {
     PlaceNeedles();
     scene.intTotalManipulatorNumber = 3;
     scene.chkMirror = true;
@@ -205,7 +207,7 @@ BirdScene AnyScene(std::mt19937& chance) {
     return scene;
 }
 
-TEST_F(BirdCanvasPictures, EveryCompositionIsThatOfAFreshCanvasWhateverStoodOnItBefore) {
+TEST_F(BirdCanvasMarkersTest, EveryCompositionIsThatOfAFreshCanvasWhateverStoodOnItBefore) {
     std::mt19937 chance(756);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same scenes at every run
     for (int round = 0; round < 60; ++round) {
         scene = AnyScene(chance);
@@ -214,7 +216,7 @@ TEST_F(BirdCanvasPictures, EveryCompositionIsThatOfAFreshCanvasWhateverStoodOnIt
     }
 }
 
-TEST_F(BirdCanvasPictures, AStillThatIsWrittenToIsDrawnAnew) {
+TEST_F(BirdCanvasMarkersTest, AStillThatIsWrittenToIsDrawnAnew) {
     Composed();
     for (int y = 0; y < still.height(); ++y) {
         std::fill_n(reinterpret_cast<QRgb*>(still.scanLine(y)), still.width(), qRgb(1, 2, 3));
@@ -222,7 +224,7 @@ TEST_F(BirdCanvasPictures, AStillThatIsWrittenToIsDrawnAnew) {
     EXPECT_EQ(Differences(Composed(), WithStill()), 0);
 }
 
-TEST_F(BirdCanvasPictures, AFailedCompositionIsForgottenByTheNextOne) {
+TEST_F(BirdCanvasMarkersTest, AFailedCompositionIsForgottenByTheNextOne) {
     PlaceNeedles();
     BirdScene failing = scene;
     failing.intTotalManipulatorNumber = 4;

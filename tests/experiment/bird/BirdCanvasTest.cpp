@@ -4,12 +4,14 @@
 #include <limits>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/bird/BirdCanvasFixture.h"
+#include "experiment/bird/BirdCanvasRig.h"
 
 namespace travo::test {
 namespace {
 
-TEST_F(BirdCanvasPictures, TheCanvasIs756By756PlainPixelsWithA255FourthByte) {
+class BirdCanvasTest : public BirdCanvasRig {};
+
+TEST_F(BirdCanvasTest, TheCanvasIs756By756PlainPixelsWithA255FourthByte) {
     scene.chkMirror = true;
     scene.intTotalManipulatorNumber = 3;
     PlaceNeedles();
@@ -26,7 +28,7 @@ TEST_F(BirdCanvasPictures, TheCanvasIs756By756PlainPixelsWithA255FourthByte) {
     }
 }
 
-TEST_F(BirdCanvasPictures, WithBothShiftsAt0TheStillIsCentredAt58And138) {
+TEST_F(BirdCanvasTest, WithBothShiftsAt0TheStillIsCentredAt58And138) {
     const QImage& image = Composed();
     EXPECT_EQ(Differences(image, WithStillAt(58, 138)), 0);
     EXPECT_EQ(image.pixel(57, 138), Ground);
@@ -35,7 +37,7 @@ TEST_F(BirdCanvasPictures, WithBothShiftsAt0TheStillIsCentredAt58And138) {
     EXPECT_EQ(image.pixel(698, 617), Ground);
 }
 
-TEST_F(BirdCanvasPictures, AShiftMovesTheStillByThatPartOfItsSize) {
+TEST_F(BirdCanvasTest, AShiftMovesTheStillByThatPartOfItsSize) {
     for (const auto& [shiftX, shiftY, x, y] : {std::tuple{0.25, -0.5, 218, -102},
                                                {-0.5, 0.5, -262, 378},
                                                {1.0, 0.0, 698, 138},
@@ -47,7 +49,7 @@ TEST_F(BirdCanvasPictures, AShiftMovesTheStillByThatPartOfItsSize) {
     }
 }
 
-TEST_F(BirdCanvasPictures, AShiftOffTheCanvasLeavesTheGround) {
+TEST_F(BirdCanvasTest, AShiftOffTheCanvasLeavesTheGround) {
     for (const double shift : {1.1, -1.2, 1e300, -1e300, std::numeric_limits<double>::infinity(),
                                std::numeric_limits<double>::quiet_NaN()}) {
         scene.ShiftX = shift;
@@ -55,24 +57,24 @@ TEST_F(BirdCanvasPictures, AShiftOffTheCanvasLeavesTheGround) {
     }
 }
 
-TEST_F(BirdCanvasPictures, AStillOfAnotherSizeIsCentredToo) {
+TEST_F(BirdCanvasTest, AStillOfAnotherSizeIsCentredToo) {
     still = Patterned(101, 40);  // its corner at 327.5 goes to the even pixel
     EXPECT_EQ(Differences(Composed(), WithStillAt(328, 358)), 0);
     still = Patterned(800, 900);
     EXPECT_EQ(Differences(Composed(), WithStillAt(-22, -72)), 0);
 }
 
-TEST_F(BirdCanvasPictures, WithoutAStillThePictureShowsTheGround) {
+TEST_F(BirdCanvasTest, WithoutAStillThePictureShowsTheGround) {
     EXPECT_EQ(Differences(canvas.Compose(QImage(), scene), Filled(756, 756, Ground)), 0);
 }
 
-TEST_F(BirdCanvasPictures, AStillOfAnotherFormatIsShownAllTheSame) {
+TEST_F(BirdCanvasTest, AStillOfAnotherFormatIsShownAllTheSame) {
     const QImage expected = Composed().copy();
     still = still.convertToFormat(QImage::Format_RGB888);
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, WithChkMirrorFalseNoViewMarkAppears) {
+TEST_F(BirdCanvasTest, WithChkMirrorFalseNoViewMarkAppears) {
     scene.intBirdMagnification = 2;
     scene.view = ViewPlace({0, 0, 0}, 2);
     EXPECT_EQ(Differences(Composed(), WithStill()), 0);
@@ -80,7 +82,7 @@ TEST_F(BirdCanvasPictures, WithChkMirrorFalseNoViewMarkAppears) {
     EXPECT_NE(Differences(Composed(), WithStill()), 0);
 }
 
-TEST_F(BirdCanvasPictures, AtMagnification1OrNotKnownTheViewMarkIsTheCross) {
+TEST_F(BirdCanvasTest, AtMagnification1OrNotKnownTheViewMarkIsTheCross) {
     scene.chkMirror = true;
     scene.view = {100, 200};
     QImage expected = WithStill();
@@ -92,7 +94,7 @@ TEST_F(BirdCanvasPictures, AtMagnification1OrNotKnownTheViewMarkIsTheCross) {
     EXPECT_EQ(markers.View(1).mask.size(), QSize(23, 23));
 }
 
-TEST_F(BirdCanvasPictures, AChangeOfMagnificationMovesTheMarksSizeAtOnceButItsOffsetOnlyWithTheNextPlace) {
+TEST_F(BirdCanvasTest, AChangeOfMagnificationMovesTheMarksSizeAtOnceButItsOffsetOnlyWithTheNextPlace) {
     scene.chkMirror = true;
     scene.view = ViewPlace({0, 0, 0}, 2);
     for (const std::int16_t magnification : {std::int16_t{2}, std::int16_t{3}, std::int16_t{1}}) {
@@ -112,19 +114,19 @@ TEST_F(BirdCanvasPictures, AChangeOfMagnificationMovesTheMarksSizeAtOnceButItsOf
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, BeforeAnyPlaceTheViewMarkStandsAtTheMiddle) {
+TEST_F(BirdCanvasTest, BeforeAnyPlaceTheViewMarkStandsAtTheMiddle) {
     scene.chkMirror = true;
     QImage expected = WithStill();
     LayOn(expected, markers.View(1), 366, 366);
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, ATotalOfMinus1DrawsNoNeedlesAndNoLinesAlthoughTheirPositionsAreHeld) {
+TEST_F(BirdCanvasTest, ATotalOfMinus1DrawsNoNeedlesAndNoLinesAlthoughTheirPositionsAreHeld) {
     PlaceNeedles();
     EXPECT_EQ(Differences(Composed(), WithStill()), 0);
 }
 
-TEST_F(BirdCanvasPictures, NeedlesUpToAndIncludingTheTotalAreDrawnWithTheirLinesBelowAllMarkers) {
+TEST_F(BirdCanvasTest, NeedlesUpToAndIncludingTheTotalAreDrawnWithTheirLinesBelowAllMarkers) {
     PlaceNeedles();
     for (int total = 0; total < 4; ++total) {
         scene.intTotalManipulatorNumber = static_cast<std::int16_t>(total);
@@ -139,7 +141,7 @@ TEST_F(BirdCanvasPictures, NeedlesUpToAndIncludingTheTotalAreDrawnWithTheirLines
     }
 }
 
-TEST_F(BirdCanvasPictures, ALineIsBlackFromTheRootToTheMiddleOfTheShape) {
+TEST_F(BirdCanvasTest, ALineIsBlackFromTheRootToTheMiddleOfTheShape) {
     scene.intTotalManipulatorNumber = 0;
     scene.needles[0] = {0, 291, 191, 300, 20};  // upright at 300, from 20 down to 200
     const QImage& image = Composed();
@@ -153,7 +155,7 @@ TEST_F(BirdCanvasPictures, ALineIsBlackFromTheRootToTheMiddleOfTheShape) {
     EXPECT_EQ(image.pixel(300, 201), qRgb(255, 153, 153));
 }
 
-TEST_F(BirdCanvasPictures, WithLinesOffOnlyTheMarkersAreDrawn) {
+TEST_F(BirdCanvasTest, WithLinesOffOnlyTheMarkersAreDrawn) {
     PlaceNeedles();
     scene.intTotalManipulatorNumber = 3;
     scene.bLineOFF = true;
@@ -164,7 +166,7 @@ TEST_F(BirdCanvasPictures, WithLinesOffOnlyTheMarkersAreDrawn) {
     EXPECT_EQ(Differences(Composed(), expected), 0);
 }
 
-TEST_F(BirdCanvasPictures, ANeedleNeverReadStandsAtTheTopLeftCornerWithShape0) {
+TEST_F(BirdCanvasTest, ANeedleNeverReadStandsAtTheTopLeftCornerWithShape0) {
     scene.intTotalManipulatorNumber = 1;
     QImage expected = WithStill();
     for (int needle : {0, 1}) {
@@ -176,7 +178,7 @@ TEST_F(BirdCanvasPictures, ANeedleNeverReadStandsAtTheTopLeftCornerWithShape0) {
     EXPECT_EQ(canvas.Compose(still, scene).pixel(9, 9), qRgb(255, 153, 153));
 }
 
-TEST_F(BirdCanvasPictures, ATotalBeyondTheTableOrAnUnknownShapeIsAFailure) {
+TEST_F(BirdCanvasTest, ATotalBeyondTheTableOrAnUnknownShapeIsAFailure) {
     scene.intTotalManipulatorNumber = 4;
     EXPECT_THROW(Composed(), BoundsFailure);
     scene.intTotalManipulatorNumber = 0;

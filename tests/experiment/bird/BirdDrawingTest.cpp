@@ -35,7 +35,7 @@ BirdMarker SmallMarker() {
     return marker;
 }
 
-TEST(DrawMarker, AndWithTheMaskThenXorWithThePicture) {
+TEST(DrawMarkerTest, AndWithTheMaskThenXorWithThePicture) {
     QImage canvas = Filled(5, 4, 0xFF33CC55U);
     DrawMarker(canvas, SmallMarker(), 1, 2);
     EXPECT_EQ(RawPixel(canvas, 1, 2), 0xFFFF9999U);  // shape
@@ -49,7 +49,7 @@ TEST(DrawMarker, AndWithTheMaskThenXorWithThePicture) {
     EXPECT_EQ(RawPixel(canvas, 1, 1), 0xFF33CC55U);
 }
 
-TEST(DrawMarker, PartlyOverEachEdgeItIsClipped) {
+TEST(DrawMarkerTest, PartlyOverEachEdgeItIsClipped) {
     const BirdMarker marker = SmallMarker();
     for (int y = -4; y <= 6; ++y) {
         for (int x = -5; x <= 7; ++x) {
@@ -62,7 +62,7 @@ TEST(DrawMarker, PartlyOverEachEdgeItIsClipped) {
     }
 }
 
-TEST(DrawMarker, APlaceGoesToTheNearestPixelWithTiesToEven) {
+TEST(DrawMarkerTest, APlaceGoesToTheNearestPixelWithTiesToEven) {
     for (const auto& [place, pixel] :
          {std::pair{1.5, 2}, {2.5, 2}, {0.5, 0}, {-0.5, 0}, {-1.5, -2}, {2.49, 2}, {2.51, 3}, {-2.5, -2}}) {
         QImage canvas = Patterned(8, 8);
@@ -73,7 +73,7 @@ TEST(DrawMarker, APlaceGoesToTheNearestPixelWithTiesToEven) {
     }
 }
 
-TEST(DrawMarker, APlaceOffTheCanvasDrawsNothing) {
+TEST(DrawMarkerTest, APlaceOffTheCanvasDrawsNothing) {
     for (const double place : Nowhere) {
         QImage canvas = Patterned(8, 8);
         DrawMarker(canvas, SmallMarker(), place, 3);
@@ -83,7 +83,7 @@ TEST(DrawMarker, APlaceOffTheCanvasDrawsNothing) {
     }
 }
 
-TEST(DrawMarker, AMarkerWithoutPicturesDrawsNothing) {
+TEST(DrawMarkerTest, AMarkerWithoutPicturesDrawsNothing) {
     QImage canvas = Patterned(8, 8);
     DrawMarker(canvas, BirdMarker(), 3, 3);
     EXPECT_EQ(Differences(canvas, Patterned(8, 8)), 0);
@@ -102,7 +102,7 @@ QImage GroundAndStill(int size, const QImage& still, int cornerX, int cornerY) {
     return canvas;
 }
 
-TEST(DrawGroundAndStill, PartlyOverEachEdgeTheStillIsClipped) {
+TEST(DrawGroundAndStillTest, PartlyOverEachEdgeTheStillIsClipped) {
     for (const QSize& size : {QSize(4, 3), QSize(12, 2), QSize(2, 12), QSize(14, 14)}) {
         const QImage still = Patterned(size.width(), size.height());
         for (int y = -15; y <= 10; ++y) {
@@ -115,7 +115,7 @@ TEST(DrawGroundAndStill, PartlyOverEachEdgeTheStillIsClipped) {
     }
 }
 
-TEST(DrawGroundAndStill, APlaceGoesToTheNearestPixelWithTiesToEven) {
+TEST(DrawGroundAndStillTest, APlaceGoesToTheNearestPixelWithTiesToEven) {
     const QImage still = Patterned(4, 3);
     for (const auto& [place, pixel] : {std::pair{1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {2.51, 3}}) {
         QImage canvas = Filled(9, 9, Black);
@@ -124,7 +124,7 @@ TEST(DrawGroundAndStill, APlaceGoesToTheNearestPixelWithTiesToEven) {
     }
 }
 
-TEST(DrawGroundAndStill, AStillOffTheCanvasOrWithoutPixelsLeavesTheGround) {
+TEST(DrawGroundAndStillTest, AStillOffTheCanvasOrWithoutPixelsLeavesTheGround) {
     for (const double place : Nowhere) {
         QImage canvas = Patterned(9, 9);
         DrawGroundAndStill(canvas, {Grey, Patterned(4, 3), place, 2});
@@ -137,7 +137,7 @@ TEST(DrawGroundAndStill, AStillOffTheCanvasOrWithoutPixelsLeavesTheGround) {
     EXPECT_EQ(Differences(canvas, Filled(9, 9, Grey)), 0);
 }
 
-TEST(DrawGroundAndStill, TheStillsFourthByteBecomes255) {
+TEST(DrawGroundAndStillTest, TheStillsFourthByteBecomes255) {
     QImage canvas = Filled(3, 3, Black);
     DrawGroundAndStill(canvas, {Grey, Filled(1, 1, 0x00102030U), 1, 1});
     EXPECT_EQ(RawPixel(canvas, 1, 1), 0xFF102030U);
@@ -161,7 +161,7 @@ QImage Shaft(BirdPoint from, BirdPoint to, double width = 2) {
     return canvas;
 }
 
-TEST(DrawShaft, AnUprightOneCoversTheColumnOnEachSide) {
+TEST(DrawShaftTest, AnUprightOneCoversTheColumnOnEachSide) {
     std::vector<QPoint> expected;
     for (int y = 5; y < 8; ++y) {
         expected.emplace_back(9, y);
@@ -171,13 +171,13 @@ TEST(DrawShaft, AnUprightOneCoversTheColumnOnEachSide) {
     EXPECT_EQ(BlackPixels(Shaft({10, 8}, {10, 5})), expected);
 }
 
-TEST(DrawShaft, ALevelOneCoversTheRowOnEachSide) {
+TEST(DrawShaftTest, ALevelOneCoversTheRowOnEachSide) {
     const std::vector<QPoint> expected{{5, 9}, {6, 9}, {7, 9}, {5, 10}, {6, 10}, {7, 10}};
     EXPECT_EQ(BlackPixels(Shaft({5, 10}, {8, 10})), expected);
     EXPECT_EQ(BlackPixels(Shaft({8, 10}, {5, 10})), expected);
 }
 
-TEST(DrawShaft, AnEdgeThroughMiddlesStillGivesItsFullWidth) {
+TEST(DrawShaftTest, AnEdgeThroughMiddlesStillGivesItsFullWidth) {
     EXPECT_EQ(BlackPixels(Shaft({10.5, 5}, {10.5, 6})), (std::vector<QPoint>{{9, 5}, {10, 5}}));
     EXPECT_EQ(BlackPixels(Shaft({5, 10.5}, {6, 10.5})).size(), 2U);
 }
@@ -208,7 +208,7 @@ void ExpectBar(BirdPoint from, BirdPoint to, double margin) {
     }
 }
 
-TEST(DrawShaft, AnyOneCoversThePixelsWhoseMiddleLiesWithin) {
+TEST(DrawShaftTest, AnyOneCoversThePixelsWhoseMiddleLiesWithin) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> place(-20, 60);
     for (int i = 0; i < 3000; ++i) {
@@ -216,7 +216,7 @@ TEST(DrawShaft, AnyOneCoversThePixelsWhoseMiddleLiesWithin) {
     }
 }
 
-TEST(DrawShaft, AFarEndChangesOnlyTheDirection) {
+TEST(DrawShaftTest, AFarEndChangesOnlyTheDirection) {
     std::mt19937 random(8);
     std::uniform_real_distribution<double> near(0, 30);
     std::uniform_real_distribution<double> far(-9e8, 9e8);
@@ -230,7 +230,7 @@ TEST(DrawShaft, AFarEndChangesOnlyTheDirection) {
     EXPECT_GT(BlackPixels(Shaft({-9e8, -9e8}, {9e8, 9e8})).size(), 50U);
 }
 
-TEST(DrawShaft, WhatStandsAtNoNumberDrawsNothing) {
+TEST(DrawShaftTest, WhatStandsAtNoNumberDrawsNothing) {
     for (const double place : {Infinite, -Infinite, NoNumber, 1e308, -1e308}) {
         EXPECT_TRUE(BlackPixels(Shaft({place, 5}, {9, 9})).empty() || std::isfinite(place)) << place;
         EXPECT_TRUE(BlackPixels(Shaft({5, 5}, {9, place})).empty() || std::isfinite(place)) << place;
@@ -238,7 +238,7 @@ TEST(DrawShaft, WhatStandsAtNoNumberDrawsNothing) {
     }
 }
 
-TEST(DrawShaft, OneWithoutLengthOrOffTheCanvasDrawsNothing) {
+TEST(DrawShaftTest, OneWithoutLengthOrOffTheCanvasDrawsNothing) {
     EXPECT_TRUE(BlackPixels(Shaft({9, 9}, {9, 9})).empty());
     EXPECT_TRUE(BlackPixels(Shaft({-5, -5}, {-2, 90})).empty());
     EXPECT_TRUE(BlackPixels(Shaft({45, 0}, {90, 90})).empty());
@@ -247,7 +247,7 @@ TEST(DrawShaft, OneWithoutLengthOrOffTheCanvasDrawsNothing) {
     EXPECT_TRUE(BlackPixels(Shaft({0, 32}, {40, 32})).empty());
 }
 
-TEST(DrawShaft, ItsWidthIsTheOneAskedFor) {
+TEST(DrawShaftTest, ItsWidthIsTheOneAskedFor) {
     EXPECT_EQ(BlackPixels(Shaft({10, 0}, {10, 30}, 6)).size(), 180U);
     EXPECT_EQ(BlackPixels(Shaft({0, 10}, {40, 10}, 4)).size(), 160U);
 }

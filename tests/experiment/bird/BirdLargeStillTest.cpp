@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <QtEndian>
 
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
@@ -41,7 +41,7 @@ long StartPeak() {
     return PeakKilobytes();
 }
 
-class BirdLargeStillTest : public ::testing::Test, protected BirdBench {
+class BirdLargeStillTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override {
         Show(FullSize);

@@ -15,7 +15,7 @@ namespace {
 constexpr QRgb White = 0xFFFFFFFFU;
 constexpr QRgb Black = 0xFF000000U;
 
-class Markers : public testing::Test {
+class BirdMarkersTest : public testing::Test {
 protected:
     using Look = std::function<void(const BirdMarker& marker, const std::string& name)>;
 
@@ -45,7 +45,7 @@ protected:
     const BirdMarkers markers{SkinHome()};
 };
 
-TEST_F(Markers, EachPairHasTheSizeOfItsKindAndPlainPixels) {
+TEST_F(BirdMarkersTest, EachPairHasTheSizeOfItsKindAndPlainPixels) {
     ForEach([](const BirdMarker& marker, const std::string& name) {
         for (const QImage& image : {marker.mask, marker.picture}) {
             EXPECT_EQ(image.format(), QImage::Format_RGB32) << name;
@@ -64,7 +64,7 @@ TEST_F(Markers, EachPairHasTheSizeOfItsKindAndPlainPixels) {
     EXPECT_EQ(markers.View(1).mask.size(), QSize(23, 23));
 }
 
-TEST_F(Markers, TheMaskIsPureBlackAndWhiteAndThePicturesFourthByteIs0) {
+TEST_F(BirdMarkersTest, TheMaskIsPureBlackAndWhiteAndThePicturesFourthByteIs0) {
     ForEach([](const BirdMarker& marker, const std::string& name) {
         int black = 0;
         int white = 0;
@@ -82,7 +82,7 @@ TEST_F(Markers, TheMaskIsPureBlackAndWhiteAndThePicturesFourthByteIs0) {
     });
 }
 
-TEST_F(Markers, TheMaskCoversThePicture) {
+TEST_F(BirdMarkersTest, TheMaskCoversThePicture) {
     ForEach([](const BirdMarker& marker, const std::string& name) {
         for (int y = 0; y < marker.mask.height(); ++y) {
             for (int x = 0; x < marker.mask.width(); ++x) {
@@ -94,7 +94,7 @@ TEST_F(Markers, TheMaskCoversThePicture) {
     });
 }
 
-TEST_F(Markers, ANeedlesShapeIsSolidRoundItsMiddleWithItsDigitToTheRight) {
+TEST_F(BirdMarkersTest, ANeedlesShapeIsSolidRoundItsMiddleWithItsDigitToTheRight) {
     for (int i = 0; i < 12; ++i) {
         const BirdMarker& marker = markers.Needle(i);
         EXPECT_EQ(Count(marker, qRgb(255, 153, 153), QRect(7, 7, 4, 4)), 16) << i;
@@ -104,7 +104,7 @@ TEST_F(Markers, ANeedlesShapeIsSolidRoundItsMiddleWithItsDigitToTheRight) {
     }
 }
 
-TEST_F(Markers, Shape0HasItsTipUpShape1DownAndShape2IsADisc) {
+TEST_F(BirdMarkersTest, Shape0HasItsTipUpShape1DownAndShape2IsADisc) {
     const auto inRow = [this](int marker, int row) {
         return Count(markers.Needle(marker), qRgb(255, 153, 153), QRect(0, row, 18, 1));
     };
@@ -120,7 +120,7 @@ TEST_F(Markers, Shape0HasItsTipUpShape1DownAndShape2IsADisc) {
     }
 }
 
-TEST_F(Markers, EachNeedleHasItsOwnDigitAndKeepsItInAllShapes) {
+TEST_F(BirdMarkersTest, EachNeedleHasItsOwnDigitAndKeepsItInAllShapes) {
     const QRect right(18, 0, 16, 27);
     for (int needle = 0; needle < 4; ++needle) {
         const QImage digit = markers.Needle(needle).picture.copy(right);
@@ -132,7 +132,7 @@ TEST_F(Markers, EachNeedleHasItsOwnDigitAndKeepsItInAllShapes) {
     }
 }
 
-TEST_F(Markers, ACellsCrossIsSolidInItsColourInBothVariants) {
+TEST_F(BirdMarkersTest, ACellsCrossIsSolidInItsColourInBothVariants) {
     constexpr QRgb colours[] = {qRgb(0, 204, 255),   qRgb(102, 153, 204), qRgb(255, 102, 153),
                                 qRgb(255, 204, 102), qRgb(204, 204, 102), qRgb(102, 204, 102),
                                 qRgb(255, 51, 51),   qRgb(255, 255, 153)};
@@ -147,7 +147,7 @@ TEST_F(Markers, ACellsCrossIsSolidInItsColourInBothVariants) {
     }
 }
 
-TEST_F(Markers, EachCellHasItsOwnLetterOnTheOtherSideInTheLeftHandedVariant) {
+TEST_F(BirdMarkersTest, EachCellHasItsOwnLetterOnTheOtherSideInTheLeftHandedVariant) {
     const auto letter = [this](int index) {
         const QImage image = markers.Cell(index).mask;
         return index < 8 ? image.copy(17, 0, 17, 11) : image.copy(0, 0, 17, 11);
@@ -160,7 +160,7 @@ TEST_F(Markers, EachCellHasItsOwnLetterOnTheOtherSideInTheLeftHandedVariant) {
     }
 }
 
-TEST_F(Markers, TheViewsFrameIsSolidAndOpenInTheMiddle) {
+TEST_F(BirdMarkersTest, TheViewsFrameIsSolidAndOpenInTheMiddle) {
     constexpr QRgb colour = qRgb(255, 204, 176);
     for (const auto& [magnification, size, width] :
          {std::tuple{std::int16_t{2}, QSize(102, 76), 3}, {std::int16_t{3}, QSize(51, 38), 2}}) {
@@ -174,7 +174,7 @@ TEST_F(Markers, TheViewsFrameIsSolidAndOpenInTheMiddle) {
     }
 }
 
-TEST_F(Markers, TheCrossOfTheViewIsThreePixelsThick) {
+TEST_F(BirdMarkersTest, TheCrossOfTheViewIsThreePixelsThick) {
     constexpr QRgb colour = qRgb(255, 204, 176);
     const BirdMarker& view = markers.View(1);
     EXPECT_EQ(Count(view, colour, QRect(0, 10, 23, 3)), 69);
@@ -182,13 +182,13 @@ TEST_F(Markers, TheCrossOfTheViewIsThreePixelsThick) {
     EXPECT_EQ(Count(view, colour, QRect(0, 0, 23, 23)), 69 + 69 - 9);
 }
 
-TEST_F(Markers, AnyMagnificationBut2And3HasTheCross) {
+TEST_F(BirdMarkersTest, AnyMagnificationBut2And3HasTheCross) {
     for (const int magnification : {-32768, -1, 0, 1, 4, 32767}) {
         EXPECT_EQ(markers.View(static_cast<std::int16_t>(magnification)).mask.size(), QSize(23, 23));
     }
 }
 
-TEST_F(Markers, AnIndexBeyondTheTableIsAFailure) {
+TEST_F(BirdMarkersTest, AnIndexBeyondTheTableIsAFailure) {
     for (const int index : {-1, 12, INT32_MIN, INT32_MAX}) {
         EXPECT_THROW(markers.Needle(index), BoundsFailure);
     }
@@ -197,7 +197,7 @@ TEST_F(Markers, AnIndexBeyondTheTableIsAFailure) {
     }
 }
 
-TEST(MarkersOfASkin, WithoutFilesThereIsNoPictureAndNoFailure) {
+TEST(MarkersOfASkinTest, WithoutFilesThereIsNoPictureAndNoFailure) {
     const OwnSkin skin;
     for (const QString& folder : {skin.Home(), QStringLiteral("/nowhere"), QString()}) {
         const BirdMarkers markers(folder);
@@ -207,7 +207,7 @@ TEST(MarkersOfASkin, WithoutFilesThereIsNoPictureAndNoFailure) {
     }
 }
 
-TEST(MarkersOfASkin, HalfAPairAndABrokenFileDrawNothing) {
+TEST(MarkersOfASkinTest, HalfAPairAndABrokenFileDrawNothing) {
     const OwnSkin skin;
     skin.Write(QStringLiteral("needle-00"), OwnSkin::Shipped(QStringLiteral("needle-00")));
     skin.Write(QStringLiteral("needleB-01"), OwnSkin::Shipped(QStringLiteral("needleB-01")));
@@ -224,7 +224,7 @@ TEST(MarkersOfASkin, HalfAPairAndABrokenFileDrawNothing) {
     EXPECT_FALSE(markers.Needle(3).picture.isNull());
 }
 
-TEST(MarkersOfASkin, AFileOfAnotherSizeIsBroughtToTheMarkersSize) {
+TEST(MarkersOfASkinTest, AFileOfAnotherSizeIsBroughtToTheMarkersSize) {
     const OwnSkin skin;
     const QByteArray mask =
         "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"10\" height=\"10\" viewBox=\"0 0 10 10\">"

@@ -48,7 +48,7 @@ std::vector<std::int32_t> CommonPlaces() {
     return places;
 }
 
-TEST(NeedlePlace, TheMarkersPlaceAgreesWithTheFormulaOverTheWholeRange) {
+TEST(NeedlePlaceTest, TheMarkersPlaceAgreesWithTheFormulaOverTheWholeRange) {
     for (const std::int32_t common : CommonPlaces()) {
         const BirdNeedle x = NeedlePlace({common, 0, 0}, {0, 0, 0}, {0, 0, 0});
         const BirdNeedle y = NeedlePlace({0, common, 0}, {0, 0, 0}, {0, 0, 0});
@@ -59,7 +59,7 @@ TEST(NeedlePlace, TheMarkersPlaceAgreesWithTheFormulaOverTheWholeRange) {
     }
 }
 
-TEST(NeedlePlace, AHalfGoesToTheEvenPixel) {
+TEST(NeedlePlaceTest, AHalfGoesToTheEvenPixel) {
     // 25 units are 10.5 pixels, 75 units 31.5.
     EXPECT_EQ(NeedlePlace({25, 75, 0}, {0, 0, 0}, {0, 0, 0}).sngNeedleX, 380.0F);
     EXPECT_EQ(NeedlePlace({25, 75, 0}, {0, 0, 0}, {0, 0, 0}).sngNeedleY, 400.0F);
@@ -67,7 +67,7 @@ TEST(NeedlePlace, AHalfGoesToTheEvenPixel) {
     EXPECT_EQ(NeedlePlace({-25, -75, 0}, {0, 0, 0}, {0, 0, 0}).sngNeedleY, 338.0F);
 }
 
-TEST(NeedlePlace, BelowTheFocusIsShape1AboveShape0LevelShape2) {
+TEST(NeedlePlaceTest, BelowTheFocusIsShape1AboveShape0LevelShape2) {
     const auto shape = [](std::int32_t z, std::int32_t focus) {
         return NeedlePlace({0, 0, z}, {0, 0, focus}, {0, 0, 0}).intNeedleShape;
     };
@@ -79,7 +79,7 @@ TEST(NeedlePlace, BelowTheFocusIsShape1AboveShape0LevelShape2) {
     EXPECT_EQ(shape(Lowest, Lowest), 2);
 }
 
-TEST(NeedlePlace, AFocusThatIsNotSetCountsAs0) {
+TEST(NeedlePlaceTest, AFocusThatIsNotSetCountsAs0) {
     const auto shape = [](std::int32_t z) {
         return NeedlePlace({0, 0, z}, {0, 0, NoPositionValue}, {0, 0, 0}).intNeedleShape;
     };
@@ -89,7 +89,7 @@ TEST(NeedlePlace, AFocusThatIsNotSetCountsAs0) {
     EXPECT_EQ(shape(NoPositionValue), 1);
 }
 
-TEST(NeedlePlace, TheShaftsFarEndIsNotRounded) {
+TEST(NeedlePlaceTest, TheShaftsFarEndIsNotRounded) {
     const BirdNeedle needle = NeedlePlace({0, 0, 0}, {0, 0, 0}, {1, -3, 77});
     EXPECT_EQ(needle.sngRootX, 378.42F);
     EXPECT_EQ(needle.sngRootY, 376.74F);
@@ -98,7 +98,7 @@ TEST(NeedlePlace, TheShaftsFarEndIsNotRounded) {
     EXPECT_EQ(ends.sngRootY, static_cast<float>(-2147483648.0 * 0.42 + 378));
 }
 
-TEST(NeedlePlace, BeforeItsFirstReadingANeedleStandsAtTheCornerWithShape0) {
+TEST(NeedlePlaceTest, BeforeItsFirstReadingANeedleStandsAtTheCornerWithShape0) {
     const BirdNeedle needle;
     EXPECT_EQ(needle.intNeedleShape, 0);
     EXPECT_EQ(needle.sngNeedleX, 0);
@@ -114,7 +114,7 @@ constexpr OffsetOfMagnification Offsets[] = {{2, 5100, 3800},        {3, 2550, 1
                                              {0, 1150, 1150},        {-1, 1150, 1150}, {4, 1150, 1150},
                                              {INT16_MAX, 1150, 1150}};
 
-TEST(ViewPlace, ThePlaceAgreesWithTheFormulaAtEveryMirrorPositionAndMagnification) {
+TEST(ViewPlaceTest, ThePlaceAgreesWithTheFormulaAtEveryMirrorPositionAndMagnification) {
     for (const OffsetOfMagnification& offset : Offsets) {
         for (std::int32_t count = -400; count <= 400; ++count) {
             const double tilt = count * 0.07225663103256517 / 180;
@@ -130,7 +130,7 @@ TEST(ViewPlace, ThePlaceAgreesWithTheFormulaAtEveryMirrorPositionAndMagnificatio
     }
 }
 
-TEST(ViewPlace, XOrYNotSetPutsTheMarkIntoTheCorner) {
+TEST(ViewPlaceTest, XOrYNotSetPutsTheMarkIntoTheCorner) {
     for (const PositionXYZ& place : {PositionXYZ{NoPositionValue, 5, 5}, PositionXYZ{5, NoPositionValue, 5},
                                      PositionXYZ{NoPositionValue, NoPositionValue, NoPositionValue}}) {
         EXPECT_EQ(ViewPlace(place, 2).sngViewX, 0);
@@ -139,12 +139,12 @@ TEST(ViewPlace, XOrYNotSetPutsTheMarkIntoTheCorner) {
     EXPECT_EQ(ViewPlace({0, 0, NoPositionValue}, 2).sngViewX, 327);
 }
 
-TEST(ViewPlace, TheMarkStartsAtTheCentreLess11AndAHalf) {
+TEST(ViewPlaceTest, TheMarkStartsAtTheCentreLess11AndAHalf) {
     EXPECT_EQ(BirdView().sngViewX, CanvasCentre - 11.5F);
     EXPECT_EQ(BirdView().sngViewY, CanvasCentre - 11.5F);
 }
 
-TEST(ViewPlace, AMagnificationMovesTheOffsetOnlyAtTheNextPlace) {
+TEST(ViewPlaceTest, AMagnificationMovesTheOffsetOnlyAtTheNextPlace) {
     const BirdView at2x = ViewPlace({0, 0, 0}, 2);
     EXPECT_EQ(at2x.sngViewX, 327);
     EXPECT_EQ(at2x.sngViewY, 340);
@@ -156,7 +156,7 @@ TEST(ViewPlace, AMagnificationMovesTheOffsetOnlyAtTheNextPlace) {
     EXPECT_EQ(cross.sngViewY, 366);
 }
 
-TEST(ViewPlace, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
+TEST(ViewPlaceTest, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
     EXPECT_NO_THROW(ViewPlace({429496729, 89999, Lowest}, 1));
     EXPECT_NO_THROW(ViewPlace({-429496729, -90001, Highest}, 1));
     EXPECT_THROW(ViewPlace({429496730, 0, 0}, 1), OverflowFailure);
@@ -174,7 +174,7 @@ TEST(ViewPlace, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
 // Mirror counts whose cell comes to stand on a pixel as near to the one given as the mirror's X allows.
 BirdCell CellAtMirrorX(std::int32_t mirrorX) { return CellPlace({mirrorX, 0, 0}); }
 
-TEST(CellPlace, TheCrossStandsExactlyAtThePositionInBothVariants) {
+TEST(CellPlaceTest, TheCrossStandsExactlyAtThePositionInBothVariants) {
     int leftHanded = 0;
     for (std::int32_t count = -400; count <= 400; ++count) {
         const auto common = static_cast<std::int64_t>(std::nearbyint(-5.0 * count + 0.5));
@@ -187,7 +187,7 @@ TEST(CellPlace, TheCrossStandsExactlyAtThePositionInBothVariants) {
     EXPECT_EQ(leftHanded, 400 - 164);
 }
 
-TEST(CellPlace, YIsTheTopOfTheMarkerAtEveryMirrorPosition) {
+TEST(CellPlaceTest, YIsTheTopOfTheMarkerAtEveryMirrorPosition) {
     for (std::int32_t count = -400; count <= 400; ++count) {
         const double tilt = count * 0.07225663103256517 / 180;
         const auto common = static_cast<std::int64_t>(std::nearbyint(-12500.0 * std::tan(tilt) + 0.5));
@@ -195,7 +195,7 @@ TEST(CellPlace, YIsTheTopOfTheMarkerAtEveryMirrorPosition) {
     }
 }
 
-TEST(CellPlace, TheCornerAloneDoesNotTellTheVariant) {
+TEST(CellPlaceTest, TheCornerAloneDoesNotTellTheVariant) {
     // Pixels 725 and 708 + 9: the corners 700 and 708 lie on either side, yet the further one is
     // right-handed.
     const BirdCell left = CellAtMirrorX(-165);
@@ -206,12 +206,12 @@ TEST(CellPlace, TheCornerAloneDoesNotTellTheVariant) {
     EXPECT_FALSE(right.bCellLeftHanded);
 }
 
-TEST(CellPlace, TheLastPixelThatIsNotBeyondTheEdgeIs722) {
+TEST(CellPlaceTest, TheLastPixelThatIsNotBeyondTheEdgeIs722) {
     EXPECT_EQ(CellAtMirrorX(-164).sngCellX, 722 - 9);
     EXPECT_FALSE(CellAtMirrorX(-164).bCellLeftHanded);
 }
 
-TEST(CellPlace, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
+TEST(CellPlaceTest, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
     EXPECT_NO_THROW(CellPlace({429496729, 89999, Lowest}));
     EXPECT_NO_THROW(CellPlace({-429496729, NoPositionValue, Highest}));
     EXPECT_THROW(CellPlace({429496730, 0, 0}), OverflowFailure);
@@ -219,7 +219,7 @@ TEST(CellPlace, APositionThatHasNoPlaceInTheCommonFrameIsAnOverflow) {
     EXPECT_THROW(CellPlace({0, 90000, 0}), OverflowFailure);
 }
 
-TEST(CellPlace, NoCellIsSetAtTheStart) { EXPECT_FALSE(BirdCell().bCellSet); }
+TEST(CellPlaceTest, NoCellIsSetAtTheStart) { EXPECT_FALSE(BirdCell().bCellSet); }
 
 }  // namespace
 }  // namespace travo::test

@@ -80,7 +80,7 @@ QImage Scaled(const QImage& canvas, const QSize& size) {
     return target;
 }
 
-TEST(BirdScaler, FewerPixelsThanTheCanvasAreEachTheMeanOfWhatTheyCoverMoreAreTheNearest) {
+TEST(BirdScalerTest, FewerPixelsThanTheCanvasAreEachTheMeanOfWhatTheyCoverMoreAreTheNearest) {
     const QImage canvas = Patterned(60, 60);
     BirdScaler scaler;
     for (const QSize& size : {QSize(30, 30), QSize(29, 30), QSize(59, 59), QSize(20, 15), QSize(60, 60),
@@ -92,14 +92,14 @@ TEST(BirdScaler, FewerPixelsThanTheCanvasAreEachTheMeanOfWhatTheyCoverMoreAreThe
     }
 }
 
-TEST(BirdScaler, TheCanvasItselfIsScaledToTheSizesOfAWindowWithoutAMistake) {
+TEST(BirdScalerTest, TheCanvasItselfIsScaledToTheSizesOfAWindowWithoutAMistake) {
     const QImage canvas = Patterned(756, 756);
     for (const int side : {378, 567, 473, 341, 755, 756, 757, 1512}) {
         EXPECT_EQ(Wrong(canvas, Scaled(canvas, {side, side}), 37), 0) << side;
     }
 }
 
-TEST(BirdScaler, AtHalfSizeAPixelIsTheMeanOfFourWithTiesToEven) {
+TEST(BirdScalerTest, AtHalfSizeAPixelIsTheMeanOfFourWithTiesToEven) {
     QImage canvas = Filled(8, 2, qRgb(0, 0, 0));
     // Sums of 1 to 8 quarters, on one channel each.
     const std::array<std::array<int, 4>, 4> fours{
@@ -120,7 +120,7 @@ TEST(BirdScaler, AtHalfSizeAPixelIsTheMeanOfFourWithTiesToEven) {
     EXPECT_EQ(Wrong(canvas, half), 0);
 }
 
-TEST(BirdScaler, GroundStaysGroundAtEverySize) {
+TEST(BirdScalerTest, GroundStaysGroundAtEverySize) {
     const QImage canvas = Filled(756, 756, BirdGround);
     BirdScaler scaler;
     for (int side = 1; side <= 800; side += side < 20 ? 1 : 13) {
@@ -130,21 +130,21 @@ TEST(BirdScaler, GroundStaysGroundAtEverySize) {
     }
 }
 
-TEST(BirdScaler, TheTargetsFourthByteIsSetWhateverTheCanvasHolds) {
+TEST(BirdScalerTest, TheTargetsFourthByteIsSetWhateverTheCanvasHolds) {
     const QImage canvas = Filled(20, 20, qRgba(10, 20, 30, 0));
     for (const int side : {10, 7}) {
         EXPECT_EQ(RawPixel(Scaled(canvas, {side, side}), 3, 3), qRgb(10, 20, 30));
     }
 }
 
-TEST(BirdScaler, TheSameSizeIsTheSamePicture) {
+TEST(BirdScalerTest, TheSameSizeIsTheSamePicture) {
     const QImage canvas = Patterned(30, 20);
     QImage target = Filled(30, 20);
     BirdScaler().Scale(canvas, target);
     EXPECT_EQ(Differences(target, canvas), 0);
 }
 
-TEST(BirdScaler, AnotherCanvasWidthIsTakenUp) {
+TEST(BirdScalerTest, AnotherCanvasWidthIsTakenUp) {
     BirdScaler scaler;
     QImage target = Filled(10, 10);
     scaler.Scale(Patterned(100, 100), target);
@@ -152,7 +152,7 @@ TEST(BirdScaler, AnotherCanvasWidthIsTakenUp) {
     EXPECT_EQ(Wrong(Patterned(37, 41), target), 0);
 }
 
-TEST(BirdScaler, PicturesWithoutPixelsAreLeft) {
+TEST(BirdScalerTest, PicturesWithoutPixelsAreLeft) {
     BirdScaler scaler;
     QImage nothing;
     EXPECT_NO_THROW(scaler.Scale(Patterned(10, 10), nothing));
@@ -162,7 +162,7 @@ TEST(BirdScaler, PicturesWithoutPixelsAreLeft) {
     EXPECT_EQ(Differences(target, Filled(3, 3)), 0);
 }
 
-TEST(BirdScaler, APictureThatHasNot32BitsOrIsLargerThanAnyCanvasIsAFailure) {
+TEST(BirdScalerTest, APictureThatHasNot32BitsOrIsLargerThanAnyCanvasIsAFailure) {
     BirdScaler scaler;
     QImage grey(5, 5, QImage::Format_Grayscale8);
     QImage target = Filled(3, 3);
@@ -172,7 +172,7 @@ TEST(BirdScaler, APictureThatHasNot32BitsOrIsLargerThanAnyCanvasIsAFailure) {
     EXPECT_THROW(scaler.Scale(Filled(1, 3001), target), BoundsFailure);
 }
 
-TEST(BirdScaler, EveryShaftIsSeenAtHalfSize) {
+TEST(BirdScalerTest, EveryShaftIsSeenAtHalfSize) {
     BirdCanvas canvas(SkinHome());
     BirdScene scene;
     scene.intTotalManipulatorNumber = 0;

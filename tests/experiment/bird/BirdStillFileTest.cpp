@@ -68,7 +68,7 @@ std::string WhyNot(const QByteArray& bytes) {
     return "taken";
 }
 
-TEST(BirdStillFile, APictureOfAnyDepthComesAsPlainPixelsOf32Bits) {
+TEST(BirdStillFileTest, APictureOfAnyDepthComesAsPlainPixelsOf32Bits) {
     const QImage whole = Sample(QImage::Format_RGB32);
     EXPECT_EQ(DecodeBirdStill(Bitmap(whole)), whole);
     for (const QImage::Format format :
@@ -81,13 +81,13 @@ TEST(BirdStillFile, APictureOfAnyDepthComesAsPlainPixelsOf32Bits) {
     }
 }
 
-TEST(BirdStillFile, RowsFromTheTopAndFromTheBottomAreOneAndTheSame) {
+TEST(BirdStillFileTest, RowsFromTheTopAndFromTheBottomAreOneAndTheSame) {
     QByteArray bytes = Bitmap(Sample(QImage::Format_RGB888, QSize(4, 3)));
     Put<std::int32_t>(bytes, 22, -3);
     EXPECT_EQ(DecodeBirdStill(bytes), Sample(QImage::Format_RGB32, QSize(4, 3)).mirrored(false, true));
 }
 
-TEST(BirdStillFile, APictureUnderTheOldestHeaderOf12BytesIsTheSamePicture) {
+TEST(BirdStillFileTest, APictureUnderTheOldestHeaderOf12BytesIsTheSamePicture) {
     for (const QImage::Format format :
          {QImage::Format_RGB888, QImage::Format_Indexed8, QImage::Format_Mono}) {
         const QImage picture = Sample(format);
@@ -111,7 +111,7 @@ TEST(BirdStillFile, APictureUnderTheOldestHeaderOf12BytesIsTheSamePicture) {
     EXPECT_EQ(changed(24, 7), "the still cannot be decoded");
 }
 
-TEST(BirdStillFile, RunLengthsAreReadOnlyWhereAllTheirBytesAreThere) {
+TEST(BirdStillFileTest, RunLengthsAreReadOnlyWhereAllTheirBytesAreThere) {
     // One palette entry: a run of twenty, the end of the row, the end of the picture.
     QByteArray bytes = Bitmap(Sample(QImage::Format_Indexed8, QSize(20, 1)));
     const auto pixels = static_cast<qsizetype>(qFromLittleEndian<std::uint32_t>(bytes.constData() + 10));
@@ -130,7 +130,7 @@ TEST(BirdStillFile, RunLengthsAreReadOnlyWhereAllTheirBytesAreThere) {
     EXPECT_EQ(WhyNot(bytes), "the still has no pixels");
 }
 
-TEST(BirdStillFile, EveryBeginningOfAPictureIsAFailureAndNotHalfAPicture) {
+TEST(BirdStillFileTest, EveryBeginningOfAPictureIsAFailureAndNotHalfAPicture) {
     for (const QImage::Format format :
          {QImage::Format_RGB32, QImage::Format_RGB888, QImage::Format_Indexed8}) {
         const QByteArray whole = Bitmap(Sample(format));
@@ -142,7 +142,7 @@ TEST(BirdStillFile, EveryBeginningOfAPictureIsAFailureAndNotHalfAPicture) {
     }
 }
 
-TEST(BirdStillFile, AHeaderThatPromisesMoreThanTheFileHoldsIsAFailure) {
+TEST(BirdStillFileTest, AHeaderThatPromisesMoreThanTheFileHoldsIsAFailure) {
     const QByteArray whole = Bitmap(Sample(QImage::Format_RGB32));
     const auto changed = [&](qsizetype place, std::int32_t value) {
         QByteArray bytes = whole;
@@ -168,7 +168,7 @@ TEST(BirdStillFile, AHeaderThatPromisesMoreThanTheFileHoldsIsAFailure) {
     EXPECT_EQ(changed(30, 77), "the still cannot be decoded");
 }
 
-TEST(BirdStillFile, WhatIsNoBitmapIsAFailure) {
+TEST(BirdStillFileTest, WhatIsNoBitmapIsAFailure) {
     EXPECT_EQ(WhyNot({}), "the still is no bitmap");
     EXPECT_EQ(WhyNot(QByteArray(100, 'B')), "the still is no bitmap");
     QBuffer buffer;
@@ -177,7 +177,7 @@ TEST(BirdStillFile, WhatIsNoBitmapIsAFailure) {
     EXPECT_EQ(WhyNot(buffer.data()), "the still is no bitmap");
 }
 
-TEST(BirdStillFile, ThePixelsMayBeMoreThanQtsOwnLimitWhichStaysAsItWas) {
+TEST(BirdStillFileTest, ThePixelsMayBeMoreThanQtsOwnLimitWhichStaysAsItWas) {
     const int limit = QImageReader::allocationLimit();
     // 48 million pixels: 144 MB in the file, 192 MB in memory.
     QByteArray bytes = Bitmap(Sample(QImage::Format_RGB888, QSize(1, 1)));
@@ -198,7 +198,7 @@ QImage ReadAll(std::unique_ptr<QFile> file) {
     return still.Read(QRect(QPoint(0, 0), still.Size()));
 }
 
-class BirdStillOnDisk : public ::testing::Test {
+class BirdStillOnDiskTest : public ::testing::Test {
 protected:
     void Write(const QByteArray& bytes) const {
         QFile file(path);
@@ -218,12 +218,12 @@ protected:
     QString path = folder.filePath(QStringLiteral("BirdView.bmp"));
 };
 
-TEST_F(BirdStillOnDisk, AFileIsReadWhole) {
+TEST_F(BirdStillOnDiskTest, AFileIsReadWhole) {
     Write(Bitmap(Sample(QImage::Format_RGB32)));
     EXPECT_EQ(ReadAll(std::make_unique<QFile>(path)), Sample(QImage::Format_RGB32));
 }
 
-TEST_F(BirdStillOnDisk, AFileThatIsMissingOrEmptyOrAFolderIsAFailure) {
+TEST_F(BirdStillOnDiskTest, AFileThatIsMissingOrEmptyOrAFolderIsAFailure) {
     EXPECT_EQ(WhyNotRead(), "there is no still");
     Write({});
     EXPECT_EQ(WhyNotRead(), "the still is no bitmap");
@@ -232,7 +232,7 @@ TEST_F(BirdStillOnDisk, AFileThatIsMissingOrEmptyOrAFolderIsAFailure) {
     EXPECT_EQ(WhyNotRead(), "there is no still");
 }
 
-TEST_F(BirdStillOnDisk, AFileTooLargeForAnyStillIsNotEvenRead) {
+TEST_F(BirdStillOnDiskTest, AFileTooLargeForAnyStillIsNotEvenRead) {
     Write({});
     QFile file(path);
     ASSERT_TRUE(file.resize(400'000'000));
@@ -262,7 +262,7 @@ private:
     QByteArray next_;
 };
 
-TEST_F(BirdStillOnDisk, AFileThatIsRewrittenWhileItIsReadIsAFailure) {
+TEST_F(BirdStillOnDiskTest, AFileThatIsRewrittenWhileItIsReadIsAFailure) {
     const QByteArray first = Bitmap(Sample(QImage::Format_RGB32));
     const QByteArray longer = Bitmap(Sample(QImage::Format_RGB32, QSize(70, 50)));
     for (const QByteArray& next : {first, longer, first.first(30)}) {

@@ -147,7 +147,7 @@ private:
     int y_ = 0;
 };
 
-class BirdStillPart : public ::testing::Test {
+class BirdStillPartTest : public ::testing::Test {
 protected:
     void Write(const QByteArray& bytes) const {
         QFile file(path);
@@ -177,7 +177,7 @@ protected:
     QString path = folder.filePath(QStringLiteral("BirdView.bmp"));
 };
 
-TEST_F(BirdStillPart, APartIsWhatTheWholePictureShowsThereAtEveryDepthAndInBothOrdersOfRows) {
+TEST_F(BirdStillPartTest, APartIsWhatTheWholePictureShowsThereAtEveryDepthAndInBothOrdersOfRows) {
     for (const int depth : {1, 4, 8, 16, 24, 32}) {
         const auto bitsToPixel = static_cast<std::uint16_t>(depth);
         QByteArray bytes = NoiseOf(Large, bitsToPixel);
@@ -187,7 +187,7 @@ TEST_F(BirdStillPart, APartIsWhatTheWholePictureShowsThereAtEveryDepthAndInBothO
     }
 }
 
-TEST_F(BirdStillPart, APartUnderTheOldestHeaderIsWhatTheWholePictureShowsThere) {
+TEST_F(BirdStillPartTest, APartUnderTheOldestHeaderIsWhatTheWholePictureShowsThere) {
     QByteArray head = QByteArray("BM") + QByteArray(24, '\0');
     Put(head, 10, std::uint32_t{26});
     Put(head, 14, std::uint32_t{12});
@@ -199,7 +199,7 @@ TEST_F(BirdStillPart, APartUnderTheOldestHeaderIsWhatTheWholePictureShowsThere) 
     ExpectPartsOf(bytes, DecodeBirdStill(bytes), "24 bits");
 }
 
-TEST_F(BirdStillPart, APartOfRunLengthsIsWhatTheWholePictureShowsThere) {
+TEST_F(BirdStillPartTest, APartOfRunLengthsIsWhatTheWholePictureShowsThere) {
     for (const bool areNibbles : {false, true}) {
         RunLengthWriter writer(Large, areNibbles);
         const QByteArray bytes = writer.Write();
@@ -208,14 +208,14 @@ TEST_F(BirdStillPart, APartOfRunLengthsIsWhatTheWholePictureShowsThere) {
 }
 
 // Qt shows whatever memory held where they leave a pixel out.
-TEST_F(BirdStillPart, RunLengthsOfASmallStillLeavePixelsOutInThePalettesFirstColour) {
+TEST_F(BirdStillPartTest, RunLengthsOfASmallStillLeavePixelsOutInThePalettesFirstColour) {
     RunLengthWriter writer(QSize(301, 200), true);
     Write(writer.Write());
     BirdStillFile still(path);
     EXPECT_EQ(still.Read(QRect(0, 0, 301, 200)), writer.Picture());
 }
 
-TEST_F(BirdStillPart, RunLengthsThatEndEarlyOrRunOverTheirRowsLeaveIndex0) {
+TEST_F(BirdStillPartTest, RunLengthsThatEndEarlyOrRunOverTheirRowsLeaveIndex0) {
     const auto expand = [](const QByteArray& runs, const QRect& part) {
         QByteArray rest = runs;
         // Three bytes at a time, so that runs are torn.
@@ -240,7 +240,7 @@ TEST_F(BirdStillPart, RunLengthsThatEndEarlyOrRunOverTheirRowsLeaveIndex0) {
               QByteArray("\2\3\4", 3));
 }
 
-TEST_F(BirdStillPart, APartOutsideTheStillIsAFailure) {
+TEST_F(BirdStillPartTest, APartOutsideTheStillIsAFailure) {
     Write(NoiseOf(Large, 8));
     BirdStillFile still(path);
     for (const QRect& part : {QRect(), QRect(-1, 0, 5, 5), QRect(0, 0, 2502, 1), QRect(0, 1603, 1, 1)}) {
@@ -248,7 +248,7 @@ TEST_F(BirdStillPart, APartOutsideTheStillIsAFailure) {
     }
 }
 
-TEST_F(BirdStillPart, AnotherFilePutInItsPlaceLeavesTheStillThatWasOpened) {
+TEST_F(BirdStillPartTest, AnotherFilePutInItsPlaceLeavesTheStillThatWasOpened) {
     const QByteArray bytes = NoiseOf(Large, 24);
     const QRect part(700, 700, 756, 756);
     Write(bytes);
@@ -260,7 +260,7 @@ TEST_F(BirdStillPart, AnotherFilePutInItsPlaceLeavesTheStillThatWasOpened) {
     EXPECT_EQ(still.Read(part), DecodeBirdStill(bytes).copy(part));
 }
 
-TEST_F(BirdStillPart, AFileThatIsWrittenOverIsAFailureFromThenOn) {
+TEST_F(BirdStillPartTest, AFileThatIsWrittenOverIsAFailureFromThenOn) {
     Write(NoiseOf(Large, 24));
     BirdStillFile still(path);
     const QRect part(700, 700, 756, 756);
@@ -277,14 +277,14 @@ TEST_F(BirdStillPart, AFileThatIsWrittenOverIsAFailureFromThenOn) {
     EXPECT_THROW(still.Read(part), BirdStillFailure);
 }
 
-TEST_F(BirdStillPart, AHeadThatSendsItsPixelsIntoItselfIsAFailure) {
+TEST_F(BirdStillPartTest, AHeadThatSendsItsPixelsIntoItselfIsAFailure) {
     QByteArray bytes = NoiseOf(Large, 24);
     Put(bytes, 10, std::uint32_t{20});
     Write(bytes);
     EXPECT_EQ(WhyNot(), "the still cannot be decoded");
 }
 
-TEST_F(BirdStillPart, ALongWayFromTheHeadToThePixelsIsLeftUnread) {
+TEST_F(BirdStillPartTest, ALongWayFromTheHeadToThePixelsIsLeftUnread) {
     QByteArray bytes = NoiseOf(Large, 8);
     const QImage whole = DecodeBirdStill(bytes);
     constexpr qsizetype Gap = 30'000'000;
@@ -296,7 +296,7 @@ TEST_F(BirdStillPart, ALongWayFromTheHeadToThePixelsIsLeftUnread) {
 }
 
 // Opening a pipe waits for somebody who writes.
-TEST_F(BirdStillPart, APipeOrADeviceInItsPlaceIsNoStillAndDoesNotHang) {
+TEST_F(BirdStillPartTest, APipeOrADeviceInItsPlaceIsNoStillAndDoesNotHang) {
     ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     EXPECT_EQ(WhyNot(), "there is no still");
     ASSERT_TRUE(QFile::remove(path));

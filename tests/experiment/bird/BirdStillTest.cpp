@@ -62,7 +62,7 @@ std::array<std::uint32_t, 256> Greys(int brightness, int contrast) {
     return greys;
 }
 
-TEST(ContrastAndBrightness, EveryByteValueAgreesWithTheFormulaAtEveryContrast) {
+TEST(ContrastAndBrightnessTest, EveryByteValueAgreesWithTheFormulaAtEveryContrast) {
     int compared = 0;
     for (int contrast = -256; contrast <= 256; ++contrast) {
         for (const int brightness : {-255, -128, -1, 0, 1, 77, 255}) {
@@ -77,14 +77,14 @@ TEST(ContrastAndBrightness, EveryByteValueAgreesWithTheFormulaAtEveryContrast) {
     EXPECT_EQ(compared, 513 * 7 * 256);
 }
 
-TEST(ContrastAndBrightness, NeutralBarsGiveTheRedChannelAsGrey) {
+TEST(ContrastAndBrightnessTest, NeutralBarsGiveTheRedChannelAsGrey) {
     const auto greys = Greys(0, 0);
     for (std::uint32_t red = 0; red < 256; ++red) {
         EXPECT_EQ(greys[red], red);
     }
 }
 
-TEST(ContrastAndBrightness, CAtMinus256MakesEveryPixel128PlusBClampedWithNoWrapAround) {
+TEST(ContrastAndBrightnessTest, CAtMinus256MakesEveryPixel128PlusBClampedWithNoWrapAround) {
     for (const auto& [brightness, grey] :
          {std::pair{0, 128U}, {-128, 0U}, {-129, 0U}, {-255, 0U}, {127, 255U}, {128, 255U}, {255, 255U}}) {
         for (const std::uint32_t each : Greys(brightness, -256)) {
@@ -93,7 +93,7 @@ TEST(ContrastAndBrightness, CAtMinus256MakesEveryPixel128PlusBClampedWithNoWrapA
     }
 }
 
-TEST(ContrastAndBrightness, CAt256MakesEveryPixel0Or255ApartFromP128) {
+TEST(ContrastAndBrightnessTest, CAt256MakesEveryPixel0Or255ApartFromP128) {
     for (const int brightness : {-255, 0, 255}) {
         const auto greys = Greys(brightness, 256);
         for (std::uint32_t red = 0; red < 256; ++red) {
@@ -106,7 +106,7 @@ TEST(ContrastAndBrightness, CAt256MakesEveryPixel0Or255ApartFromP128) {
     EXPECT_EQ(Greys(0, 256)[128], 128U);
 }
 
-TEST(ContrastAndBrightness, NoBrightnessAndNoContrastFails) {
+TEST(ContrastAndBrightnessTest, NoBrightnessAndNoContrastFails) {
     for (const std::int32_t brightness : {INT32_MIN, -256, 256, INT32_MAX}) {
         for (const std::int32_t contrast : {INT32_MIN, -257, 0, 255, 257, INT32_MAX}) {
             EXPECT_NO_THROW(Greys(brightness, contrast));
@@ -116,7 +116,7 @@ TEST(ContrastAndBrightness, NoBrightnessAndNoContrastFails) {
     EXPECT_EQ(Greys(INT32_MIN, 0)[255], 0U);
 }
 
-TEST(ContrastAndBrightness, TheRedChannelAlonePlaysAPart) {
+TEST(ContrastAndBrightnessTest, TheRedChannelAlonePlaysAPart) {
     PixelBuffer raw(1, 0);
     raw.Pixel(0, 0, 0xFF40FFFFU);
     raw.Pixel(1, 0, 0x00400000U);
@@ -126,7 +126,7 @@ TEST(ContrastAndBrightness, TheRedChannelAlonePlaysAPart) {
     EXPECT_EQ(display.Pixel(1, 0), 0x00404040U);
 }
 
-TEST(ContrastAndBrightness, TheFourthByteOfTheDisplayStays) {
+TEST(ContrastAndBrightnessTest, TheFourthByteOfTheDisplayStays) {
     const PixelBuffer raw = FilledBuffer(3, 3, 0x55404040U);
     PixelBuffer display = FilledBuffer(3, 3, 0xAA112233U);
     ContrastAndBrightness(raw, display, 1, 0);
@@ -135,7 +135,7 @@ TEST(ContrastAndBrightness, TheFourthByteOfTheDisplayStays) {
     }
 }
 
-TEST(ContrastAndBrightness, ChangesDoNotBuildUpSinceTheRawStillStays) {
+TEST(ContrastAndBrightnessTest, ChangesDoNotBuildUpSinceTheRawStillStays) {
     const PixelBuffer raw = AllReds();
     PixelBuffer once = raw;
     ContrastAndBrightness(raw, once, 20, 30);
@@ -149,7 +149,7 @@ TEST(ContrastAndBrightness, ChangesDoNotBuildUpSinceTheRawStillStays) {
     EXPECT_TRUE(std::equal(raw.Pixels().begin(), raw.Pixels().end(), fresh.Pixels().begin()));
 }
 
-TEST(ContrastAndBrightness, EveryPixelOfAStillIsReached) {
+TEST(ContrastAndBrightnessTest, EveryPixelOfAStillIsReached) {
     const PixelBuffer raw = FilledBuffer(640, 480, 0xFF102030U);
     PixelBuffer display = FilledBuffer(640, 480, 0xFF000000U);
     ContrastAndBrightness(raw, display, 0, 0);
@@ -158,7 +158,7 @@ TEST(ContrastAndBrightness, EveryPixelOfAStillIsReached) {
     }
 }
 
-TEST(ContrastAndBrightness, BoundsThatDifferAreAFailureAndChangeNothing) {
+TEST(ContrastAndBrightnessTest, BoundsThatDifferAreAFailureAndChangeNothing) {
     const PixelBuffer raw = FilledBuffer(2, 4, 0xFF404040U);
     for (auto [x, y] : {std::pair{4, 2}, {2, 5}, {1, 4}, {14, 0}}) {
         PixelBuffer display = FilledBuffer(x, y, 0xFF123456U);
@@ -169,7 +169,7 @@ TEST(ContrastAndBrightness, BoundsThatDifferAreAFailureAndChangeNothing) {
     EXPECT_THROW(ContrastAndBrightness(raw, nothing, 9, 0), BoundsFailure);
 }
 
-TEST(ContrastAndBrightness, AStillWithoutPixelsIsNoFailure) {
+TEST(ContrastAndBrightnessTest, AStillWithoutPixelsIsNoFailure) {
     PixelBuffer display;
     EXPECT_NO_THROW(ContrastAndBrightness(PixelBuffer(), display, 9, 9));
     EXPECT_TRUE(display.Pixels().empty());

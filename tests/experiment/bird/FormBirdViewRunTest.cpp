@@ -3,12 +3,12 @@
 
 #include <QDir>
 
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
 
-class FormBirdViewRunTest : public ::testing::Test, protected BirdBench {
+class FormBirdViewRunTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override {
         folder.WriteStill(Qt::gray);

@@ -1,7 +1,7 @@
 // Laying the still under the markers by hand.
 #include <QDir>
 
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
@@ -10,7 +10,7 @@ using platform::BoxAnswer;
 
 constexpr QColor Mark{1, 2, 3};
 
-class FormBirdViewShiftTest : public ::testing::Test, protected BirdBench {
+class FormBirdViewShiftTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override {
         Show(FullSize);
@@ -167,7 +167,7 @@ struct Step {
     char shiftThen;  // k: kept as it was, 0: zero, p: that of the press
 };
 
-class FormBirdViewShiftStep : public FormBirdViewShiftTest, public ::testing::WithParamInterface<Step> {
+class FormBirdViewShiftStepTest : public FormBirdViewShiftTest, public ::testing::WithParamInterface<Step> {
 protected:
     static constexpr double KeptX = 0.25;
     static constexpr double KeptY = -0.125;
@@ -215,7 +215,7 @@ protected:
     }
 };
 
-TEST_P(FormBirdViewShiftStep, LeadsWhereItShould) {
+TEST_P(FormBirdViewShiftStepTest, LeadsWhereItShould) {
     const Step& step = GetParam();
     Enter(step.from);
     const double height = picBird().height();
@@ -232,7 +232,7 @@ using enum State;
 using enum Event;
 
 INSTANTIATE_TEST_SUITE_P(
-    AllOfThem, FormBirdViewShiftStep,
+    AllOfThem, FormBirdViewShiftStepTest,
     ::testing::Values(
         Step{Idle, ShiftClick, Setting, false, '0'}, Step{Idle, AdjustClick, Closed, false, 'k'},
         Step{Idle, PictureYes, Idle, false, 'k'}, Step{Idle, PictureNo, Idle, false, 'k'},

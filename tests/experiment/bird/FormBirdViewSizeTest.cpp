@@ -2,12 +2,12 @@
 #include <QDir>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
 
-class FormBirdViewSizeTest : public ::testing::Test, protected BirdBench {
+class FormBirdViewSizeTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override { Show(QSize(410, 483)); }
     // The next window must not take the button for held down.
@@ -282,12 +282,12 @@ struct Edge {
     bool movesHeight;
 };
 
-class FormBirdViewEdge : public FormBirdViewSizeTest, public ::testing::WithParamInterface<Edge> {
+class FormBirdViewEdgeTest : public FormBirdViewSizeTest, public ::testing::WithParamInterface<Edge> {
 protected:
     static constexpr QRect StartClosed{300, 250, 410, 483};
 };
 
-TEST_P(FormBirdViewEdge, ADragPastTheLimitLeavesTheSizeAtTheLimitClosedAndOpen) {
+TEST_P(FormBirdViewEdgeTest, ADragPastTheLimitLeavesTheSizeAtTheLimitClosedAndOpen) {
     const Edge& edge = GetParam();
     for (const int open : {0, 95}) {
         window.BirdOPEN(open > 0);
@@ -329,7 +329,7 @@ TEST_P(FormBirdViewEdge, ADragPastTheLimitLeavesTheSizeAtTheLimitClosedAndOpen) 
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Edges, FormBirdViewEdge,
+INSTANTIATE_TEST_SUITE_P(Edges, FormBirdViewEdgeTest,
                          ::testing::Values(Edge{ResizeMode::Right, {2, 1}, true, false},
                                            Edge{ResizeMode::Bottom, {1, 2}, false, true},
                                            Edge{ResizeMode::Left, {0, 1}, true, false},

@@ -3,7 +3,7 @@
 
 #include "core/ground/Arithmetic.h"
 #include "experiment/bird/BirdStillFile.h"
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
@@ -13,7 +13,7 @@ constexpr QPoint Middle{378, 378};
 
 QColor Grey(int value) { return {value, value, value}; }
 
-class FormBirdViewStillTest : public ::testing::Test, protected BirdBench {
+class FormBirdViewStillTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override {
         Show(FullSize);

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/bird/FormBirdViewBench.h"
+#include "experiment/bird/FormBirdViewRig.h"
 
 namespace travo::test {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t Greatest = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t Least = std::numeric_limits<std::int32_t>::min();
 
-class FormBirdViewTest : public ::testing::Test, protected BirdBench {
+class FormBirdViewTest : public ::testing::Test, protected FormBirdViewRig {
 protected:
     void SetUp() override { Show(); }
 };

@@ -12,7 +12,7 @@ class NoOwner : public CtlCellPosition::Owner {
     void ChangeCellXYZ(std::int16_t, const PositionXYZ&) override {}
 };
 
-class CtlCellPositionLayout : public ::testing::Test {
+class CtlCellPositionLayoutTest : public ::testing::Test {
 protected:
     void Expect(const QString& control, const QRect& place, const QString& skin = {}) {
         const auto* const found = panel.findChild<QWidget*>(control);
@@ -48,13 +48,13 @@ protected:
     CtlCellPosition panel{{rig.state, rig.communication, rig.live, owner}, rig.ProgramFolder()};
 };
 
-TEST_F(CtlCellPositionLayout, EveryControlStandsInItsPlace) {
+TEST_F(CtlCellPositionLayoutTest, EveryControlStandsInItsPlace) {
     panel.resize(486, 520);
     panel.show();
     ExpectAll();
 }
 
-TEST_F(CtlCellPositionLayout, EveryControlScalesWithThePanelAlsoOneThatIsHidden) {
+TEST_F(CtlCellPositionLayoutTest, EveryControlScalesWithThePanelAlsoOneThatIsHidden) {
     scale = 2;
     panel.resize(972, 1040);
     panel.show();

@@ -1,16 +1,18 @@
 // The cell position panel, worked as the operator works it.
 #include <gmock/gmock.h>
 
-#include "experiment/view/CellPositionRig.h"
+#include "experiment/view/CtlCellPositionRig.h"
 
 namespace travo::test {
 namespace {
+
+class CtlCellPositionTest : public CtlCellPositionRig {};
 
 using ::testing::IsEmpty;
 
 // Creation and showing.
 
-TEST_F(CtlCellPositionPanel, All24LabelsReadNAAtCreationAndPageOneIsOnShow) {
+TEST_F(CtlCellPositionTest, All24LabelsReadNAAtCreationAndPageOneIsOnShow) {
     EXPECT_EQ(panel.objectName(), QStringLiteral("CtlCellPosition1"));
     for (int index = 0; index < 24; ++index) {
         EXPECT_EQ(Label(index).text(), NotSet) << index;
@@ -19,7 +21,7 @@ TEST_F(CtlCellPositionPanel, All24LabelsReadNAAtCreationAndPageOneIsOnShow) {
     ExpectPage(false);
 }
 
-TEST_F(CtlCellPositionPanel, TheZFieldExistsAndStaysHidden) {
+TEST_F(CtlCellPositionTest, TheZFieldExistsAndStaysHidden) {
     auto& field = Find<NumberBox>(QStringLiteral("txtCellZPos"));
     EXPECT_TRUE(field.isHidden());
     Click(PageSwitch());
@@ -29,7 +31,7 @@ TEST_F(CtlCellPositionPanel, TheZFieldExistsAndStaysHidden) {
     EXPECT_TRUE(field.isHidden());
 }
 
-TEST_F(CtlCellPositionPanel, WithTheMirrorPortClosedNothingCanBeStoredAndResetStaysUsable) {
+TEST_F(CtlCellPositionTest, WithTheMirrorPortClosedNothingCanBeStoredAndResetStaysUsable) {
     for (const bool open : {false, true, false}) {
         if (open) {
             rig.communication.MirrorPortOpen(1);
@@ -53,7 +55,7 @@ TEST_F(CtlCellPositionPanel, WithTheMirrorPortClosedNothingCanBeStoredAndResetSt
     EXPECT_EQ(rig.state.ZeroXYZ(2), 3);
 }
 
-TEST_F(CtlCellPositionPanel, ResetIsNotTouchedByShowing) {
+TEST_F(CtlCellPositionTest, ResetIsNotTouchedByShowing) {
     Button(ResetButton).Enabled(false);
     panel.Shown();
     EXPECT_FALSE(Button(ResetButton).Enabled());
@@ -61,7 +63,7 @@ TEST_F(CtlCellPositionPanel, ResetIsNotTouchedByShowing) {
 
 // Storing.
 
-TEST_F(CtlCellPositionPanel, ALabelShowsTheValueInCommonUnitsWhileTheRowKeepsTheRawValue) {
+TEST_F(CtlCellPositionTest, ALabelShowsTheValueInCommonUnitsWhileTheRowKeepsTheRawValue) {
     View(-100, 1000, 1250);
     SetRow(0);
     // -5 times -100, and a half, to even; -12500 times the tangent of 0.4014 radian is -5305.3.
@@ -70,7 +72,7 @@ TEST_F(CtlCellPositionPanel, ALabelShowsTheValueInCommonUnitsWhileTheRowKeepsThe
     EXPECT_EQ(Cell(0), (PositionXYZ{-100, 1000, 1250}));
 }
 
-TEST_F(CtlCellPositionPanel, TheYLabelShowsTheOppositeSignOfTheCommonFrame) {
+TEST_F(CtlCellPositionTest, TheYLabelShowsTheOppositeSignOfTheCommonFrame) {
     for (const std::int32_t y : {-1500, -1, 0, 1, 7, 1500}) {
         View(0, y, 0);
         SetRow(1);
@@ -81,7 +83,7 @@ TEST_F(CtlCellPositionPanel, TheYLabelShowsTheOppositeSignOfTheCommonFrame) {
     EXPECT_FALSE(Label(4).text().startsWith(QLatin1Char('-')));
 }
 
-TEST_F(CtlCellPositionPanel, RawX1ShowsMinus4AndRawX2ShowsMinus10ByTheRoundingOfTheRule) {
+TEST_F(CtlCellPositionTest, RawX1ShowsMinus4AndRawX2ShowsMinus10ByTheRoundingOfTheRule) {
     View(1, 0, 0);
     SetRow(0);
     EXPECT_EQ(Label(0).text(), QStringLiteral("-4"));
@@ -90,7 +92,7 @@ TEST_F(CtlCellPositionPanel, RawX1ShowsMinus4AndRawX2ShowsMinus10ByTheRoundingOf
     EXPECT_EQ(Label(0).text(), QStringLiteral("-10"));
 }
 
-TEST_F(CtlCellPositionPanel, PressingSetTwiceAtOneViewPositionGivesIdenticalResults) {
+TEST_F(CtlCellPositionTest, PressingSetTwiceAtOneViewPositionGivesIdenticalResults) {
     View(17, -23, 640);
     SetRow(2);
     const QStringList texts = Texts(0, 24);
@@ -100,7 +102,7 @@ TEST_F(CtlCellPositionPanel, PressingSetTwiceAtOneViewPositionGivesIdenticalResu
     EXPECT_EQ(Cell(2), cell);
 }
 
-TEST_F(CtlCellPositionPanel, EachRowOfEachPageFillsItsOwnCellAndLabelsAlone) {
+TEST_F(CtlCellPositionTest, EachRowOfEachPageFillsItsOwnCellAndLabelsAlone) {
     View(10, 20, 30);
     for (int cell = 0; cell < 8; ++cell) {
         if (cell == 4) {
@@ -119,7 +121,7 @@ TEST_F(CtlCellPositionPanel, EachRowOfEachPageFillsItsOwnCellAndLabelsAlone) {
     }
 }
 
-TEST_F(CtlCellPositionPanel, APressOfSetOnTheSecondPageWithIndex0FillsCellEAndLabels12To14) {
+TEST_F(CtlCellPositionTest, APressOfSetOnTheSecondPageWithIndex0FillsCellEAndLabels12To14) {
     View(2, 0, 77);
     Click(PageSwitch());
     SetRow(0);
@@ -130,7 +132,7 @@ TEST_F(CtlCellPositionPanel, APressOfSetOnTheSecondPageWithIndex0FillsCellEAndLa
     EXPECT_EQ(Cell(0), Unset);
 }
 
-TEST_F(CtlCellPositionPanel, ARowCanBeOverwritten) {
+TEST_F(CtlCellPositionTest, ARowCanBeOverwritten) {
     View(10, 20, 30);
     SetRow(0);
     View(11, 20, 31);
@@ -139,7 +141,7 @@ TEST_F(CtlCellPositionPanel, ARowCanBeOverwritten) {
     EXPECT_EQ(Label(2).text(), QStringLiteral("31"));
 }
 
-TEST_F(CtlCellPositionPanel, AnAxisThatIsNotKnownKeepsTheOldValueOfTheRowAndTheOldTextOfItsLabel) {
+TEST_F(CtlCellPositionTest, AnAxisThatIsNotKnownKeepsTheOldValueOfTheRowAndTheOldTextOfItsLabel) {
     View(10, 20, 30);
     SetRow(0);
     const QStringList before = Texts(0, 3);
@@ -159,21 +161,21 @@ TEST_F(CtlCellPositionPanel, AnAxisThatIsNotKnownKeepsTheOldValueOfTheRowAndTheO
     }
 }
 
-TEST_F(CtlCellPositionPanel, ASetPressWhileTheMirrorHasNeverReportedLeavesTheRowUnsetInXAndY) {
+TEST_F(CtlCellPositionTest, ASetPressWhileTheMirrorHasNeverReportedLeavesTheRowUnsetInXAndY) {
     rig.state.CurrentXYZ(2, 400);
     SetRow(3);
     EXPECT_EQ(Cell(3), (PositionXYZ{NoPositionValue, NoPositionValue, 400}));
     EXPECT_EQ(Texts(9, 3), (QStringList{NotSet, NotSet, QStringLiteral("400")}));
 }
 
-TEST_F(CtlCellPositionPanel, ASetPressWhileTheGaugeIsNotConnectedKeepsTheRowUnsetInZ) {
+TEST_F(CtlCellPositionTest, ASetPressWhileTheGaugeIsNotConnectedKeepsTheRowUnsetInZ) {
     rig.state.CurrentXY(1, 0);
     SetRow(3);
     EXPECT_EQ(Cell(3), (PositionXYZ{1, 0, NoPositionValue}));
     EXPECT_EQ(Label(11).text(), NotSet);
 }
 
-TEST_F(CtlCellPositionPanel, WhatIsStoredIsWhatWasKnownBeforeTheRepliesToTheRequests) {
+TEST_F(CtlCellPositionTest, WhatIsStoredIsWhatWasKnownBeforeTheRepliesToTheRequests) {
     View(10, 20, 30);
     SetRow(0);
     rig.GaugePort().Receive("A+00.099", platform::ClearToSendEvent);
@@ -181,7 +183,7 @@ TEST_F(CtlCellPositionPanel, WhatIsStoredIsWhatWasKnownBeforeTheRepliesToTheRequ
     EXPECT_EQ(Cell(0), (PositionXYZ{10, 20, 30}));
 }
 
-TEST_F(CtlCellPositionPanel, NoMessageIsEverShown) {
+TEST_F(CtlCellPositionTest, NoMessageIsEverShown) {
     SetRow(0);
     View(1, 2, 3);
     SetRow(1);
@@ -191,7 +193,7 @@ TEST_F(CtlCellPositionPanel, NoMessageIsEverShown) {
     EXPECT_TRUE(rig.Log().isEmpty());
 }
 
-TEST_F(CtlCellPositionPanel, AValueBeyond32BitsPassesToTheCallerWithTheAxesBeforeItStored) {
+TEST_F(CtlCellPositionTest, AValueBeyond32BitsPassesToTheCallerWithTheAxesBeforeItStored) {
     View(5, 0, 0);
     SetRow(0);
     // A press by the operator would bring the failure to the application.
@@ -202,7 +204,7 @@ TEST_F(CtlCellPositionPanel, AValueBeyond32BitsPassesToTheCallerWithTheAxesBefor
 
 // Pages.
 
-TEST_F(CtlCellPositionPanel, ThePageSwitchShowsItsPageAndTheValuesGoOnBeingKeptInBoth) {
+TEST_F(CtlCellPositionTest, ThePageSwitchShowsItsPageAndTheValuesGoOnBeingKeptInBoth) {
     View(2, 0, 1);
     SetRow(0);
     Click(PageSwitch());
@@ -217,7 +219,7 @@ TEST_F(CtlCellPositionPanel, ThePageSwitchShowsItsPageAndTheValuesGoOnBeingKeptI
 
 // The zero point.
 
-TEST_F(CtlCellPositionPanel, ChangeZeroPositionTakesTheZeroFromEachStoredZAndLeavesXAndY) {
+TEST_F(CtlCellPositionTest, ChangeZeroPositionTakesTheZeroFromEachStoredZAndLeavesXAndY) {
     View(10, 20, 500);
     SetRow(0);
     const QStringList before = Texts(0, 2);
@@ -228,7 +230,7 @@ TEST_F(CtlCellPositionPanel, ChangeZeroPositionTakesTheZeroFromEachStoredZAndLea
     EXPECT_EQ(Texts(0, 2), before);
 }
 
-TEST_F(CtlCellPositionPanel, ChangeZeroPositionWithAZOfMinus100000LeavesThatRowsZAndItsNA) {
+TEST_F(CtlCellPositionTest, ChangeZeroPositionWithAZOfMinus100000LeavesThatRowsZAndItsNA) {
     rig.state.CurrentXY(10, 20);
     SetRow(0);
     rig.state.CurrentXYZ(2, 300);
@@ -240,7 +242,7 @@ TEST_F(CtlCellPositionPanel, ChangeZeroPositionWithAZOfMinus100000LeavesThatRows
     EXPECT_EQ(rig.state.CellPosition(0, 0), 10);
 }
 
-TEST_F(CtlCellPositionPanel, AfterChangeZeroPositionTheLabelsOfPageTwoAreUpdatedAlsoWhilePageOneIsShowing) {
+TEST_F(CtlCellPositionTest, AfterChangeZeroPositionTheLabelsOfPageTwoAreUpdatedAlsoWhilePageOneIsShowing) {
     View(10, 20, 500);
     Click(PageSwitch());
     SetRow(3);
@@ -254,7 +256,7 @@ TEST_F(CtlCellPositionPanel, AfterChangeZeroPositionTheLabelsOfPageTwoAreUpdated
     EXPECT_EQ(rig.state.CellPosition(7, 2), 525);
 }
 
-TEST_F(CtlCellPositionPanel, ARowWithoutXButWithZFollowsTheZeroAsWell) {
+TEST_F(CtlCellPositionTest, ARowWithoutXButWithZFollowsTheZeroAsWell) {
     rig.state.CurrentXYZ(2, 400);
     SetRow(1);
     rig.state.StoreZeroXYZ(2, 400);
@@ -263,7 +265,7 @@ TEST_F(CtlCellPositionPanel, ARowWithoutXButWithZFollowsTheZeroAsWell) {
     EXPECT_EQ(Label(5).text(), QStringLiteral("0"));
 }
 
-TEST_F(CtlCellPositionPanel, AZeroThatTakesZBeyond32BitsIsAFailure) {
+TEST_F(CtlCellPositionTest, AZeroThatTakesZBeyond32BitsIsAFailure) {
     View(0, 0, INT32_MIN);
     SetRow(0);
     rig.state.StoreZeroXYZ(2, 1);

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -12,8 +12,8 @@ using testing::IsEmpty;
 
 // What moves.
 
-TEST(CtlExperiment2Choice, ANeedleButtonMovesTheLampAndSelectsTheNeedleInTheDriver) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ANeedleButtonMovesTheLampAndSelectsTheNeedleInTheDriver) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.Needle(1));
     EXPECT_EQ(bench.State(), "Needle 2");
     EXPECT_EQ(bench.PressedMoves(), "2");
@@ -22,15 +22,15 @@ TEST(CtlExperiment2Choice, ANeedleButtonMovesTheLampAndSelectsTheNeedleInTheDriv
     EXPECT_EQ(bench.rig.state.intManipulatorNumber, 0);
 }
 
-TEST(CtlExperiment2Choice, APressOfNeedle1WhileNeedle1IsAlreadySelectedSendsNothingToTheDriver) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, APressOfNeedle1WhileNeedle1IsAlreadySelectedSendsNothingToTheDriver) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.Needle(0));
     EXPECT_THAT(bench.Take(), IsEmpty());
     EXPECT_EQ(bench.PressedMoves(), "1");
 }
 
-TEST(CtlExperiment2Choice, ANeedleButtonAfterTheViewOpensPresentViewSynchroAndNeedleEscape) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ANeedleButtonAfterTheViewOpensPresentViewSynchroAndNeedleEscape) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     EXPECT_TRUE(bench.PresentView().isHidden());
     EXPECT_FALSE(bench.Synchro().Enabled());
@@ -42,16 +42,16 @@ TEST(CtlExperiment2Choice, ANeedleButtonAfterTheViewOpensPresentViewSynchroAndNe
     EXPECT_EQ(bench.PressedMoves(), "3");
 }
 
-TEST(CtlExperiment2Choice, ANeedleButtonAt035xLeavesSynchroDisabled) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ANeedleButtonAt035xLeavesSynchroDisabled) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     bench.Magnification(1);
     bench.Click(bench.Needle(0));
     EXPECT_FALSE(bench.Synchro().Enabled());
 }
 
-TEST(CtlExperiment2Choice, ManipulatorChangeInTheViewMovesTheLampAndNothingElse) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ManipulatorChangeInTheViewMovesTheLampAndNothingElse) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     bench.Forget();
     bench.panel.ManipulatorChange(3);
@@ -63,14 +63,14 @@ TEST(CtlExperiment2Choice, ManipulatorChangeInTheViewMovesTheLampAndNothingElse)
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Choice, ManipulatorChangeToAnIndexWithoutALampIsAFailure) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ManipulatorChangeToAnIndexWithoutALampIsAFailure) {
+    CtlExperiment2Rig bench;
     EXPECT_THROW(bench.panel.ManipulatorChange(-1), BoundsFailure);
     EXPECT_THROW(bench.panel.ManipulatorChange(5), BoundsFailure);
 }
 
-TEST(CtlExperiment2Choice, TheViewButtonTellsTheCameraAndAsksForFreshValues) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, TheViewButtonTellsTheCameraAndAsksForFreshValues) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.ViewMoves());
     EXPECT_EQ(bench.Take(), Joined({bench.Start, {bench.End}}));
     EXPECT_EQ(bench.State(), "View");
@@ -80,8 +80,8 @@ TEST(CtlExperiment2Choice, TheViewButtonTellsTheCameraAndAsksForFreshValues) {
     EXPECT_EQ(bench.PressedMoves(), "V");
 }
 
-TEST(CtlExperiment2Choice, WithoutACameraTheViewButtonAsksForFreshValuesAlone) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, WithoutACameraTheViewButtonAsksForFreshValuesAlone) {
+    CtlExperiment2Rig bench;
     bench.rig.camera.TellWindowClose();
     bench.Forget();
     bench.Click(bench.ViewMoves());
@@ -89,9 +89,9 @@ TEST(CtlExperiment2Choice, WithoutACameraTheViewButtonAsksForFreshValuesAlone) {
     EXPECT_EQ(bench.State(), "View");
 }
 
-TEST(CtlExperiment2Choice, TheViewWithThePresentViewAsTargetFallsToCellAWhetherOrNotItIsSet) {
+TEST(CtlExperiment2ChoiceTest, TheViewWithThePresentViewAsTargetFallsToCellAWhetherOrNotItIsSet) {
     for (const bool isSet : {false, true}) {
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         if (isSet) {
             bench.Store(0);
         }
@@ -103,8 +103,8 @@ TEST(CtlExperiment2Choice, TheViewWithThePresentViewAsTargetFallsToCellAWhetherO
     }
 }
 
-TEST(CtlExperiment2Choice, TheViewKeepsACellAsItsTarget) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, TheViewKeepsACellAsItsTarget) {
+    CtlExperiment2Rig bench;
     bench.Store(5);
     bench.Click(bench.Cell(5));
     bench.Click(bench.ViewMoves());
@@ -114,8 +114,8 @@ TEST(CtlExperiment2Choice, TheViewKeepsACellAsItsTarget) {
 
 // How many needles there are.
 
-TEST(CtlExperiment2Choice, TotalManipulatorNumber0EnablesExactlyOneNeedleButton) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, TotalManipulatorNumber0EnablesExactlyOneNeedleButton) {
+    CtlExperiment2Rig bench;
     bench.Connected(0);
     bench.panel.TotalManipulatorNumber(0);
     EXPECT_EQ(bench.EnabledNeedles(), "1");
@@ -123,8 +123,8 @@ TEST(CtlExperiment2Choice, TotalManipulatorNumber0EnablesExactlyOneNeedleButton)
     EXPECT_EQ(bench.PressedMoves(), "1");
 }
 
-TEST(CtlExperiment2Choice, TotalManipulatorNumber3EnablesAllNeedleButtonsAndSelectsNeedle1) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, TotalManipulatorNumber3EnablesAllNeedleButtonsAndSelectsNeedle1) {
+    CtlExperiment2Rig bench;
     bench.rig.state.intManipulatorNumber = -1;
     bench.Click(bench.Needle(3));
     bench.Forget();
@@ -134,8 +134,8 @@ TEST(CtlExperiment2Choice, TotalManipulatorNumber3EnablesAllNeedleButtonsAndSele
     EXPECT_THAT(bench.Take(), ElementsAre("DriverSelect 1"));
 }
 
-TEST(CtlExperiment2Choice, TotalManipulatorNumber4EnablesTheFourButtonsThatThereAreAndSelectsNeedle1) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, TotalManipulatorNumber4EnablesTheFourButtonsThatThereAreAndSelectsNeedle1) {
+    CtlExperiment2Rig bench;
     bench.rig.driver.count = 5;
     bench.rig.state.intManipulatorNumber = 4;
     bench.EnterView();
@@ -147,8 +147,8 @@ TEST(CtlExperiment2Choice, TotalManipulatorNumber4EnablesTheFourButtonsThatThere
     EXPECT_THAT(bench.Take(), ElementsAre("DriverSelect 1"));
 }
 
-TEST(CtlExperiment2Choice, WithoutANeedleTheViewIsAllThatMoves) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, WithoutANeedleTheViewIsAllThatMoves) {
+    CtlExperiment2Rig bench;
     bench.EnterViewOnly();
     EXPECT_EQ(bench.EnabledNeedles(), "");
     EXPECT_EQ(bench.MoveLamp(), "4");
@@ -158,8 +158,8 @@ TEST(CtlExperiment2Choice, WithoutANeedleTheViewIsAllThatMoves) {
     EXPECT_FALSE(bench.Escape(1).Enabled());
 }
 
-TEST(CtlExperiment2Choice, ALostManipulatorLeavesTheCellPositions) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, ALostManipulatorLeavesTheCellPositions) {
+    CtlExperiment2Rig bench;
     bench.Store(2);
     bench.Click(bench.Cell(2));
     bench.EnterViewOnly();
@@ -170,8 +170,8 @@ TEST(CtlExperiment2Choice, ALostManipulatorLeavesTheCellPositions) {
 
 // Where to.
 
-TEST(CtlExperiment2Choice, APositionButtonReleasesItsNeighboursAndMovesTheLamp) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, APositionButtonReleasesItsNeighboursAndMovesTheLamp) {
+    CtlExperiment2Rig bench;
     for (int cell = 0; cell < CellCount; ++cell) {
         bench.SetCell(cell);
     }
@@ -185,23 +185,23 @@ TEST(CtlExperiment2Choice, APositionButtonReleasesItsNeighboursAndMovesTheLamp) 
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Choice, APositionButtonPressedAgainStaysPressedIn) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, APositionButtonPressedAgainStaysPressedIn) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Cell(0));
     EXPECT_EQ(bench.PressedTargets(), "A");
 }
 
-TEST(CtlExperiment2Choice, APositionThatIsNotSetCannotBePressed) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, APositionThatIsNotSetCannotBePressed) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.Click(bench.Cell(2));
     EXPECT_EQ(bench.panel.intCellNo(), 0);
     EXPECT_EQ(bench.TargetLamp(), "0");
 }
 
-TEST(CtlExperiment2Choice, PresentViewAsTargetReleasesTheCellsAndTellsTheCamera) {
-    ExperimentBench bench;
+TEST(CtlExperiment2ChoiceTest, PresentViewAsTargetReleasesTheCellsAndTellsTheCamera) {
+    CtlExperiment2Rig bench;
     bench.Store(3);
     bench.Click(bench.Cell(3));
     bench.Forget();

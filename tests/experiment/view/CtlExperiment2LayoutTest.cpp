@@ -2,7 +2,7 @@
 #include <QRect>
 
 #include "controls/SkinNames.h"
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -44,15 +44,15 @@ const std::vector<Placed> Pictures{
 };
 
 template <typename Control>
-void ExpectPlaced(const ExperimentBench& bench, const Placed& placed) {
+void ExpectPlaced(const CtlExperiment2Rig& bench, const Placed& placed) {
     SCOPED_TRACE(placed.object);
     const Control& control = bench.Find<Control>(QString::fromLatin1(placed.object));
     EXPECT_EQ(control.geometry(), placed.place);
     EXPECT_EQ(control.path(), QString::fromLatin1(placed.skin));
 }
 
-TEST(CtlExperiment2Layout, EachControlStandsAtItsPlaceWithItsPicture) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, EachControlStandsAtItsPlaceWithItsPicture) {
+    CtlExperiment2Rig bench;
     bench.panel.resize(486, 520);
     for (const Placed& placed : Buttons) {
         ExpectPlaced<SkinButton>(bench, placed);
@@ -62,8 +62,8 @@ TEST(CtlExperiment2Layout, EachControlStandsAtItsPlaceWithItsPicture) {
     }
 }
 
-TEST(CtlExperiment2Layout, EachControlScalesWithThePanel) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, EachControlScalesWithThePanel) {
+    CtlExperiment2Rig bench;
     bench.panel.resize(972, 780);
     for (const Placed& placed : Buttons) {
         const QRect geometry = bench.Find<SkinButton>(QString::fromLatin1(placed.object)).geometry();
@@ -74,8 +74,8 @@ TEST(CtlExperiment2Layout, EachControlScalesWithThePanel) {
     }
 }
 
-TEST(CtlExperiment2Layout, EveryControlNamesAPictureOfTheSkin) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, EveryControlNamesAPictureOfTheSkin) {
+    CtlExperiment2Rig bench;
     QStringList names;
     for (const ButtonSkin& skin : ButtonSkins()) {
         names << skin.name;
@@ -95,7 +95,7 @@ TEST(CtlExperiment2Layout, EveryControlNamesAPictureOfTheSkin) {
     }
 }
 
-TEST(CtlExperiment2Layout, EveryControlLooksForItsPicturesInTheProgramsFolder) {
+TEST(CtlExperiment2LayoutTest, EveryControlLooksForItsPicturesInTheProgramsFolder) {
     PanelRig rig;
     NoNeedles needles;
     const CtlExperiment2 panel({rig.state, rig.communication, rig.needleMove, rig.needleSynchro, rig.escape,
@@ -109,8 +109,8 @@ TEST(CtlExperiment2Layout, EveryControlLooksForItsPicturesInTheProgramsFolder) {
     }
 }
 
-TEST(CtlExperiment2Layout, TheTabKeyGoesFromWhatMovesToWhereToToTheActions) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, TheTabKeyGoesFromWhatMovesToWhereToToTheActions) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     QStringList order;
     for (const QWidget* next = bench.Needle(0).nextInFocusChain(); next != &bench.Needle(0);
@@ -125,8 +125,8 @@ TEST(CtlExperiment2Layout, TheTabKeyGoesFromWhatMovesToWhereToToTheActions) {
                              "Needle escape"));
 }
 
-TEST(CtlExperiment2Layout, ADashedSlotStandsWhereThePresentViewIsHidden) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, ADashedSlotStandsWhereThePresentViewIsHidden) {
+    CtlExperiment2Rig bench;
     bench.panel.resize(486, 520);
     // Down its left edge: dashes, and the plate in the gaps between them.
     const auto slotIsPainted = [&bench] {
@@ -145,8 +145,8 @@ TEST(CtlExperiment2Layout, ADashedSlotStandsWhereThePresentViewIsHidden) {
     EXPECT_FALSE(slotIsPainted());
 }
 
-TEST(CtlExperiment2Layout, ButtonsWorkByTheKeyboardAsWell) {
-    ExperimentBench bench;
+TEST(CtlExperiment2LayoutTest, ButtonsWorkByTheKeyboardAsWell) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.OnlyCalibrated(2);
     QTest::keyClick(&bench.Needle(2), Qt::Key_Space);

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -16,27 +16,27 @@ constexpr std::int32_t ZOffset = 100;
 
 // Where a straight needle is sent for a place in the common frame.
 Target ManipulatorTarget(const PositionXYZ& common) {
-    return {common[0] + ExperimentBench::Centre, common[1] + ExperimentBench::Centre,
-            common[2] + ExperimentBench::Centre + ZOffset};
+    return {common[0] + CtlExperiment2Rig::Centre, common[1] + CtlExperiment2Rig::Centre,
+            common[2] + CtlExperiment2Rig::Centre + ZOffset};
 }
 
 // The mirror to the cell and the objective to its height, from TheView.
 const Journal ViewToTheCell{"port 1 > cD2A500\r", "port 1 > cD1A-20\r", "port 3 > RELMOVEZ10000\r",
                             "ControlONOFF 0"};
 
-TEST(CtlExperiment2Move, ANeedleMovesOnceToTheCellAndThePanelFallsBackToTheView) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, ANeedleMovesOnceToTheCellAndThePanelFallsBackToTheView) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Move());
-    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget(ExperimentBench::TheCellInCommon)));
+    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget(CtlExperiment2Rig::TheCellInCommon)));
     EXPECT_EQ(bench.State(), "View");
     EXPECT_EQ(bench.PressedTargets(), "A");
     EXPECT_EQ(bench.Take(), Joined({bench.Start, {"DriverMoveTo"}, bench.Start, {bench.End, bench.End}}));
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Move, TheViewMovesToTheCellAndStaysChosen) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, TheViewMovesToTheCellAndStaysChosen) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterView();
     bench.Forget();
@@ -46,8 +46,8 @@ TEST(CtlExperiment2Move, TheViewMovesToTheCellAndStaysChosen) {
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2Move, AHundredQuickPressesMoveTheNeedleOnceAndThenTheView) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, AHundredQuickPressesMoveTheNeedleOnceAndThenTheView) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     for (int press = 0; press < 100; ++press) {
         bench.Click(bench.Move());
@@ -65,8 +65,8 @@ TEST(CtlExperiment2Move, AHundredQuickPressesMoveTheNeedleOnceAndThenTheView) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Move, ASelectedCellThatIsNotSetKeepsTheNeedleAndLeavesTheActionOpen) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, ASelectedCellThatIsNotSetKeepsTheNeedleAndLeavesTheActionOpen) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.Move());
     EXPECT_EQ(bench.rig.boxes.Texts(), QStringList(QStringLiteral("Please set cell position.")));
     EXPECT_EQ(bench.rig.boxes.shown.at(0).buttons, platform::BoxButtons::OK);
@@ -78,14 +78,14 @@ TEST(CtlExperiment2Move, ASelectedCellThatIsNotSetKeepsTheNeedleAndLeavesTheActi
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2Move, TheMessageOfACellThatIsNotSetIsNotWrittenToTheLog) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, TheMessageOfACellThatIsNotSetIsNotWrittenToTheLog) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.Move());
     EXPECT_FALSE(bench.rig.Log().contains("Please set cell position."));
 }
 
-TEST(CtlExperiment2Move, TheViewAt035xIsRefusedAndTheActionIsEnded) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, TheViewAt035xIsRefusedAndTheActionIsEnded) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterView();
     bench.Magnification(1);
@@ -100,8 +100,8 @@ TEST(CtlExperiment2Move, TheViewAt035xIsRefusedAndTheActionIsEnded) {
     EXPECT_EQ(bench.State(), "View");
 }
 
-TEST(CtlExperiment2Move, ANeedleStillMovesAt035x) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, ANeedleStillMovesAt035x) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Magnification(1);
     bench.Click(bench.Move());
@@ -110,16 +110,16 @@ TEST(CtlExperiment2Move, ANeedleStillMovesAt035x) {
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Move, WithTheMirrorMotorsOffMoveTakesWhateverIsSelected) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, WithTheMirrorMotorsOffMoveTakesWhateverIsSelected) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.panel.checkMotor(false);
     bench.Click(bench.Move());
-    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget(ExperimentBench::TheCellInCommon)));
+    EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget(CtlExperiment2Rig::TheCellInCommon)));
 }
 
-TEST(CtlExperiment2Move, TheOperatorMustChooseTheNeedleAgainForItsNextMove) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, TheOperatorMustChooseTheNeedleAgainForItsNextMove) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Move());
     bench.Click(bench.Needle(0));
@@ -128,8 +128,8 @@ TEST(CtlExperiment2Move, TheOperatorMustChooseTheNeedleAgainForItsNextMove) {
     EXPECT_EQ(bench.State(), "View");
 }
 
-TEST(CtlExperiment2Move, ARefusedNeedleMoveGoesToTheViewInTheSameWay) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, ARefusedNeedleMoveGoesToTheViewInTheSameWay) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.OnlyCalibrated(3);
     bench.Click(bench.Move());
@@ -140,8 +140,8 @@ TEST(CtlExperiment2Move, ARefusedNeedleMoveGoesToTheViewInTheSameWay) {
         Joined({bench.Start, {"box Please do the calibration. "}, bench.Start, {bench.End, bench.End}}));
 }
 
-TEST(CtlExperiment2Move, AFailedNeedleMoveGoesToTheViewInTheSameWay) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, AFailedNeedleMoveGoesToTheViewInTheSameWay) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.rig.driver.failing = {"DriverMoveTo"};
     bench.Click(bench.Move());
@@ -150,16 +150,16 @@ TEST(CtlExperiment2Move, AFailedNeedleMoveGoesToTheViewInTheSameWay) {
     EXPECT_EQ(bench.Take().back(), bench.End);
 }
 
-TEST(CtlExperiment2Move, AFailureOfTheStandOffReachesTheCallerAndNothingIsRolledBack) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, AFailureOfTheStandOffReachesTheCallerAndNothingIsRolledBack) {
+    CtlExperiment2Rig bench;
     bench.Store(0, {0, 0, std::numeric_limits<std::int32_t>::max()});
     EXPECT_THROW(bench.Click(bench.Move()), OverflowFailure);
     EXPECT_EQ(bench.State(), "Needle 1");
     EXPECT_EQ(bench.Take(), bench.Start);
 }
 
-TEST(CtlExperiment2Move, WithThePresentViewANeedleMovesToTheViewAndTheGaugeGivesItsZ) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, WithThePresentViewANeedleMovesToTheViewAndTheGaugeGivesItsZ) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.PresentView());
     bench.Forget();
     bench.Click(bench.Move());
@@ -169,8 +169,8 @@ TEST(CtlExperiment2Move, WithThePresentViewANeedleMovesToTheViewAndTheGaugeGives
     EXPECT_EQ(bench.PressedTargets(), "A");
 }
 
-TEST(CtlExperiment2Move, WithThePresentViewAndNoGaugeTheTargetsZIs0) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, WithThePresentViewAndNoGaugeTheTargetsZIs0) {
+    CtlExperiment2Rig bench;
     bench.View({10, -5, NoPositionValue});
     bench.Click(bench.PresentView());
     bench.Forget();
@@ -178,8 +178,8 @@ TEST(CtlExperiment2Move, WithThePresentViewAndNoGaugeTheTargetsZIs0) {
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget({-50, 26, 0})));
 }
 
-TEST(CtlExperiment2Move, AHeightThatIsNotSetBecomes0ForANeedleOnly) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, AHeightThatIsNotSetBecomes0ForANeedleOnly) {
+    CtlExperiment2Rig bench;
     bench.Store(0, {500, -20, NoPositionValue});
     bench.Click(bench.Move());
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget({-2500, 101, 0})));
@@ -192,13 +192,13 @@ TEST(CtlExperiment2Move, AHeightThatIsNotSetBecomes0ForANeedleOnly) {
                                     {bench.End, bench.End}}));
 }
 
-TEST(CtlExperiment2Move, ExactTiesOfTheMirrorsXGoToTheEvenNeighbour) {
+TEST(CtlExperiment2MoveTest, ExactTiesOfTheMirrorsXGoToTheEvenNeighbour) {
     struct Row {
         std::int32_t mirrorX;
         std::int32_t commonX;
     };
     for (const Row& row : {Row{1, -4}, Row{2, -10}, Row{-1, 6}, Row{-2, 10}, Row{0, 0}}) {
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         bench.Store(0, {row.mirrorX, 0, 0});
         bench.Click(bench.Move());
         EXPECT_THAT(bench.rig.driver.moves, ElementsAre(ManipulatorTarget({row.commonX, 0, 0})))
@@ -206,8 +206,8 @@ TEST(CtlExperiment2Move, ExactTiesOfTheMirrorsXGoToTheEvenNeighbour) {
     }
 }
 
-TEST(CtlExperiment2Move, WithoutANeedleThePresentViewAsTargetSendsTheMirrorWhereItStands) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, WithoutANeedleThePresentViewAsTargetSendsTheMirrorWhereItStands) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.PresentView());
     bench.EnterViewOnly();
     EXPECT_EQ(bench.panel.intCellNo(), CtlExperiment2::PresentView);
@@ -221,8 +221,8 @@ TEST(CtlExperiment2Move, WithoutANeedleThePresentViewAsTargetSendsTheMirrorWhere
     EXPECT_EQ(bench.PressedTargets(), "A");
 }
 
-TEST(CtlExperiment2Move, AnIllCameraDoesNotKeepTheNeedleFromItsMove) {
-    ExperimentBench bench;
+TEST(CtlExperiment2MoveTest, AnIllCameraDoesNotKeepTheNeedleFromItsMove) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.rig.camera.failing = {"LiveActionStart"};
     bench.Click(bench.Move());
@@ -235,8 +235,8 @@ TEST(CtlExperiment2Move, AnIllCameraDoesNotKeepTheNeedleFromItsMove) {
 
 // The direct mode.
 
-TEST(CtlExperiment2Direct, TheViewGoesToACellAsSoonAsItIsChosenAndTheCameraIsAskedNothing) {
-    ExperimentBench bench;
+TEST(CtlExperiment2DirectTest, TheViewGoesToACellAsSoonAsItIsChosenAndTheCameraIsAskedNothing) {
+    CtlExperiment2Rig bench;
     bench.Store(0, {1, 2, 300});
     bench.Store(4);
     bench.EnterView();
@@ -250,8 +250,8 @@ TEST(CtlExperiment2Direct, TheViewGoesToACellAsSoonAsItIsChosenAndTheCameraIsAsk
     EXPECT_THAT(bench.Take(), ElementsAre("port 1 > cD2A1\r", "port 1 > cD1A2\r"));
 }
 
-TEST(CtlExperiment2Direct, SwitchedOffAgainAChoiceOnlyChooses) {
-    ExperimentBench bench;
+TEST(CtlExperiment2DirectTest, SwitchedOffAgainAChoiceOnlyChooses) {
+    CtlExperiment2Rig bench;
     bench.Store(4);
     bench.EnterView();
     bench.Click(bench.Direct());
@@ -261,8 +261,8 @@ TEST(CtlExperiment2Direct, SwitchedOffAgainAChoiceOnlyChooses) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Direct, WithANeedleChosenAChoiceOnlyChooses) {
-    ExperimentBench bench;
+TEST(CtlExperiment2DirectTest, WithANeedleChosenAChoiceOnlyChooses) {
+    CtlExperiment2Rig bench;
     bench.Store(4);
     bench.Click(bench.Direct());
     bench.Click(bench.Cell(4));
@@ -270,8 +270,8 @@ TEST(CtlExperiment2Direct, WithANeedleChosenAChoiceOnlyChooses) {
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2Direct, InDirectModeAtMagnification1TheSelectionChangesAndTheMirrorStaysStill) {
-    ExperimentBench bench;
+TEST(CtlExperiment2DirectTest, InDirectModeAtMagnification1TheSelectionChangesAndTheMirrorStaysStill) {
+    CtlExperiment2Rig bench;
     bench.Store(4);
     bench.EnterView();
     bench.Click(bench.Direct());
@@ -285,8 +285,8 @@ TEST(CtlExperiment2Direct, InDirectModeAtMagnification1TheSelectionChangesAndThe
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Direct, ACellThatIsNotSetCannotBePressed) {
-    ExperimentBench bench;
+TEST(CtlExperiment2DirectTest, ACellThatIsNotSetCannotBePressed) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     bench.Click(bench.Direct());
     bench.Forget();
@@ -298,16 +298,16 @@ TEST(CtlExperiment2Direct, ACellThatIsNotSetCannotBePressed) {
 
 // The escapes.
 
-TEST(CtlExperiment2Escape, TheObjectiveGoesToItsEscapeHeightAndNothingElseHappens) {
-    ExperimentBench bench;
+TEST(CtlExperiment2EscapeTest, TheObjectiveGoesToItsEscapeHeightAndNothingElseHappens) {
+    CtlExperiment2Rig bench;
     bench.rig.escape.ZEscapePosition(1300);
     bench.Click(bench.Escape(0));
     EXPECT_THAT(bench.Take(), ElementsAre("port 3 > RELMOVEZ100000\r", "ControlONOFF 0"));
     EXPECT_EQ(bench.State(), "Needle 1");
 }
 
-TEST(CtlExperiment2Escape, WithNoGaugeTheObjectiveGoesFrom0AndTheViewsZStaysNotSet) {
-    ExperimentBench bench;
+TEST(CtlExperiment2EscapeTest, WithNoGaugeTheObjectiveGoesFrom0AndTheViewsZStaysNotSet) {
+    CtlExperiment2Rig bench;
     bench.View({10, -5, NoPositionValue});
     bench.rig.escape.ZEscapePosition(50);
     bench.Forget();
@@ -316,8 +316,8 @@ TEST(CtlExperiment2Escape, WithNoGaugeTheObjectiveGoesFrom0AndTheViewsZStaysNotS
     EXPECT_EQ(bench.rig.state.CurrentXYZ(2), NoPositionValue);
 }
 
-TEST(CtlExperiment2Escape, TheNeedleGoesHomeAfterTheObjectiveAndTheSelectionStays) {
-    ExperimentBench bench;
+TEST(CtlExperiment2EscapeTest, TheNeedleGoesHomeAfterTheObjectiveAndTheSelectionStays) {
+    CtlExperiment2Rig bench;
     bench.rig.escape.ZEscapePosition(305);
     const PositionXYZ home{-1000, 2000, 3000};
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
@@ -329,8 +329,8 @@ TEST(CtlExperiment2Escape, TheNeedleGoesHomeAfterTheObjectiveAndTheSelectionStay
     EXPECT_EQ(bench.State(), "Needle 1");
 }
 
-TEST(CtlExperiment2Escape, DuringTheWaitForTheObjectiveFurtherButtonsCanBePressed) {
-    ExperimentBench bench;
+TEST(CtlExperiment2EscapeTest, DuringTheWaitForTheObjectiveFurtherButtonsCanBePressed) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.rig.escape.ZEscapePosition(10000);
     bool pressed = false;

@@ -2,7 +2,7 @@
 // the driver refused or that never reached it, and needles that are not known.
 #include <gmock/gmock.h>
 
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -17,11 +17,11 @@ const QString EscapeFailed = QStringLiteral("Escape : Communication failed");
 
 constexpr Target HomeCounts{11000, 14000, 15000};
 
-void SetHome(ExperimentBench& bench, std::int32_t needle) {
+void SetHome(CtlExperiment2Rig& bench, std::int32_t needle) {
     bench.rig.escape.ZEscapePosition(305);
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
         bench.rig.escape.NeedleEscape(needle, axis,
-                                      HomeCounts[static_cast<std::size_t>(axis)] - ExperimentBench::Centre);
+                                      HomeCounts[static_cast<std::size_t>(axis)] - CtlExperiment2Rig::Centre);
     }
 }
 
@@ -30,7 +30,7 @@ std::ptrdiff_t Reads(const Journal& journal) {
 }
 
 // What the operator sees and hears of an act that was refused, and that nothing was sent.
-void ExpectRefused(const ExperimentBench& bench, const QString& text) {
+void ExpectRefused(const CtlExperiment2Rig& bench, const QString& text) {
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
     EXPECT_EQ(bench.rig.boxes.Texts(), QStringList{text});
     EXPECT_TRUE(bench.rig.Log().contains((" - " + text).toLatin1()));
@@ -39,24 +39,24 @@ void ExpectRefused(const ExperimentBench& bench, const QString& text) {
 // The ways in which a lamp can stand at a needle that the hardware has not.
 struct Divergence {
     std::string name;
-    std::function<void(ExperimentBench&)> come;
+    std::function<void(CtlExperiment2Rig&)> come;
 };
 
 const std::vector<Divergence>& Divergences() {
     static const std::vector<Divergence> ways{
         {"a choice that the driver refuses",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.driver.failing = {"DriverSelect"};
              b.Click(b.Needle(1));
              b.rig.driver.failing = {};
          }},
         {"a choice of a needle that does not come",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.driver.count = 1;
              b.Click(b.Needle(1));
          }},
         {"a choice that the guard swallows",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              const auto position = b.rig.driver.position;
              b.rig.driver.position[0][0] = 25001;
              b.Tick();
@@ -69,8 +69,8 @@ const std::vector<Divergence>& Divergences() {
 
 // Moves.
 
-TEST(CtlExperiment2Needle, InEveryOrdinaryStateNothingIsReadBeforeAnAct) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, InEveryOrdinaryStateNothingIsReadBeforeAnAct) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     SetHome(bench, 0);
     bench.Click(bench.Move());
@@ -87,8 +87,8 @@ TEST(CtlExperiment2Needle, InEveryOrdinaryStateNothingIsReadBeforeAnAct) {
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Needle, ANeedleChosenAheadOfTheLoopIsReadOnceAndMovesByItsOwnMap) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, ANeedleChosenAheadOfTheLoopIsReadOnceAndMovesByItsOwnMap) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.OnlyCalibrated(1);
     bench.Click(bench.Needle(1));
@@ -102,10 +102,10 @@ TEST(CtlExperiment2Needle, ANeedleChosenAheadOfTheLoopIsReadOnceAndMovesByItsOwn
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Needle, WhereTheHardwareHasAnotherNeedleTheMoveIsRefusedAndTheLampGoesThere) {
+TEST(CtlExperiment2NeedleTest, WhereTheHardwareHasAnotherNeedleTheMoveIsRefusedAndTheLampGoesThere) {
     for (const Divergence& way : Divergences()) {
         SCOPED_TRACE(way.name);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         bench.Store(0);
         way.come(bench);
         ASSERT_EQ(bench.State(), "Needle 2");
@@ -123,8 +123,8 @@ TEST(CtlExperiment2Needle, WhereTheHardwareHasAnotherNeedleTheMoveIsRefusedAndTh
     }
 }
 
-TEST(CtlExperiment2Needle, TheLampHasGoneWhenTheRefusalIsOnShow) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, TheLampHasGoneWhenTheRefusalIsOnShow) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     Divergences().front().come(bench);
     bench.rig.boxes.whileShown = [&] { EXPECT_EQ(bench.State(), "Needle 1"); };
@@ -133,8 +133,8 @@ TEST(CtlExperiment2Needle, TheLampHasGoneWhenTheRefusalIsOnShow) {
     EXPECT_EQ(bench.rig.boxes.shown.size(), 1U);
 }
 
-TEST(CtlExperiment2Needle, ANeedleThatCannotBeReadIsNotMoved) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, ANeedleThatCannotBeReadIsNotMoved) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Needle(1));
     bench.rig.driver.position[1][0] = -1;
@@ -144,8 +144,8 @@ TEST(CtlExperiment2Needle, ANeedleThatCannotBeReadIsNotMoved) {
     EXPECT_EQ(bench.State(), "Needle 1") << "the last one read";
 }
 
-TEST(CtlExperiment2Needle, AChoiceTakenBackBeforeItWasReadIsLookedAtToo) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, AChoiceTakenBackBeforeItWasReadIsLookedAtToo) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Needle(1));
     // Needle 1 is the one known, and so nobody is asked for it: the hardware keeps needle 2.
@@ -157,8 +157,8 @@ TEST(CtlExperiment2Needle, AChoiceTakenBackBeforeItWasReadIsLookedAtToo) {
     EXPECT_EQ(bench.State(), "Needle 2");
 }
 
-TEST(CtlExperiment2Needle, MovesOfTheViewDoNotLook) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, MovesOfTheViewDoNotLook) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     Divergences().front().come(bench);
     bench.EnterView();
@@ -172,8 +172,8 @@ TEST(CtlExperiment2Needle, MovesOfTheViewDoNotLook) {
 
 // The retreat.
 
-TEST(CtlExperiment2Needle, TheObjectiveEscapeDoesNotLook) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, TheObjectiveEscapeDoesNotLook) {
+    CtlExperiment2Rig bench;
     SetHome(bench, 0);
     Divergences().front().come(bench);
     bench.Forget();
@@ -181,10 +181,10 @@ TEST(CtlExperiment2Needle, TheObjectiveEscapeDoesNotLook) {
     EXPECT_THAT(bench.Take(), ElementsAre("port 3 > RELMOVEZ500\r", "ControlONOFF 0"));
 }
 
-TEST(CtlExperiment2Needle, TheHomeEscapeReadsAfterTheObjectivesWaitAndIsRefusedWhereTheNeedlesDiffer) {
+TEST(CtlExperiment2NeedleTest, TheHomeEscapeReadsAfterTheObjectivesWaitAndIsRefusedWhereTheNeedlesDiffer) {
     for (const Divergence& way : Divergences()) {
         SCOPED_TRACE(way.name);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         SetHome(bench, 0);
         SetHome(bench, 1);
         way.come(bench);
@@ -199,8 +199,8 @@ TEST(CtlExperiment2Needle, TheHomeEscapeReadsAfterTheObjectivesWaitAndIsRefusedW
     }
 }
 
-TEST(CtlExperiment2Needle, ANeedleChosenAheadOfTheLoopGoesHomeByItsOwnMap) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, ANeedleChosenAheadOfTheLoopGoesHomeByItsOwnMap) {
+    CtlExperiment2Rig bench;
     SetHome(bench, 1);
     bench.OnlyCalibrated(1);
     bench.Click(bench.Needle(1));
@@ -211,8 +211,8 @@ TEST(CtlExperiment2Needle, ANeedleChosenAheadOfTheLoopGoesHomeByItsOwnMap) {
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Needle, ANeedleChosenDuringTheObjectivesWaitIsTheOneThatIsLookedAt) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, ANeedleChosenDuringTheObjectivesWaitIsTheOneThatIsLookedAt) {
+    CtlExperiment2Rig bench;
     SetHome(bench, 0);
     bench.rig.escape.ZEscapePosition(10000);
     bool pressed = false;
@@ -230,10 +230,10 @@ TEST(CtlExperiment2Needle, ANeedleChosenDuringTheObjectivesWaitIsTheOneThatIsLoo
 
 // The synchronised mode.
 
-TEST(CtlExperiment2Needle, TheSynchronisedModeDoesNotBeginAtAnotherNeedleAndSaysNothing) {
+TEST(CtlExperiment2NeedleTest, TheSynchronisedModeDoesNotBeginAtAnotherNeedleAndSaysNothing) {
     for (const Divergence& way : Divergences()) {
         SCOPED_TRACE(way.name);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         way.come(bench);
         bench.Forget();
         bench.Click(bench.Synchro());
@@ -246,8 +246,8 @@ TEST(CtlExperiment2Needle, TheSynchronisedModeDoesNotBeginAtAnotherNeedleAndSays
     }
 }
 
-TEST(CtlExperiment2Needle, TheSynchronisedModeBeginsAtANeedleThatWasChosenAheadOfTheLoop) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, TheSynchronisedModeBeginsAtANeedleThatWasChosenAheadOfTheLoop) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.Needle(2));
     bench.Forget();
     bench.Click(bench.Synchro());
@@ -257,9 +257,9 @@ TEST(CtlExperiment2Needle, TheSynchronisedModeBeginsAtANeedleThatWasChosenAheadO
 
 // Between a reconnection and the next read no needle is known.
 
-TEST(CtlExperiment2Needle, AHomeEscapeWithNoNeedleKnownIsToldByItsOwnTextAndDoesNothingElse) {
+TEST(CtlExperiment2NeedleTest, AHomeEscapeWithNoNeedleKnownIsToldByItsOwnTextAndDoesNothingElse) {
     for (const std::int16_t unknown : std::initializer_list<std::int16_t>{-1, 4}) {
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         SetHome(bench, 0);
         bench.rig.state.intManipulatorNumber = unknown;
         bench.Forget();
@@ -270,8 +270,8 @@ TEST(CtlExperiment2Needle, AHomeEscapeWithNoNeedleKnownIsToldByItsOwnTextAndDoes
     }
 }
 
-TEST(CtlExperiment2Needle, ANeedleThatIsLostDuringTheObjectivesWaitIsToldByTheEscapesOwnText) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, ANeedleThatIsLostDuringTheObjectivesWaitIsToldByTheEscapesOwnText) {
+    CtlExperiment2Rig bench;
     SetHome(bench, 0);
     bench.rig.eventLoop.whileServed = [&] { bench.rig.state.intManipulatorNumber = -1; };
     bench.Forget();
@@ -279,8 +279,8 @@ TEST(CtlExperiment2Needle, ANeedleThatIsLostDuringTheObjectivesWaitIsToldByTheEs
     ExpectRefused(bench, EscapeFailed);
 }
 
-TEST(CtlExperiment2Needle, AMoveWithNoNeedleKnownIsToldByItsOwnTextAndDoesNothingElse) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, AMoveWithNoNeedleKnownIsToldByItsOwnTextAndDoesNothingElse) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.rig.state.intManipulatorNumber = -1;
     bench.Forget();
@@ -290,9 +290,9 @@ TEST(CtlExperiment2Needle, AMoveWithNoNeedleKnownIsToldByItsOwnTextAndDoesNothin
     EXPECT_EQ(bench.State(), "Needle 1");
 }
 
-TEST(CtlExperiment2Needle, TheSynchronisedModeWithNoNeedleKnownDoesNothing) {
+TEST(CtlExperiment2NeedleTest, TheSynchronisedModeWithNoNeedleKnownDoesNothing) {
     for (const bool fromView : {false, true}) {
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         if (fromView) {
             bench.EnterView();
             bench.Synchro().Enabled(true);
@@ -310,8 +310,8 @@ TEST(CtlExperiment2Needle, TheSynchronisedModeWithNoNeedleKnownDoesNothing) {
 
 // What the operator presses while a needle travels.
 
-TEST(CtlExperiment2Needle, PressesMadeWhileANeedleTravelsAreDropped) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, PressesMadeWhileANeedleTravelsAreDropped) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     SetHome(bench, 0);
     bench.Click(bench.Move());
@@ -321,8 +321,8 @@ TEST(CtlExperiment2Needle, PressesMadeWhileANeedleTravelsAreDropped) {
     EXPECT_EQ(bench.rig.eventLoop.standStills, 2);
 }
 
-TEST(CtlExperiment2Needle, PressesMadeDuringASynchronisedStepAreKept) {
-    ExperimentBench bench;
+TEST(CtlExperiment2NeedleTest, PressesMadeDuringASynchronisedStepAreKept) {
+    CtlExperiment2Rig bench;
     bench.EnterSynchro();
     bench.Step({60, 40, 350});
     EXPECT_EQ(bench.rig.driver.moves.size(), 1U);

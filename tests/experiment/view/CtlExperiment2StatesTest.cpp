@@ -1,12 +1,12 @@
 // The panel's states: every state with everything that can happen in it, the forbidden ones too.
 #include <functional>
 
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
 
-using Happening = std::function<void(ExperimentBench&)>;
+using Happening = std::function<void(CtlExperiment2Rig&)>;
 
 struct From {
     std::string name;
@@ -20,23 +20,23 @@ struct Row {
     std::array<std::string, 4> to;
 };
 
-void Total(ExperimentBench& bench, std::int16_t highest) {
+void Total(CtlExperiment2Rig& bench, std::int16_t highest) {
     bench.Connected(highest < 0 ? std::int16_t{-1} : highest);
     bench.panel.TotalManipulatorNumber(highest);
 }
 
 // A cell that is set, pressed in and enabled; nothing else changes.
-void WithACell(ExperimentBench& bench) {
+void WithACell(CtlExperiment2Rig& bench) {
     bench.SetCell(0);
     bench.Click(bench.Move());
 }
 
 const std::vector<From>& States() {
     static const std::vector<From> states{
-        {"Needle 1", [](ExperimentBench&) {}},
-        {"View", [](ExperimentBench& bench) { bench.EnterView(); }},
-        {"ViewOnly", [](ExperimentBench& bench) { bench.EnterViewOnly(); }},
-        {"Synchro 1", [](ExperimentBench& bench) { bench.EnterSynchro(); }},
+        {"Needle 1", [](CtlExperiment2Rig&) {}},
+        {"View", [](CtlExperiment2Rig& bench) { bench.EnterView(); }},
+        {"ViewOnly", [](CtlExperiment2Rig& bench) { bench.EnterViewOnly(); }},
+        {"Synchro 1", [](CtlExperiment2Rig& bench) { bench.EnterSynchro(); }},
     };
     return states;
 }
@@ -51,27 +51,27 @@ const std::array<std::string, 4> ModeLeft{"Needle 1", "View", "ViewOnly", "Needl
 // Needles come and go: at the position loop.
 const std::vector<Row>& NeedleRows() {
     static const std::vector<Row> rows{
-        {"the last needle goes", [](ExperimentBench& b) { Total(b, -1); }, AllViewOnly},
-        {"a number of needles below none", [](ExperimentBench& b) { Total(b, -2); }, AllViewOnly},
+        {"the last needle goes", [](CtlExperiment2Rig& b) { Total(b, -1); }, AllViewOnly},
+        {"a number of needles below none", [](CtlExperiment2Rig& b) { Total(b, -2); }, AllViewOnly},
         {"more needles than there can be",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Connected(-1);
              b.panel.TotalManipulatorNumber(5);
          },
          AllViewOnly},
-        {"one needle comes", [](ExperimentBench& b) { Total(b, 0); }, AllNeedle1},
-        {"two needles come", [](ExperimentBench& b) { Total(b, 1); }, AllNeedle1},
-        {"three needles come", [](ExperimentBench& b) { Total(b, 2); }, AllNeedle1},
-        {"four needles come", [](ExperimentBench& b) { Total(b, 3); }, AllNeedle1},
-        {"five needles come", [](ExperimentBench& b) { Total(b, 4); }, AllNeedle1},
+        {"one needle comes", [](CtlExperiment2Rig& b) { Total(b, 0); }, AllNeedle1},
+        {"two needles come", [](CtlExperiment2Rig& b) { Total(b, 1); }, AllNeedle1},
+        {"three needles come", [](CtlExperiment2Rig& b) { Total(b, 2); }, AllNeedle1},
+        {"four needles come", [](CtlExperiment2Rig& b) { Total(b, 3); }, AllNeedle1},
+        {"five needles come", [](CtlExperiment2Rig& b) { Total(b, 4); }, AllNeedle1},
         {"the same needle at the hardware",
-         [](ExperimentBench& b) { b.panel.ManipulatorChange(0); },
+         [](CtlExperiment2Rig& b) { b.panel.ManipulatorChange(0); },
          {"Needle 1", "Needle 1", "Needle 1", "Synchro 1"}},
         {"another needle at the hardware",
-         [](ExperimentBench& b) { b.panel.ManipulatorChange(1); },
+         [](CtlExperiment2Rig& b) { b.panel.ManipulatorChange(1); },
          {"Needle 2", "Needle 2", "Needle 2", "Synchro 2"}},
         {"the last needle at the hardware",
-         [](ExperimentBench& b) { b.panel.ManipulatorChange(3); },
+         [](CtlExperiment2Rig& b) { b.panel.ManipulatorChange(3); },
          {"Needle 4", "Needle 4", "Needle 4", "Synchro 4"}},
     };
     return rows;
@@ -81,35 +81,35 @@ const std::vector<Row>& NeedleRows() {
 const std::vector<Row>& ChoiceRows() {
     static const std::vector<Row> rows{
         {"the same needle button",
-         [](ExperimentBench& b) { b.Click(b.Needle(0)); },
+         [](CtlExperiment2Rig& b) { b.Click(b.Needle(0)); },
          {"Needle 1", "Needle 1", "ViewOnly", "Needle 1"}},
         {"another needle button",
-         [](ExperimentBench& b) { b.Click(b.Needle(2)); },
+         [](CtlExperiment2Rig& b) { b.Click(b.Needle(2)); },
          {"Needle 3", "Needle 3", "ViewOnly", "Needle 3"}},
         {"the button of a needle that the driver refuses",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.driver.failing = {"DriverSelect"};
              b.Click(b.Needle(2));
          },
          {"Needle 3", "Needle 3", "ViewOnly", "Needle 3"}},
         {"the view button",
-         [](ExperimentBench& b) { b.Click(b.ViewMoves()); },
+         [](CtlExperiment2Rig& b) { b.Click(b.ViewMoves()); },
          {"View", "View", "ViewOnly", "Synchro 1"}},
         {"the present view, where it is on show",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              if (!b.PresentView().isHidden()) {
                  b.Click(b.PresentView());
              }
          },
          Unchanged},
         {"a cell",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.SetCell(1);
              b.Click(b.Cell(1));
          },
          Unchanged},
         {"a cell in direct mode",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.SetCell(1);
              if (b.Move().Enabled()) {
                  // Showing the panel in the mode would open it.
@@ -119,7 +119,7 @@ const std::vector<Row>& ChoiceRows() {
              b.Click(b.Cell(1));
          },
          Unchanged},
-        {"the direct button", [](ExperimentBench& b) { b.Click(b.Direct()); }, Unchanged},
+        {"the direct button", [](CtlExperiment2Rig& b) { b.Click(b.Direct()); }, Unchanged},
     };
     return rows;
 }
@@ -127,21 +127,21 @@ const std::vector<Row>& ChoiceRows() {
 const std::vector<Row>& MoveRows() {
     static const std::vector<Row> rows{
         {"move to a cell", WithACell, {"View", "View", "ViewOnly", "Synchro 1"}},
-        {"move to a cell that is not set", [](ExperimentBench& b) { b.Click(b.Move()); }, Unchanged},
+        {"move to a cell that is not set", [](CtlExperiment2Rig& b) { b.Click(b.Move()); }, Unchanged},
         {"move of a needle that is not calibrated",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.OnlyCalibrated(-1);
              WithACell(b);
          },
          {"View", "View", "ViewOnly", "Synchro 1"}},
         {"move that the driver fails",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.driver.failing = {"DriverMoveTo"};
              WithACell(b);
          },
          {"View", "View", "ViewOnly", "Synchro 1"}},
         {"move while the hardware has another needle than the one last read",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.HardwareHas(1);
              b.rig.state.intManipulatorNumber = 1;
              WithACell(b);
@@ -149,21 +149,21 @@ const std::vector<Row>& MoveRows() {
          // The lamp goes to the needle that the hardware has.
          {"Needle 2", "View", "ViewOnly", "Synchro 1"}},
         {"move with no needle known",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.state.intManipulatorNumber = -1;
              WithACell(b);
          },
          {"Needle 1", "View", "ViewOnly", "Synchro 1"}},
         {"move at 0.35x",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Magnification(1);
              WithACell(b);
          },
          {"View", "View", "ViewOnly", "Synchro 1"}},
-        {"the objective escape", [](ExperimentBench& b) { b.Click(b.Escape(0)); }, Unchanged},
-        {"the needle escape", [](ExperimentBench& b) { b.Click(b.Escape(1)); }, Unchanged},
+        {"the objective escape", [](CtlExperiment2Rig& b) { b.Click(b.Escape(0)); }, Unchanged},
+        {"the needle escape", [](CtlExperiment2Rig& b) { b.Click(b.Escape(1)); }, Unchanged},
         {"the needle escape with no needle known",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.state.intManipulatorNumber = -1;
              b.Click(b.Escape(1));
          },
@@ -175,52 +175,52 @@ const std::vector<Row>& MoveRows() {
 const std::vector<Row>& SynchroRows() {
     static const std::vector<Row> rows{
         {"the synchronised button",
-         [](ExperimentBench& b) { b.Click(b.Synchro()); },
+         [](CtlExperiment2Rig& b) { b.Click(b.Synchro()); },
          {"Synchro 1", "View", "ViewOnly", "Needle 1"}},
         {"the synchronised button, enabled all the same",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Synchro().Enabled(true);
              b.Click(b.Synchro());
          },
          {"Synchro 1", "Synchro 1", "Synchro 1", "Needle 1"}},
         {"the synchronised button with no needle known",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Synchro().Enabled(true);
              b.rig.state.intManipulatorNumber = -1;
              b.Click(b.Synchro());
          },
          ModeLeft},
         {"the synchronised button while the hardware has another needle than the one last read",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.HardwareHas(1);
              b.rig.state.intManipulatorNumber = 1;
              b.Click(b.Synchro());
          },
          {"Needle 2", "View", "ViewOnly", "Needle 1"}},
         {"a step",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Step({11, -5, 300});
          },
          Unchanged},
         {"a step along an axis that is not known",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Step({NoPositionValue, -5, 300});
          },
          Unchanged},
         {"a step without the gauge",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Step({10, -5, NoPositionValue});
          },
          ModeLeft},
         {"a step too far down",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Step({10, -5, -701});
          },
          ModeLeft},
-        {"the mode is left by code", [](ExperimentBench& b) { b.panel.SynchroFalse(); }, ModeLeft},
-        {"the panel is hidden", [](ExperimentBench& b) { b.panel.Hidden(); }, ModeLeft},
+        {"the mode is left by code", [](CtlExperiment2Rig& b) { b.panel.SynchroFalse(); }, ModeLeft},
+        {"the panel is hidden", [](CtlExperiment2Rig& b) { b.panel.Hidden(); }, ModeLeft},
         {"another panel for a while",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.panel.Hidden();
              b.panel.Shown();
          },
@@ -232,25 +232,25 @@ const std::vector<Row>& SynchroRows() {
 // What the instruments tell.
 const std::vector<Row>& InstrumentRows() {
     static const std::vector<Row> rows{
-        {"no magnification is known", [](ExperimentBench& b) { b.Magnification(0); }, Unchanged},
-        {"0.35x", [](ExperimentBench& b) { b.Magnification(1); }, Unchanged},
-        {"2x", [](ExperimentBench& b) { b.Magnification(2); }, Unchanged},
-        {"4x", [](ExperimentBench& b) { b.Magnification(3); }, Unchanged},
+        {"no magnification is known", [](CtlExperiment2Rig& b) { b.Magnification(0); }, Unchanged},
+        {"0.35x", [](CtlExperiment2Rig& b) { b.Magnification(1); }, Unchanged},
+        {"2x", [](CtlExperiment2Rig& b) { b.Magnification(2); }, Unchanged},
+        {"4x", [](CtlExperiment2Rig& b) { b.Magnification(3); }, Unchanged},
         {"0.35x and back",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.Magnification(1);
              b.Magnification(2);
          },
          Unchanged},
-        {"the mirror motors go off", [](ExperimentBench& b) { b.panel.checkMotor(false); }, Unchanged},
-        {"the mirror motors go on", [](ExperimentBench& b) { b.panel.checkMotor(true); }, Unchanged},
+        {"the mirror motors go off", [](CtlExperiment2Rig& b) { b.panel.checkMotor(false); }, Unchanged},
+        {"the mirror motors go on", [](CtlExperiment2Rig& b) { b.panel.checkMotor(true); }, Unchanged},
         {"the motor's port is closed",
-         [](ExperimentBench& b) {
+         [](CtlExperiment2Rig& b) {
              b.rig.communication.MotorPortClose();
              b.Magnification(2);
          },
          Unchanged},
-        {"the arrow runs", [](ExperimentBench& b) { b.Timer1.Fire(); }, Unchanged},
+        {"the arrow runs", [](CtlExperiment2Rig& b) { b.Timer1.Fire(); }, Unchanged},
     };
     return rows;
 }
@@ -265,7 +265,7 @@ std::vector<Row> Rows() {
 }
 
 // What holds in every state, however it was come to.
-void ExpectConsistent(const ExperimentBench& bench) {
+void ExpectConsistent(const CtlExperiment2Rig& bench) {
     EXPECT_EQ(bench.MoveLamp().size(), 1U);
     EXPECT_EQ(bench.TargetLamp().size(), 1U);
     const bool synchro = bench.State().starts_with("Synchro");
@@ -283,11 +283,11 @@ void ExpectConsistent(const ExperimentBench& bench) {
     }
 }
 
-TEST(CtlExperiment2States, EveryStateWithEverythingThatCanHappenInIt) {
+TEST(CtlExperiment2StatesTest, EveryStateWithEverythingThatCanHappenInIt) {
     for (const Row& row : Rows()) {
         for (std::size_t state = 0; state < States().size(); ++state) {
             SCOPED_TRACE(States()[state].name + ": " + row.what);
-            ExperimentBench bench;
+            CtlExperiment2Rig bench;
             States()[state].enter(bench);
             ASSERT_EQ(bench.State(), States()[state].name);
             row.happens(bench);
@@ -298,7 +298,7 @@ TEST(CtlExperiment2States, EveryStateWithEverythingThatCanHappenInIt) {
 }
 
 // What a press of move does in a state: needle moves, mirror moves, the state afterwards.
-TEST(CtlExperiment2States, WhatTheMoveButtonDoesInEachState) {
+TEST(CtlExperiment2StatesTest, WhatTheMoveButtonDoesInEachState) {
     struct Move {
         std::size_t needleMoves;
         long mirrorMoves;
@@ -308,7 +308,7 @@ TEST(CtlExperiment2States, WhatTheMoveButtonDoesInEachState) {
         {{1, 0, "View"}, {0, 1, "View"}, {0, 1, "ViewOnly"}, {0, 0, "Synchro 1"}}};
     for (std::size_t state = 0; state < States().size(); ++state) {
         SCOPED_TRACE(States()[state].name);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         States()[state].enter(bench);
         bench.Forget();
         WithACell(bench);
@@ -319,8 +319,8 @@ TEST(CtlExperiment2States, WhatTheMoveButtonDoesInEachState) {
     }
 }
 
-TEST(CtlExperiment2States, ANeedleAt035xKeepsItsStateWithTheButtonsOfThatMagnification) {
-    ExperimentBench bench;
+TEST(CtlExperiment2StatesTest, ANeedleAt035xKeepsItsStateWithTheButtonsOfThatMagnification) {
+    CtlExperiment2Rig bench;
     bench.Magnification(1);
     EXPECT_EQ(bench.State(), "Needle 1");
     EXPECT_FALSE(bench.Synchro().Enabled());
@@ -332,10 +332,10 @@ TEST(CtlExperiment2States, ANeedleAt035xKeepsItsStateWithTheButtonsOfThatMagnifi
 }
 
 // The target runs beside the states: it is the same cell in all of them.
-TEST(CtlExperiment2States, TheTargetIsKeptThroughTheStates) {
+TEST(CtlExperiment2StatesTest, TheTargetIsKeptThroughTheStates) {
     for (const From& state : States()) {
         SCOPED_TRACE(state.name);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         bench.Store(6);
         bench.Click(bench.Cell(6));
         state.enter(bench);
@@ -345,7 +345,7 @@ TEST(CtlExperiment2States, TheTargetIsKeptThroughTheStates) {
 }
 
 // Who is enabled in a state right after it was entered, and after it was entered from the synchronised mode.
-TEST(CtlExperiment2States, WhatIsEnabledInEachStateFromWhereverItIsEntered) {
+TEST(CtlExperiment2StatesTest, WhatIsEnabledInEachStateFromWhereverItIsEntered) {
     struct Enabled {
         std::string needles;
         bool synchro;
@@ -360,7 +360,7 @@ TEST(CtlExperiment2States, WhatIsEnabledInEachStateFromWhereverItIsEntered) {
     for (std::size_t state = 0; state < States().size(); ++state) {
         for (const bool fromSynchro : {false, true}) {
             SCOPED_TRACE(States()[state].name + (fromSynchro ? " from the synchronised mode" : ""));
-            ExperimentBench bench;
+            CtlExperiment2Rig bench;
             if (fromSynchro) {
                 bench.EnterSynchro();
                 // All but the loss of the needles and the mode itself are behind one of its ways out.

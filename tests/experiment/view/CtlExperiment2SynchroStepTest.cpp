@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "core/ground/Arithmetic.h"
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -12,8 +12,8 @@ using testing::IsEmpty;
 
 using Target = std::array<std::int32_t, 3>;
 
-TEST(CtlExperiment2SynchroStep, OutsideTheModeNothingHappens) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, OutsideTheModeNothingHappens) {
+    CtlExperiment2Rig bench;
     bench.Step({60, 40, 350});
     EXPECT_THAT(bench.Take(), IsEmpty());
     EXPECT_TRUE(bench.ViewMoves().Enabled());
@@ -23,8 +23,8 @@ TEST(CtlExperiment2SynchroStep, OutsideTheModeNothingHappens) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2SynchroStep, TheNeedleFollowsTheViewAndEachMovementIsPassedOnOnce) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, TheNeedleFollowsTheViewAndEachMovementIsPassedOnOnce) {
+    CtlExperiment2Rig bench;
     bench.SetNeedle(0, {100, 200, 500});
     bench.EnterSynchro();
     // From (10, -5, 300): 50 in X, 45 in Y, 50 in Z.
@@ -35,7 +35,7 @@ TEST(CtlExperiment2SynchroStep, TheNeedleFollowsTheViewAndEachMovementIsPassedOn
     EXPECT_EQ(bench.State(), "Synchro 1");
 }
 
-TEST(CtlExperiment2SynchroStep, EachTicksDifferenceIsRoundedByItselfAndNoRemainderIsCarried) {
+TEST(CtlExperiment2SynchroStepTest, EachTicksDifferenceIsRoundedByItselfAndNoRemainderIsCarried) {
     // Raw differences of one tick and the displacement that they give.
     struct Row {
         std::int32_t x;
@@ -49,7 +49,7 @@ TEST(CtlExperiment2SynchroStep, EachTicksDifferenceIsRoundedByItselfAndNoRemaind
         {0, -1, 0, {0, 6, 0}},      {0, 2, 0, {0, -10, 0}},       {0, 0, 7, {0, 0, 7}},
         {3, 4, -7, {-14, -20, -7}}, {60, 40, 5, {-300, -200, 5}}, {0, 0, -1000, {0, 0, -1000}},
     };
-    ExperimentBench bench;
+    CtlExperiment2Rig bench;
     PositionXYZ view{10, -5, 5000};
     PositionXYZ needle{0, 0, 5000};
     bench.View(view);
@@ -69,15 +69,15 @@ TEST(CtlExperiment2SynchroStep, EachTicksDifferenceIsRoundedByItselfAndNoRemaind
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2SynchroStep, WithNoChangeOfTheViewTheStepIsStillMadeOnEachTick) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, WithNoChangeOfTheViewTheStepIsStillMadeOnEachTick) {
+    CtlExperiment2Rig bench;
     bench.EnterSynchro();
-    bench.Step(ExperimentBench::TheView);
-    bench.Step(ExperimentBench::TheView);
+    bench.Step(CtlExperiment2Rig::TheView);
+    bench.Step(CtlExperiment2Rig::TheView);
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
     EXPECT_EQ(bench.State(), "Synchro 1");
     // It is seen at what a step refuses: no gauge. The change of the view is (0, 0, 0) here as well.
-    ExperimentBench blind;
+    CtlExperiment2Rig blind;
     blind.View({10, -5, NoPositionValue});
     blind.EnterSynchro();
     blind.Step({10, -5, NoPositionValue});
@@ -85,8 +85,8 @@ TEST(CtlExperiment2SynchroStep, WithNoChangeOfTheViewTheStepIsStillMadeOnEachTic
     EXPECT_EQ(blind.State(), "Needle 1");
 }
 
-TEST(CtlExperiment2SynchroStep, TheViewAtTheEntryIsWhereTheFirstStepCountsFrom) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, TheViewAtTheEntryIsWhereTheFirstStepCountsFrom) {
+    CtlExperiment2Rig bench;
     bench.SetNeedle(0, {0, 0, 500});
     bench.EnterSynchro();
     bench.Step({60, -5, 300});
@@ -99,8 +99,8 @@ TEST(CtlExperiment2SynchroStep, TheViewAtTheEntryIsWhereTheFirstStepCountsFrom) 
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{11990, 12000, 12500}));
 }
 
-TEST(CtlExperiment2SynchroStep, ARefusedStepLeavesTheMode) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, ARefusedStepLeavesTheMode) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.Step({10, -5, -701});
@@ -112,8 +112,8 @@ TEST(CtlExperiment2SynchroStep, ARefusedStepLeavesTheMode) {
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2SynchroStep, ADifferenceBeyond32BitsReachesTheCallerAndTheModeStays) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, ADifferenceBeyond32BitsReachesTheCallerAndTheModeStays) {
+    CtlExperiment2Rig bench;
     bench.View({10, -5, std::numeric_limits<std::int32_t>::min()});
     bench.EnterSynchro();
     EXPECT_THROW(bench.Step({10, -5, 1}), OverflowFailure);
@@ -121,8 +121,8 @@ TEST(CtlExperiment2SynchroStep, ADifferenceBeyond32BitsReachesTheCallerAndTheMod
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2SynchroStep, TheNeedleSelectedAtTheHardwareFollows) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, TheNeedleSelectedAtTheHardwareFollows) {
+    CtlExperiment2Rig bench;
     bench.SetNeedle(1, {40, 0, 500});
     bench.OnlyCalibrated(1);
     bench.HardwareHas(1);
@@ -132,7 +132,7 @@ TEST(CtlExperiment2SynchroStep, TheNeedleSelectedAtTheHardwareFollows) {
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{12030, 12000, 12500}));
 }
 
-TEST(CtlExperiment2SynchroStep, AlongAnAxisThatIsNotKnownThereIsNoStepAndTheOtherAxesFollow) {
+TEST(CtlExperiment2SynchroStepTest, AlongAnAxisThatIsNotKnownThereIsNoStepAndTheOtherAxesFollow) {
     struct Row {
         const char* what;
         PositionXYZ before;
@@ -151,7 +151,7 @@ TEST(CtlExperiment2SynchroStep, AlongAnAxisThatIsNotKnownThereIsNoStepAndTheOthe
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         bench.SetNeedle(0, {0, 0, 500});
         bench.View(row.before);
         bench.EnterSynchro();
@@ -162,8 +162,8 @@ TEST(CtlExperiment2SynchroStep, AlongAnAxisThatIsNotKnownThereIsNoStepAndTheOthe
     }
 }
 
-TEST(CtlExperiment2SynchroStep, TheFirstLineOfAMirrorThatHadNotSpokenMovesNothingAndTheNextIsFollowed) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, TheFirstLineOfAMirrorThatHadNotSpokenMovesNothingAndTheNextIsFollowed) {
+    CtlExperiment2Rig bench;
     bench.SetNeedle(0, {0, 0, 500});
     bench.View({NoPositionValue, NoPositionValue, 300});
     bench.EnterSynchro();
@@ -174,8 +174,8 @@ TEST(CtlExperiment2SynchroStep, TheFirstLineOfAMirrorThatHadNotSpokenMovesNothin
     EXPECT_THAT(bench.rig.driver.moves, ElementsAre(Target{11990, 12000, 12500}));
 }
 
-TEST(CtlExperiment2SynchroStep, AGaugeThatIsLostIsToldAsBeforeAndEndsTheMode) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroStepTest, AGaugeThatIsLostIsToldAsBeforeAndEndsTheMode) {
+    CtlExperiment2Rig bench;
     bench.EnterSynchro();
     bench.Step({12, -5, NoPositionValue});
     EXPECT_EQ(bench.rig.boxes.Texts(), QStringList(QStringLiteral("Prease connect magnescale")));

@@ -1,7 +1,7 @@
 // The synchronised mode: how it is entered and left.
 #include <gmock/gmock.h>
 
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -12,7 +12,7 @@ using testing::IsEmpty;
 using Target = std::array<std::int32_t, 3>;
 
 // Everything that is locked in the mode.
-void ExpectLocked(const ExperimentBench& bench) {
+void ExpectLocked(const CtlExperiment2Rig& bench) {
     EXPECT_FALSE(bench.Escape(0).Enabled());
     EXPECT_FALSE(bench.Escape(1).Enabled());
     EXPECT_FALSE(bench.Direct().Enabled());
@@ -23,7 +23,7 @@ void ExpectLocked(const ExperimentBench& bench) {
     EXPECT_EQ(bench.EnabledCells(), "");
 }
 
-void ExpectOpen(const ExperimentBench& bench, const std::string& cells) {
+void ExpectOpen(const CtlExperiment2Rig& bench, const std::string& cells) {
     EXPECT_TRUE(bench.Escape(0).Enabled());
     EXPECT_TRUE(bench.Escape(1).Enabled());
     EXPECT_TRUE(bench.Direct().Enabled());
@@ -36,8 +36,8 @@ void ExpectOpen(const ExperimentBench& bench, const std::string& cells) {
     EXPECT_TRUE(bench.Image("Image2", 4).isHidden());
 }
 
-TEST(CtlExperiment2Synchro, PressedInThePanelLocksItself) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, PressedInThePanelLocksItself) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.Click(bench.Cell(1));
     bench.Click(bench.Direct());
@@ -56,8 +56,8 @@ TEST(CtlExperiment2Synchro, PressedInThePanelLocksItself) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Synchro, ReleasedThePanelOpensAgain) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, ReleasedThePanelOpensAgain) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.Click(bench.Cell(1));
     bench.EnterSynchro();
@@ -72,8 +72,8 @@ TEST(CtlExperiment2Synchro, ReleasedThePanelOpensAgain) {
     EXPECT_EQ(bench.Arrow(), "2");
 }
 
-TEST(CtlExperiment2Synchro, ReleasedWithTheMotorPortClosedTheObjectiveEscapeStaysDisabled) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, ReleasedWithTheMotorPortClosedTheObjectiveEscapeStaysDisabled) {
+    CtlExperiment2Rig bench;
     bench.rig.communication.MotorPortClose();
     bench.EnterSynchro();
     bench.Click(bench.Synchro());
@@ -81,8 +81,8 @@ TEST(CtlExperiment2Synchro, ReleasedWithTheMotorPortClosedTheObjectiveEscapeStay
     EXPECT_TRUE(bench.Escape(1).Enabled());
 }
 
-TEST(CtlExperiment2Synchro, DirectModeStaysOffAfterTheMode) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, DirectModeStaysOffAfterTheMode) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.Click(bench.Direct());
     bench.EnterSynchro();
@@ -93,8 +93,8 @@ TEST(CtlExperiment2Synchro, DirectModeStaysOffAfterTheMode) {
     EXPECT_THAT(bench.Take(), IsEmpty());
 }
 
-TEST(CtlExperiment2Synchro, LeavingByCodeWithThePresentViewMovesTheTargetLampToCellA) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, LeavingByCodeWithThePresentViewMovesTheTargetLampToCellA) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.PresentView());
     bench.EnterSynchro();
@@ -105,8 +105,8 @@ TEST(CtlExperiment2Synchro, LeavingByCodeWithThePresentViewMovesTheTargetLampToC
     ExpectOpen(bench, "A");
 }
 
-TEST(CtlExperiment2Synchro, ReleasingTheButtonWithThePresentViewLeavesTheLampThere) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, ReleasingTheButtonWithThePresentViewLeavesTheLampThere) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.PresentView());
     bench.EnterSynchro();
@@ -116,8 +116,8 @@ TEST(CtlExperiment2Synchro, ReleasingTheButtonWithThePresentViewLeavesTheLampThe
     EXPECT_EQ(bench.PressedTargets(), "V");
 }
 
-TEST(CtlExperiment2Synchro, LeavingByCodeWithThePresentViewAndCellANotSetSendsTheNeedleTo000InSilence) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, LeavingByCodeWithThePresentViewAndCellANotSetSendsTheNeedleTo000InSilence) {
+    CtlExperiment2Rig bench;
     bench.Click(bench.PresentView());
     bench.EnterSynchro();
     bench.panel.SynchroFalse();
@@ -132,8 +132,8 @@ TEST(CtlExperiment2Synchro, LeavingByCodeWithThePresentViewAndCellANotSetSendsTh
     EXPECT_THAT(bench.rig.boxes.Texts(), IsEmpty());
 }
 
-TEST(CtlExperiment2Synchro, LeavingByCodeKeepsACellThatIsPressedIn) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, LeavingByCodeKeepsACellThatIsPressedIn) {
+    CtlExperiment2Rig bench;
     bench.Store(3);
     bench.Click(bench.Cell(3));
     bench.EnterSynchro();
@@ -142,8 +142,8 @@ TEST(CtlExperiment2Synchro, LeavingByCodeKeepsACellThatIsPressedIn) {
     EXPECT_EQ(bench.TargetLamp(), "3");
 }
 
-TEST(CtlExperiment2Synchro, EnteredInTheViewWhereTheButtonIsEnabledAllTheSameTheSelectedNeedleFollows) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, EnteredInTheViewWhereTheButtonIsEnabledAllTheSameTheSelectedNeedleFollows) {
+    CtlExperiment2Rig bench;
     bench.rig.state.intManipulatorNumber = 2;
     bench.EnterView();
     bench.Synchro().Enabled(true);
@@ -155,8 +155,8 @@ TEST(CtlExperiment2Synchro, EnteredInTheViewWhereTheButtonIsEnabledAllTheSameThe
     EXPECT_EQ(bench.rig.driver.moves.size(), 1U);
 }
 
-TEST(CtlExperiment2Synchro, AnotherNeedleIsTheWayOut) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, AnotherNeedleIsTheWayOut) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.Forget();
@@ -166,8 +166,8 @@ TEST(CtlExperiment2Synchro, AnotherNeedleIsTheWayOut) {
     EXPECT_THAT(bench.Take(), ElementsAre("DriverSelect 4"));
 }
 
-TEST(CtlExperiment2Synchro, TheModeNeverSurvivesAChangeOfPanel) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, TheModeNeverSurvivesAChangeOfPanel) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.panel.Hidden();
@@ -175,8 +175,8 @@ TEST(CtlExperiment2Synchro, TheModeNeverSurvivesAChangeOfPanel) {
     ExpectOpen(bench, "A");
 }
 
-TEST(CtlExperiment2Synchro, AMagnificationChangeCannotBreakTheMode) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, AMagnificationChangeCannotBreakTheMode) {
+    CtlExperiment2Rig bench;
     bench.EnterSynchro();
     bench.Magnification(1);
     EXPECT_EQ(bench.State(), "Synchro 1");
@@ -186,14 +186,14 @@ TEST(CtlExperiment2Synchro, AMagnificationChangeCannotBreakTheMode) {
     ExpectLocked(bench);
 }
 
-TEST(CtlExperiment2Synchro, WhatTheMotorsAndThePanelOpenedAgainIsLockedByTheNextStep) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, WhatTheMotorsAndThePanelOpenedAgainIsLockedByTheNextStep) {
+    CtlExperiment2Rig bench;
     bench.EnterSynchro();
     bench.panel.Shown();
     EXPECT_TRUE(bench.ViewMoves().Enabled());
     bench.Click(bench.Direct());
     EXPECT_TRUE(bench.Direct().Value());
-    bench.Step(ExperimentBench::TheView);
+    bench.Step(CtlExperiment2Rig::TheView);
     EXPECT_FALSE(bench.ViewMoves().Enabled());
     EXPECT_FALSE(bench.PresentView().Enabled());
     EXPECT_FALSE(bench.Direct().Enabled());
@@ -203,8 +203,8 @@ TEST(CtlExperiment2Synchro, WhatTheMotorsAndThePanelOpenedAgainIsLockedByTheNext
     EXPECT_EQ(bench.State(), "Synchro 1");
 }
 
-TEST(CtlExperiment2Synchro, MirrorMotorsInTheModeTouchTheCellsAlone) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, MirrorMotorsInTheModeTouchTheCellsAlone) {
+    CtlExperiment2Rig bench;
     bench.SetCell(0);
     bench.EnterSynchro();
     bench.panel.checkMotor(true);
@@ -214,8 +214,8 @@ TEST(CtlExperiment2Synchro, MirrorMotorsInTheModeTouchTheCellsAlone) {
     EXPECT_FALSE(bench.Direct().Enabled());
 }
 
-TEST(CtlExperiment2Synchro, NeedlesThatAreLostInTheModeLeaveAPanelThatStillMovesTheView) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, NeedlesThatAreLostInTheModeLeaveAPanelThatStillMovesTheView) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.EnterViewOnly();
@@ -242,8 +242,8 @@ TEST(CtlExperiment2Synchro, NeedlesThatAreLostInTheModeLeaveAPanelThatStillMoves
     EXPECT_THAT(bench.rig.driver.moves, IsEmpty());
 }
 
-TEST(CtlExperiment2Synchro, AfterTheLossNoStepIsMadeAndANewNeedleOpensThePanel) {
-    ExperimentBench bench;
+TEST(CtlExperiment2SynchroTest, AfterTheLossNoStepIsMadeAndANewNeedleOpensThePanel) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.EnterSynchro();
     bench.EnterViewOnly();

@@ -2,7 +2,7 @@
 // motors do to it.
 #include <gmock/gmock.h>
 
-#include "experiment/view/CtlExperiment2Bench.h"
+#include "experiment/view/CtlExperiment2Rig.h"
 
 namespace travo::test {
 namespace {
@@ -27,7 +27,7 @@ public:
     }
 };
 
-TEST(CtlExperiment2, AtCreationCellAAndNeedleOneAreLitAndAllPositionButtonsAreDisabled) {
+TEST(CtlExperiment2Test, AtCreationCellAAndNeedleOneAreLitAndAllPositionButtonsAreDisabled) {
     const NewPanel bench;
     EXPECT_EQ(bench.panel.objectName(), QStringLiteral("CtlExperiment1"));
     EXPECT_EQ(bench.panel.intCellNo(), 0);
@@ -42,7 +42,7 @@ TEST(CtlExperiment2, AtCreationCellAAndNeedleOneAreLitAndAllPositionButtonsAreDi
     }
 }
 
-TEST(CtlExperiment2, AtCreationTheModesAreOffAndTheEscapesAreDisabled) {
+TEST(CtlExperiment2Test, AtCreationTheModesAreOffAndTheEscapesAreDisabled) {
     const NewPanel bench;
     EXPECT_FALSE(bench.Check("usrKVCheckButton3", 0).Value());
     EXPECT_FALSE(bench.Check("usrKVCheckButton3", 1).Value());
@@ -53,7 +53,7 @@ TEST(CtlExperiment2, AtCreationTheModesAreOffAndTheEscapesAreDisabled) {
     EXPECT_TRUE(bench.Seen("usrKVCheckButton4", 1));
 }
 
-TEST(CtlExperiment2, AtCreationTheArrowTimerRunsWithAPeriodOf500Milliseconds) {
+TEST(CtlExperiment2Test, AtCreationTheArrowTimerRunsWithAPeriodOf500Milliseconds) {
     const NewPanel bench;
     ASSERT_EQ(bench.rig.timers.created.size(), 1U);
     EXPECT_TRUE(bench.rig.timers.created[0]->enabled);
@@ -63,8 +63,8 @@ TEST(CtlExperiment2, AtCreationTheArrowTimerRunsWithAPeriodOf500Milliseconds) {
     }
 }
 
-TEST(CtlExperiment2, TheArrowRunsThroughItsThreeFramesAndTouchesNoDevice) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, TheArrowRunsThroughItsThreeFramesAndTouchesNoDevice) {
+    CtlExperiment2Rig bench;
     std::vector<std::string> frames{bench.Arrow()};
     for (int tick = 0; tick < 4; ++tick) {
         bench.Timer1.Fire();
@@ -77,8 +77,8 @@ TEST(CtlExperiment2, TheArrowRunsThroughItsThreeFramesAndTouchesNoDevice) {
 
 // The panel comes.
 
-TEST(CtlExperiment2, ShownWithThePortClosedDisablesMoveCellsAndViewButtons) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, ShownWithThePortClosedDisablesMoveCellsAndViewButtons) {
+    CtlExperiment2Rig bench;
     bench.SetCell(0);
     bench.rig.communication.MirrorPortClose();
     bench.panel.Shown();
@@ -89,8 +89,8 @@ TEST(CtlExperiment2, ShownWithThePortClosedDisablesMoveCellsAndViewButtons) {
     EXPECT_FALSE(bench.Direct().Enabled());
 }
 
-TEST(CtlExperiment2, ShownWithTheMirrorMotorsOffEnablesMoveAlone) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, ShownWithTheMirrorMotorsOffEnablesMoveAlone) {
+    CtlExperiment2Rig bench;
     bench.SetCell(0);
     bench.rig.state.bMirrorMotorONOFF = false;
     bench.panel.Shown();
@@ -101,8 +101,8 @@ TEST(CtlExperiment2, ShownWithTheMirrorMotorsOffEnablesMoveAlone) {
     EXPECT_FALSE(bench.Direct().Enabled());
 }
 
-TEST(CtlExperiment2, ShownWithTheMirrorMotorsOnEnablesTheCellsThatAreSet) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, ShownWithTheMirrorMotorsOnEnablesTheCellsThatAreSet) {
+    CtlExperiment2Rig bench;
     bench.SetCell(1);
     bench.SetCell(7);
     // A row counts as set by its X alone.
@@ -115,8 +115,8 @@ TEST(CtlExperiment2, ShownWithTheMirrorMotorsOnEnablesTheCellsThatAreSet) {
     EXPECT_TRUE(bench.Direct().Enabled());
 }
 
-TEST(CtlExperiment2, ShownGivesTheObjectiveEscapeWithTheMotorPortAndTheNeedleEscapeWithANeedle) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, ShownGivesTheObjectiveEscapeWithTheMotorPortAndTheNeedleEscapeWithANeedle) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     EXPECT_FALSE(bench.Escape(1).Enabled());
     bench.panel.Shown();
@@ -129,8 +129,8 @@ TEST(CtlExperiment2, ShownGivesTheObjectiveEscapeWithTheMotorPortAndTheNeedleEsc
     EXPECT_FALSE(bench.Escape(1).Enabled());
 }
 
-TEST(CtlExperiment2, HiddenOutsideTheSynchronisedModeChangesNothing) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, HiddenOutsideTheSynchronisedModeChangesNothing) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.Click(bench.Cell(1));
     bench.Click(bench.Direct());
@@ -144,8 +144,8 @@ TEST(CtlExperiment2, HiddenOutsideTheSynchronisedModeChangesNothing) {
 
 // Magnification.
 
-TEST(CtlExperiment2, At035xTheViewButtonsAreDeadAndBothModesAreOff) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, At035xTheViewButtonsAreDeadAndBothModesAreOff) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Click(bench.Direct());
     bench.Magnification(1);
@@ -162,9 +162,9 @@ TEST(CtlExperiment2, At035xTheViewButtonsAreDeadAndBothModesAreOff) {
     EXPECT_EQ(bench.EnabledCells(), "A");
 }
 
-TEST(CtlExperiment2, Magnifications0And2And3BehaveAlike) {
+TEST(CtlExperiment2Test, Magnifications0And2And3BehaveAlike) {
     for (const std::int16_t magnification : std::initializer_list<std::int16_t>{0, 2, 3}) {
-        ExperimentBench bench;
+        CtlExperiment2Rig bench;
         bench.Magnification(1);
         bench.Magnification(magnification);
         EXPECT_TRUE(bench.ViewMoves().Enabled()) << magnification;
@@ -174,8 +174,8 @@ TEST(CtlExperiment2, Magnifications0And2And3BehaveAlike) {
     }
 }
 
-TEST(CtlExperiment2, AMagnificationInTheViewLeavesSynchroAsItIs) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, AMagnificationInTheViewLeavesSynchroAsItIs) {
+    CtlExperiment2Rig bench;
     bench.EnterView();
     bench.Magnification(1);
     bench.Magnification(2);
@@ -184,8 +184,8 @@ TEST(CtlExperiment2, AMagnificationInTheViewLeavesSynchroAsItIs) {
     EXPECT_TRUE(bench.Escape(1).Enabled());
 }
 
-TEST(CtlExperiment2, AMagnificationWithoutANeedleLeavesSynchroAndNeedleEscapeDisabled) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, AMagnificationWithoutANeedleLeavesSynchroAndNeedleEscapeDisabled) {
+    CtlExperiment2Rig bench;
     bench.EnterViewOnly();
     bench.Magnification(2);
     EXPECT_FALSE(bench.Synchro().Enabled());
@@ -195,8 +195,8 @@ TEST(CtlExperiment2, AMagnificationWithoutANeedleLeavesSynchroAndNeedleEscapeDis
     EXPECT_FALSE(bench.Escape(0).Enabled());
 }
 
-TEST(CtlExperiment2, DirectModeIsReallyOffAfter035xAndBack) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, DirectModeIsReallyOffAfter035xAndBack) {
+    CtlExperiment2Rig bench;
     bench.Store(1);
     bench.EnterView();
     bench.Click(bench.Direct());
@@ -209,8 +209,8 @@ TEST(CtlExperiment2, DirectModeIsReallyOffAfter035xAndBack) {
 
 // Mirror motors.
 
-TEST(CtlExperiment2, MirrorMotorsOffDisableCellsViewButtonsAndDirectButNotMove) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, MirrorMotorsOffDisableCellsViewButtonsAndDirectButNotMove) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.panel.checkMotor(false);
     EXPECT_EQ(bench.EnabledCells(), "");
@@ -226,8 +226,8 @@ TEST(CtlExperiment2, MirrorMotorsOffDisableCellsViewButtonsAndDirectButNotMove) 
     EXPECT_TRUE(bench.Move().Enabled());
 }
 
-TEST(CtlExperiment2, AnyMotorReportButZeroIsOn) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, AnyMotorReportButZeroIsOn) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     for (const std::int16_t report : std::initializer_list<std::int16_t>{1, 2, -1}) {
         bench.panel.checkMotor(false);
@@ -240,8 +240,8 @@ TEST(CtlExperiment2, AnyMotorReportButZeroIsOn) {
     EXPECT_TRUE(bench.ViewMoves().Enabled());
 }
 
-TEST(CtlExperiment2, MirrorMotorsAt035xTouchTheCellsAlone) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, MirrorMotorsAt035xTouchTheCellsAlone) {
+    CtlExperiment2Rig bench;
     bench.Store(0);
     bench.Magnification(1);
     bench.panel.checkMotor(false);
@@ -253,8 +253,8 @@ TEST(CtlExperiment2, MirrorMotorsAt035xTouchTheCellsAlone) {
     EXPECT_FALSE(bench.PresentView().Enabled());
 }
 
-TEST(CtlExperiment2, ACellStoredWhileThePanelIsOnShowIsEnabledWithTheNextMotorReport) {
-    ExperimentBench bench;
+TEST(CtlExperiment2Test, ACellStoredWhileThePanelIsOnShowIsEnabledWithTheNextMotorReport) {
+    CtlExperiment2Rig bench;
     bench.SetCell(6);
     EXPECT_EQ(bench.EnabledCells(), "");
     bench.panel.checkMotor(true);

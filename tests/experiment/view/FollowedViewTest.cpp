@@ -8,7 +8,7 @@
 namespace travo::test {
 namespace {
 
-TEST(FollowedView, HasGoneAsFarAsItsCountsSayInTheCommonFrame) {
+TEST(FollowedViewTest, HasGoneAsFarAsItsCountsSayInTheCommonFrame) {
     FollowedView view;
     view.Begin({10, -5, 300});
     // 50 counts of X and 45 of Y, 50 units of Z.
@@ -16,7 +16,7 @@ TEST(FollowedView, HasGoneAsFarAsItsCountsSayInTheCommonFrame) {
     EXPECT_EQ(MirrorToCommon({50, 45, 50})[2], 50);
 }
 
-TEST(FollowedView, IsPassedOnOnce) {
+TEST(FollowedViewTest, IsPassedOnOnce) {
     FollowedView view;
     view.Begin({10, -5, 300});
     view.GoneTo({60, 40, 350});
@@ -24,7 +24,7 @@ TEST(FollowedView, IsPassedOnOnce) {
     EXPECT_EQ(view.GoneTo({60, 40, 351}), (PositionXYZ{0, 0, 1}));
 }
 
-TEST(FollowedView, RoundsEachChangeByItselfAndCarriesNoRemainder) {
+TEST(FollowedViewTest, RoundsEachChangeByItselfAndCarriesNoRemainder) {
     FollowedView view;
     view.Begin({0, 0, 0});
     // -5 + 0.5 is -4.5, to even -4; a count at a time five counts give -20, not -25.
@@ -37,7 +37,7 @@ TEST(FollowedView, RoundsEachChangeByItselfAndCarriesNoRemainder) {
     EXPECT_EQ(view.GoneTo({5, 0, 0})[0], -24);
 }
 
-TEST(FollowedView, AnAxisThatIsNotKnownHasNotMovedNeitherThenNorWhenItComesBack) {
+TEST(FollowedViewTest, AnAxisThatIsNotKnownHasNotMovedNeitherThenNorWhenItComesBack) {
     FollowedView view;
     view.Begin({10, NoPositionValue, 300});
     EXPECT_EQ(view.GoneTo({10, 40, NoPositionValue}), (PositionXYZ{0, 0, 0}));
@@ -45,7 +45,7 @@ TEST(FollowedView, AnAxisThatIsNotKnownHasNotMovedNeitherThenNorWhenItComesBack)
     EXPECT_EQ(view.GoneTo({10, 40, 705}), (PositionXYZ{0, 0, 5}));
 }
 
-TEST(FollowedView, AChangeBeyond32BitsIsRaisedAndTheLastViewStays) {
+TEST(FollowedViewTest, AChangeBeyond32BitsIsRaisedAndTheLastViewStays) {
     FollowedView view;
     view.Begin({0, 0, INT32_MAX});
     EXPECT_THROW(view.GoneTo({0, 0, -2}), OverflowFailure);

@@ -12,9 +12,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class SelectedNeedleRun : public ::testing::Test, private NeedleReader {
+class SelectedNeedleRunTest : public ::testing::Test, private NeedleReader {
 protected:
-    SelectedNeedleRun() {
+    SelectedNeedleRunTest() {
         rig.state.intTotalManipulatorNumber = 3;
         rig.state.intManipulatorNumber = 1;
         rig.journal.clear();
@@ -36,14 +36,14 @@ private:
     }
 };
 
-TEST_F(SelectedNeedleRun, IsTheOneReadLastAndNothingIsReadForIt) {
+TEST_F(SelectedNeedleRunTest, IsTheOneReadLastAndNothingIsReadForIt) {
     EXPECT_EQ(selected.Index(), 1);
     EXPECT_TRUE(selected.IsKnown());
     EXPECT_TRUE(selected.Is(1));
     EXPECT_EQ(readings, 0);
 }
 
-TEST_F(SelectedNeedleRun, IsReadOnceWhereAnotherOneIsAskedAbout) {
+TEST_F(SelectedNeedleRunTest, IsReadOnceWhereAnotherOneIsAskedAbout) {
     EXPECT_FALSE(selected.Is(2));
     EXPECT_EQ(readings, 1);
     reading = 2;
@@ -51,7 +51,7 @@ TEST_F(SelectedNeedleRun, IsReadOnceWhereAnotherOneIsAskedAbout) {
     EXPECT_EQ(readings, 2);
 }
 
-TEST_F(SelectedNeedleRun, AChoiceIsSentByTheNumberThatCountsFromOneAndProvedByTheNextReading) {
+TEST_F(SelectedNeedleRunTest, AChoiceIsSentByTheNumberThatCountsFromOneAndProvedByTheNextReading) {
     selected.Choose(2);
     EXPECT_THAT(rig.journal, ElementsAre("DriverSelect 3"));
     EXPECT_EQ(selected.Index(), 1);
@@ -62,7 +62,7 @@ TEST_F(SelectedNeedleRun, AChoiceIsSentByTheNumberThatCountsFromOneAndProvedByTh
     EXPECT_EQ(readings, 1) << "known from here on";
 }
 
-TEST_F(SelectedNeedleRun, AChoiceOfTheKnownOneIsNotSentAndKeepsAnEarlierChoiceUnproved) {
+TEST_F(SelectedNeedleRunTest, AChoiceOfTheKnownOneIsNotSentAndKeepsAnEarlierChoiceUnproved) {
     selected.Choose(1);
     EXPECT_THAT(rig.journal, IsEmpty());
     EXPECT_TRUE(selected.Is(1));
@@ -75,7 +75,7 @@ TEST_F(SelectedNeedleRun, AChoiceOfTheKnownOneIsNotSentAndKeepsAnEarlierChoiceUn
     EXPECT_EQ(readings, 1);
 }
 
-TEST_F(SelectedNeedleRun, AReadingOfSomebodyElseProvesAChoiceAsWell) {
+TEST_F(SelectedNeedleRunTest, AReadingOfSomebodyElseProvesAChoiceAsWell) {
     selected.Choose(2);
     rig.state.intManipulatorNumber = 2;
     selected.HasBeenRead();
@@ -83,7 +83,7 @@ TEST_F(SelectedNeedleRun, AReadingOfSomebodyElseProvesAChoiceAsWell) {
     EXPECT_EQ(readings, 0);
 }
 
-TEST_F(SelectedNeedleRun, WhereNothingCanBeReadAChoiceStaysUnproved) {
+TEST_F(SelectedNeedleRunTest, WhereNothingCanBeReadAChoiceStaysUnproved) {
     selected.Choose(2);
     rig.state.intManipulatorNumber = 2;
     canRead = false;
@@ -94,7 +94,7 @@ TEST_F(SelectedNeedleRun, WhereNothingCanBeReadAChoiceStaysUnproved) {
     EXPECT_EQ(readings, 2);
 }
 
-TEST_F(SelectedNeedleRun, WithNoneKnownNothingIsReadAndNoneHasAPlace) {
+TEST_F(SelectedNeedleRunTest, WithNoneKnownNothingIsReadAndNoneHasAPlace) {
     for (const std::int16_t none : {std::int16_t{-1}, std::int16_t{4}}) {
         rig.state.intManipulatorNumber = none;
         EXPECT_FALSE(selected.IsKnown());
@@ -105,7 +105,7 @@ TEST_F(SelectedNeedleRun, WithNoneKnownNothingIsReadAndNoneHasAPlace) {
     EXPECT_EQ(readings, 0);
 }
 
-TEST_F(SelectedNeedleRun, StandsWhereItsRowOfTheTableSays) {
+TEST_F(SelectedNeedleRunTest, StandsWhereItsRowOfTheTableSays) {
     for (std::int32_t axis = 0; axis < AxisCount; ++axis) {
         rig.state.Needle(1, axis, 100 + axis);
     }

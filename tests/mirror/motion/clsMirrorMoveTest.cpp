@@ -1,12 +1,12 @@
 #include "mirror/motion/clsMirrorMove.h"
 
-#include "needle/NeedleFixture.h"
+#include "needle/NeedleRig.h"
 
 namespace travo::test {
 
 namespace {
 
-class clsMirrorMoveTest : public NeedleTest {
+class clsMirrorMoveTest : public NeedleRig {
 protected:
     clsMirrorMoveTest() {
         communication.MirrorPortOpen(1);

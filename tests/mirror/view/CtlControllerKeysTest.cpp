@@ -1,13 +1,13 @@
 // The pad without a mouse: keys, and what assistive programs do.
 #include "mirror/view/CtlController.h"
-#include "mirror/view/CtlControllerBench.h"
+#include "mirror/view/CtlControllerRig.h"
 
 namespace travo::test {
 namespace {
 
 // ---- The keyboard ----
 
-using CtlControllerKeysTest = CtlControllerTest;
+using CtlControllerKeysTest = CtlControllerRig;
 
 struct KeyCase {
     Qt::Key key;

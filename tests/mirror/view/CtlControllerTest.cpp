@@ -6,11 +6,13 @@
 
 #include "controls/SkinImage.h"
 #include "core/ground/Arithmetic.h"
-#include "mirror/view/CtlControllerBench.h"
+#include "mirror/view/CtlControllerRig.h"
 #include "support/LogTexts.h"
 
 namespace travo::test {
 namespace {
+
+class CtlControllerTest : public CtlControllerRig {};
 
 // ---- The mouse ----
 

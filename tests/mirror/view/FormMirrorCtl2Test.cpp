@@ -1,6 +1,6 @@
 #include "mirror/view/FormMirrorCtl2.h"
 
-#include "mirror/view/MirrorWindowBench.h"
+#include "mirror/view/MirrorPanelRig.h"
 
 namespace travo::test {
 namespace {
@@ -8,7 +8,7 @@ namespace {
 constexpr int On = 3;
 constexpr int Off = 4;
 
-class FormMirrorCtl2Test : public MirrorWindowBench {
+class FormMirrorCtl2Test : public MirrorWindowRig {
 protected:
     FormMirrorCtl2Test() {
         rig.OpenPorts();

@@ -1,11 +1,11 @@
 #include "mirror/view/FormMirrorCtl.h"
 
-#include "mirror/view/MirrorWindowBench.h"
+#include "mirror/view/MirrorPanelRig.h"
 
 namespace travo::test {
 namespace {
 
-class FormMirrorCtlTest : public MirrorWindowBench {
+class FormMirrorCtlTest : public MirrorWindowRig {
 protected:
     FormMirrorCtlTest() {
         rig.OpenPorts();

@@ -72,14 +72,14 @@ std::array<int, 18> Compare(long long side) {
     return met;
 }
 
-TEST(PadAreas, EveryQuarterPixelOfThePictureBelongsToItsArea) {
+TEST(PadAreasTest, EveryQuarterPixelOfThePictureBelongsToItsArea) {
     const std::array<int, 18> met = Compare(165);
     for (std::size_t area = 0; area < met.size(); ++area) {
         EXPECT_GT(met.at(area), 500) << area;
     }
 }
 
-TEST(PadAreas, AtOtherSizesEveryQuarterPixelBelongsToItsAreaToo) {
+TEST(PadAreasTest, AtOtherSizesEveryQuarterPixelBelongsToItsAreaToo) {
     for (long long side = 66; side <= 330; side += 11) {
         Compare(side);
     }
@@ -89,7 +89,7 @@ TEST(PadAreas, AtOtherSizesEveryQuarterPixelBelongsToItsAreaToo) {
 }
 
 // A display with another number of units to a pixel has more or fewer pixels for the same pad.
-TEST(PadAreas, OnDisplaysOfOtherScalesEveryPixelBelongsToItsArea) {
+TEST(PadAreasTest, OnDisplaysOfOtherScalesEveryPixelBelongsToItsArea) {
     for (const long long units : {12, 20, 30, 10, 6}) {
         for (const long long side : {107, 165, 330}) {
             const long long quartersToAPixel = 60 / units;
@@ -108,7 +108,7 @@ TEST(PadAreas, OnDisplaysOfOtherScalesEveryPixelBelongsToItsArea) {
     }
 }
 
-TEST(PadAreas, WherePixelsAreNotSquareTheWheelStaysRoundToTheEye) {
+TEST(PadAreasTest, WherePixelsAreNotSquareTheWheelStaysRoundToTheEye) {
     const PadView square{165, 15, 15};
     const PadView flat{165, 15, 7.5};
     for (int y = 1; y < 165; y += 3) {
@@ -127,14 +127,14 @@ TEST(PadAreas, WherePixelsAreNotSquareTheWheelStaysRoundToTheEye) {
 
 std::int16_t At(double x, double y) { return PadArea(QPointF(x, y), PadView{}); }
 
-TEST(PadAreas, APressExactlyOnARadiusOf27Point5FromTheCentreIsArea17) {
+TEST(PadAreasTest, APressExactlyOnARadiusOf27Point5FromTheCentreIsArea17) {
     EXPECT_EQ(At(109.5, 82), 17);
     EXPECT_EQ(At(54.5, 82), 17);
     EXPECT_EQ(At(109.5625, 82), 11);
     EXPECT_EQ(At(54.4375, 82), 15);
 }
 
-TEST(PadAreas, APressAtARadiusOf82Point6IsNoArea) {
+TEST(PadAreasTest, APressAtARadiusOf82Point6IsNoArea) {
     EXPECT_EQ(At(164.5, 82), 3) << "82.5";
     EXPECT_EQ(At(164.6, 82), 0);
     EXPECT_EQ(At(82, 165), 0);
@@ -142,7 +142,7 @@ TEST(PadAreas, APressAtARadiusOf82Point6IsNoArea) {
     EXPECT_EQ(At(165, 165), 0);
 }
 
-TEST(PadAreas, TheInnerRingEndsWithARadiusOf50Point5) {
+TEST(PadAreasTest, TheInnerRingEndsWithARadiusOf50Point5) {
     EXPECT_EQ(At(132.5, 82), 11);
     EXPECT_EQ(At(132.5625, 82), 3);
     EXPECT_EQ(At(31.5, 82), 15);
@@ -150,7 +150,7 @@ TEST(PadAreas, TheInnerRingEndsWithARadiusOf50Point5) {
 }
 
 // 82.5 goes down to 82, the even one.
-TEST(PadAreas, TheCentreIsRoundedToTheEvenPixel) {
+TEST(PadAreasTest, TheCentreIsRoundedToTheEvenPixel) {
     EXPECT_EQ(At(82, 0), 1) << "82 up";
     EXPECT_EQ(At(82, 164), 5) << "82 down";
     EXPECT_EQ(At(82, 165), 0) << "83 down";
@@ -163,7 +163,7 @@ TEST(PadAreas, TheCentreIsRoundedToTheEvenPixel) {
     EXPECT_EQ(PadArea(QPointF(0.25, 248), large), 0);
 }
 
-TEST(PadAreas, YIsRoundedToTheEvenPixelAndXIsNot) {
+TEST(PadAreasTest, YIsRoundedToTheEvenPixelAndXIsNot) {
     // The bar's upper limit is 70, its lower one 95; both are part of what lies above.
     EXPECT_EQ(At(20, 70.5), 8) << "70";
     EXPECT_EQ(At(20, 70.5625), 7) << "71";
@@ -176,7 +176,7 @@ TEST(PadAreas, YIsRoundedToTheEvenPixelAndXIsNot) {
     EXPECT_EQ(At(95.0625, 20), 2);
 }
 
-TEST(PadAreas, EverySectorHasItsNumberOnBothRings) {
+TEST(PadAreasTest, EverySectorHasItsNumberOnBothRings) {
     struct Case {
         double x;
         double y;
@@ -221,20 +221,20 @@ const std::array<Told, 18> AllAreas{{
     {"Centre", "Mirror to the centre", {}},
 }};
 
-TEST(PadAreas, EveryAreaMovesNoOtherWayThanItsOwnWithYBeforeX) {
+TEST(PadAreasTest, EveryAreaMovesNoOtherWayThanItsOwnWithYBeforeX) {
     for (std::int16_t area = 0; area <= 17; ++area) {
         EXPECT_EQ(PadMoves(area), AllAreas.at(static_cast<std::size_t>(area)).moves) << area;
     }
 }
 
-TEST(PadAreas, EveryAreaHasANameAndSaysWhatItDoes) {
+TEST(PadAreasTest, EveryAreaHasANameAndSaysWhatItDoes) {
     for (std::int16_t area = 1; area <= 17; ++area) {
         EXPECT_EQ(PadAreaName(area), QLatin1String(AllAreas.at(static_cast<std::size_t>(area)).name));
         EXPECT_EQ(PadAreaHelp(area), QLatin1String(AllAreas.at(static_cast<std::size_t>(area)).help));
     }
 }
 
-TEST(PadAreas, AnAreaBeyondTheTableIsAFailure) {
+TEST(PadAreasTest, AnAreaBeyondTheTableIsAFailure) {
     for (const std::int16_t area : std::to_array<std::int16_t>({-1, 18, 32767, -32768})) {
         EXPECT_THROW(PadMoves(area), BoundsFailure) << area;
         EXPECT_THROW(PadAreaName(area), BoundsFailure) << area;

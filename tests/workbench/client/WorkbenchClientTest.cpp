@@ -14,14 +14,14 @@ using std::chrono::milliseconds;
 using std::chrono::seconds;
 using travo::PositionXYZ;
 
-TEST(WorkbenchClient, WithoutAWorkbenchEveryCallIsAFailure) {
+TEST(WorkbenchClientTest, WithoutAWorkbenchEveryCallIsAFailure) {
     WorkbenchClient client;
     EXPECT_FALSE(client.WaitUntilReady(milliseconds(20)));
     EXPECT_THROW(client.TipOf(1), travo::Failure);
     EXPECT_THROW(client.Shutdown(), travo::Failure);
 }
 
-TEST(WorkbenchClient, MovesANeedleToAPlaceAndSeesItLandThere) {
+TEST(WorkbenchClientTest, MovesANeedleToAPlaceAndSeesItLandThere) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;
@@ -39,7 +39,7 @@ TEST(WorkbenchClient, MovesANeedleToAPlaceAndSeesItLandThere) {
     EXPECT_EQ(client.CountsOf(2), (PositionXYZ{counts[0] - 10, counts[1] + 20, counts[2] + 30}));
 }
 
-TEST(WorkbenchClient, ReadsCrossingsCellsAndViews) {
+TEST(WorkbenchClientTest, ReadsCrossingsCellsAndViews) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;
@@ -66,7 +66,7 @@ TEST(WorkbenchClient, ReadsCrossingsCellsAndViews) {
     }
 }
 
-TEST(WorkbenchClient, SetsAndClearsEveryFault) {
+TEST(WorkbenchClientTest, SetsAndClearsEveryFault) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;
@@ -86,7 +86,7 @@ TEST(WorkbenchClient, SetsAndClearsEveryFault) {
     EXPECT_EQ(client.Counters().at("refused"), 0);
 }
 
-TEST(WorkbenchClient, ARefusedCommandIsAFailureThatTellsWhy) {
+TEST(WorkbenchClientTest, ARefusedCommandIsAFailureThatTellsWhy) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;
@@ -102,7 +102,7 @@ TEST(WorkbenchClient, ARefusedCommandIsAFailureThatTellsWhy) {
     EXPECT_NO_THROW(client.Move(1, {0, 0, 0}));
 }
 
-TEST(WorkbenchClient, MountsANeedleWithErrors) {
+TEST(WorkbenchClientTest, MountsANeedleWithErrors) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;
@@ -111,7 +111,7 @@ TEST(WorkbenchClient, MountsANeedleWithErrors) {
     EXPECT_NEAR(tip.now[2], 3000.0 * 0.0174524, 0.01);
 }
 
-TEST(WorkbenchClient, WritesTheSettingsOfTheNeedlesAsTheyAreMounted) {
+TEST(WorkbenchClientTest, WritesTheSettingsOfTheNeedlesAsTheyAreMounted) {
     const QTemporaryDir folder;
     const WorkbenchProcess bench({QStringLiteral("--program-folder"), folder.path()});
     ASSERT_TRUE(bench.Ready());
@@ -125,7 +125,7 @@ TEST(WorkbenchClient, WritesTheSettingsOfTheNeedlesAsTheyAreMounted) {
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("other file.ini"))));
 }
 
-TEST(WorkbenchClient, AShutdownEndsTheWorkbench) {
+TEST(WorkbenchClientTest, AShutdownEndsTheWorkbench) {
     WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;

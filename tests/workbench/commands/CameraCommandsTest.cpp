@@ -40,15 +40,15 @@ private:
     int socket_;
 };
 
-class CameraCommands : public testing::Test {
+class CameraCommandsTest : public testing::Test {
 protected:
-    CameraCommands() {
+    CameraCommandsTest() {
         std::string folder = (std::filesystem::temp_directory_path() / "camera-XXXXXX").string();
         EXPECT_NE(mkdtemp(folder.data()), nullptr);
         folder_ = folder;
         bench_.emplace("", Path());
     }
-    ~CameraCommands() override {
+    ~CameraCommandsTest() override {
         bench_.reset();
         std::filesystem::remove_all(folder_);
     }
@@ -64,7 +64,7 @@ protected:
 
 }  // namespace
 
-TEST_F(CameraCommands, WithoutACameraProgramNoneRunsAndNothingCanBeHandedOn) {
+TEST_F(CameraCommandsTest, WithoutACameraProgramNoneRunsAndNothingCanBeHandedOn) {
     EXPECT_EQ(Ask("camera running"), "ok 0");
     for (const char* line :
          {"camera hide", "camera close", "camera kill", "camera hang 3", "camera fail 1"}) {
@@ -72,7 +72,7 @@ TEST_F(CameraCommands, WithoutACameraProgramNoneRunsAndNothingCanBeHandedOn) {
     }
 }
 
-TEST_F(CameraCommands, AProgramThatHangsRunsAndTakesALineUpLater) {
+TEST_F(CameraCommandsTest, AProgramThatHangsRunsAndTakesALineUpLater) {
     const SilentSocket camera(Path());
     EXPECT_EQ(Ask("camera hang 3"), "ok");
     EXPECT_EQ(camera.FirstHeard(), "hang 3\n");
@@ -80,7 +80,7 @@ TEST_F(CameraCommands, AProgramThatHangsRunsAndTakesALineUpLater) {
     EXPECT_EQ(Ask("camera running"), "ok 1");
 }
 
-TEST_F(CameraCommands, AProgramThatHasGoneLeavesASocketBehindAndDoesNotRun) {
+TEST_F(CameraCommandsTest, AProgramThatHasGoneLeavesASocketBehindAndDoesNotRun) {
     {
         const SilentSocket camera(Path());
         EXPECT_EQ(Ask("camera running"), "ok 1");
@@ -89,7 +89,7 @@ TEST_F(CameraCommands, AProgramThatHasGoneLeavesASocketBehindAndDoesNotRun) {
     EXPECT_EQ(Ask("camera running"), "ok 0");
 }
 
-TEST_F(CameraCommands, WhatIsOutOfRangeIsNotHandedOn) {
+TEST_F(CameraCommandsTest, WhatIsOutOfRangeIsNotHandedOn) {
     const SilentSocket camera(Path());
     EXPECT_EQ(Ask("camera hang 61"),
               "error \"camera hang\" is to be followed by <seconds> (0 to 60), not \"61\"");

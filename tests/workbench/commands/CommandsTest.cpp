@@ -13,7 +13,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk : Bench {
+struct CommandsRig : Bench {
     using Bench::Bench;
     std::string Ask(std::string_view line, Time now = milliseconds(100)) {
         return commands.Answer(line, now);
@@ -22,8 +22,8 @@ struct Desk : Bench {
 
 }  // namespace
 
-TEST(Commands, DriverCallsAnswerStatusAndValues) {
-    Desk desk;
+TEST(CommandsTest, DriverCallsAnswerStatusAndValues) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("driver getposition"), "status 0 1 9500 12500 12500");
     EXPECT_EQ(desk.Ask("driver select 2"), "status 0 1");
     EXPECT_EQ(desk.Ask("driver select 7"), "status 0 0");
@@ -37,8 +37,8 @@ TEST(Commands, DriverCallsAnswerStatusAndValues) {
     EXPECT_EQ(desk.Ask("counters"), "ok getposition 0 moveto 0 select 0 getcount 0 reconnect 0 refused 0");
 }
 
-TEST(Commands, AFailedDriverCallAnswersItsStatusAlone) {
-    Desk desk;
+TEST(CommandsTest, AFailedDriverCallAnswersItsStatusAlone) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("fault driver fail 2"), "ok");
     EXPECT_EQ(desk.Ask("fault list"), "ok fail");
     EXPECT_EQ(desk.Ask("driver getposition"), "status -1");
@@ -52,8 +52,8 @@ TEST(Commands, AFailedDriverCallAnswersItsStatusAlone) {
     EXPECT_EQ(desk.Ask("driver getcount"), "status 0 4");
 }
 
-TEST(Commands, OnlyDriverCallsWaitWhileTheDriverHangs) {
-    Desk desk;
+TEST(CommandsTest, OnlyDriverCallsWaitWhileTheDriverHangs) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("fault driver hang 0.5"), "ok");
     EXPECT_EQ(desk.Ask("fault list"), "ok hang");
     EXPECT_TRUE(desk.commands.MustWait("driver getcount", milliseconds(599)));
@@ -66,8 +66,8 @@ TEST(Commands, OnlyDriverCallsWaitWhileTheDriverHangs) {
     EXPECT_FALSE(desk.commands.MustWait("driver getcount", milliseconds(100)));
 }
 
-TEST(Commands, CountRangeAndHardwareFaultsReachTheDriver) {
-    Desk desk;
+TEST(CommandsTest, CountRangeAndHardwareFaultsReachTheDriver) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("hardware select 4"), "ok");
     EXPECT_EQ(desk.Ask("driver getposition"), "status 0 4 9500 12500 12500");
     EXPECT_EQ(desk.Ask("fault range 4"), "ok");
@@ -84,8 +84,8 @@ TEST(Commands, CountRangeAndHardwareFaultsReachTheDriver) {
     EXPECT_EQ(desk.Ask("hardware select 5"), "error this manipulator is not connected");
 }
 
-TEST(Commands, TheJoystickMovesANeedleWhateverIsSelected) {
-    Desk desk;
+TEST(CommandsTest, TheJoystickMovesANeedleWhateverIsSelected) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("world move 3 9900 12500 12500"), "ok");
     EXPECT_EQ(desk.Ask("world moving"), "ok 0 0 1 0");
     EXPECT_EQ(desk.Ask("world moving", milliseconds(200)), "ok 0 0 0 0");
@@ -95,8 +95,8 @@ TEST(Commands, TheJoystickMovesANeedleWhateverIsSelected) {
     EXPECT_TRUE(desk.Ask("world move 3 25001 0 0").starts_with("error "));
 }
 
-TEST(Commands, TheWorldTellsTrueTips) {
-    Desk desk;
+TEST(CommandsTest, TheWorldTellsTrueTips) {
+    CommandsRig desk;
     desk.Ask("mount 1 0");
     EXPECT_EQ(desk.Ask("world tip 1"), "ok -3000.000 0.000 0.000 -3000.000 0.000 0.000");
     desk.Ask("world move 1 9900 12500 12400");
@@ -104,16 +104,16 @@ TEST(Commands, TheWorldTellsTrueTips) {
               "ok -2800.000 0.000 50.000 -2600.000 0.000 100.000");
 }
 
-TEST(Commands, AimGivesTheCountsOfAPlace) {
-    Desk desk;
+TEST(CommandsTest, AimGivesTheCountsOfAPlace) {
+    CommandsRig desk;
     desk.Ask("mount 2 90");
     EXPECT_EQ(desk.Ask("world aim 2 10 20.4 -5"), "ok 12520 12510 12505");
     EXPECT_TRUE(desk.Ask("world aim 2 10 20 1e300").starts_with("error "));
     EXPECT_TRUE(desk.Ask("world aim 2 10 nan 1").starts_with("error "));
 }
 
-TEST(Commands, AMountIsToldAndChanged) {
-    Desk desk;
+TEST(CommandsTest, AMountIsToldAndChanged) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("mount 4 300 1.5 -2 10 20 30"), "ok");
     EXPECT_EQ(desk.Ask("mount 4"), "ok 300.000 1.500 -2.000 10.000 20.000 30.000");
     EXPECT_EQ(desk.Ask("mount 4 90"), "ok");
@@ -122,8 +122,8 @@ TEST(Commands, AMountIsToldAndChanged) {
     EXPECT_TRUE(desk.Ask("mount").starts_with("error "));
 }
 
-TEST(Commands, CrossingsAreListedAndForgotten) {
-    Desk desk;
+TEST(CommandsTest, CrossingsAreListedAndForgotten) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("world crossings"), "ok 0 0");
     desk.Ask("world move 2 12900 12500 12500");
     desk.Ask("world move 1 12900 12500 12500", milliseconds(2000));
@@ -134,29 +134,29 @@ TEST(Commands, CrossingsAreListedAndForgotten) {
     EXPECT_TRUE(desk.Ask("world crossings away").starts_with("error "));
 }
 
-TEST(Commands, TheViewAndTheCellsAreToldInCommonUnits) {
-    Desk desk;
+TEST(CommandsTest, TheViewAndTheCellsAreToldInCommonUnits) {
+    CommandsRig desk;
     EXPECT_EQ(desk.Ask("world view 10 0"), "ok -50.000 0.000");
     EXPECT_TRUE(desk.Ask("world view 181 0").starts_with("error "));
     EXPECT_TRUE(desk.Ask("world cells").starts_with("ok -84 45 420.000 -225.827 0.000 56 73 "));
 }
 
-TEST(Commands, SettingsAreWrittenToTheFileNamedOrIntoTheProgramFolder) {
+TEST(CommandsTest, SettingsAreWrittenToTheFileNamedOrIntoTheProgramFolder) {
     std::string folder = (std::filesystem::temp_directory_path() / "desk-XXXXXX").string();
     ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    Desk desk(folder);
+    CommandsRig desk(folder);
     EXPECT_EQ(desk.Ask("write-settings"), "ok");
     EXPECT_TRUE(std::filesystem::exists(folder + "/KVData.ini"));
     EXPECT_EQ(desk.Ask("write-settings " + folder + "/a  b.ini \r"), "ok");
     EXPECT_TRUE(std::filesystem::exists(folder + "/a  b.ini"));
     EXPECT_TRUE(desk.Ask("write-settings " + folder + "/missing/a.ini").starts_with("error "));
-    Desk homeless;
+    CommandsRig homeless;
     EXPECT_TRUE(homeless.Ask("write-settings").starts_with("error "));
     std::filesystem::remove_all(folder);
 }
 
-TEST(Commands, AShutdownIsAskedFor) {
-    Desk desk;
+TEST(CommandsTest, AShutdownIsAskedFor) {
+    CommandsRig desk;
     EXPECT_FALSE(desk.commands.ShutdownWanted());
     EXPECT_EQ(desk.Ask("ping"), "ok");
     EXPECT_EQ(desk.Ask("shutdown now"), "error nothing may follow \"shutdown\"");
@@ -165,8 +165,8 @@ TEST(Commands, AShutdownIsAskedFor) {
     EXPECT_TRUE(desk.commands.ShutdownWanted());
 }
 
-TEST(Commands, WhatIsNoCommandIsRefusedAndChangesNothing) {
-    Desk desk;
+TEST(CommandsTest, WhatIsNoCommandIsRefusedAndChangesNothing) {
+    CommandsRig desk;
     for (const char* line : {"",
                              "   ",
                              "\r",
@@ -218,8 +218,8 @@ TEST(Commands, WhatIsNoCommandIsRefusedAndChangesNothing) {
     EXPECT_EQ(desk.Ask("driver getposition"), "status 0 1 9500 12500 12500");
 }
 
-TEST(Commands, GarbageOfAnyKindIsAnsweredWithOneLine) {
-    Desk desk;
+TEST(CommandsTest, GarbageOfAnyKindIsAnsweredWithOneLine) {
+    CommandsRig desk;
     std::mt19937 random(7);
     std::uniform_int_distribution<int> byte(0, 255);
     std::uniform_int_distribution<std::size_t> length(0, 300);

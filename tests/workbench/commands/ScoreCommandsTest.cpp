@@ -25,7 +25,7 @@ struct Desk : Bench {
 
 }  // namespace
 
-TEST(ScoreCommands, TheNumberThatIsSelectedIsTold) {
+TEST(ScoreCommandsTest, TheNumberThatIsSelectedIsTold) {
     Desk desk;
     EXPECT_EQ(desk.Ask("hardware selected"), "ok 1");
     desk.Ask("hardware select 3");
@@ -34,13 +34,13 @@ TEST(ScoreCommands, TheNumberThatIsSelectedIsTold) {
     EXPECT_EQ(desk.Ask("hardware selected"), "ok 2");
 }
 
-TEST(ScoreCommands, TheClockCountsFromTheStart) {
+TEST(ScoreCommandsTest, TheClockCountsFromTheStart) {
     Desk desk;
     EXPECT_EQ(desk.Ask("world clock", 0), "ok 0.000");
     EXPECT_EQ(desk.commands.Answer("world clock", std::chrono::microseconds(1234567)), "ok 1234.567");
 }
 
-TEST(ScoreCommands, ALandingIsToldWithItsCellAndForgotten) {
+TEST(ScoreCommandsTest, ALandingIsToldWithItsCellAndForgotten) {
     Desk desk;
     EXPECT_EQ(desk.Ask("world landing"), "ok 0 0.000");
     desk.Ask("driver moveto" + desk.CountsOnCell(4), 1000);
@@ -71,14 +71,14 @@ TEST(ScoreCommands, ALandingIsToldWithItsCellAndForgotten) {
     EXPECT_EQ(desk.Ask("world landing"), "ok 0 0.000");
 }
 
-TEST(ScoreCommands, ALandingInTheViewIsOnCellZero) {
+TEST(ScoreCommandsTest, ALandingInTheViewIsOnCellZero) {
     Desk desk;
     desk.Ask("focus move 500", 0);
     desk.Ask("driver moveto 12503 12500 12500", 1000);
     EXPECT_EQ(desk.Ask("world landing", 5000), "ok 1 3.000 1 0 3.000 -5.000 1750.750 0.000 0.000");
 }
 
-TEST(ScoreCommands, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeIt) {
+TEST(ScoreCommandsTest, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeIt) {
     Desk desk;
     desk.Ask("driver moveto 12429 12429 12500", 0);
     desk.Ask("mirror move 180 0", 682);
@@ -93,7 +93,7 @@ TEST(ScoreCommands, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeIt) {
     EXPECT_LT(worst, 2.0);
 }
 
-TEST(ScoreCommands, DriverCallsAndWhatBecomesOfThemAreTraffic) {
+TEST(ScoreCommandsTest, DriverCallsAndWhatBecomesOfThemAreTraffic) {
     Desk desk;
     desk.Ask("driver getposition", 1);
     desk.Ask("driver select 2", 2);
@@ -111,7 +111,7 @@ TEST(ScoreCommands, DriverCallsAndWhatBecomesOfThemAreTraffic) {
     EXPECT_EQ(desk.Ask("traffic 6", 200), "ok 7 0 104.000/world/event/arrived\\x202");
 }
 
-TEST(ScoreCommands, LandingsAndCrossingsAreTrafficOfTheWorldAndWiresAreNamed) {
+TEST(ScoreCommandsTest, LandingsAndCrossingsAreTrafficOfTheWorldAndWiresAreNamed) {
     Desk desk;
     desk.instruments.WireOf(WireName::Gauge).SetOpen(true, milliseconds(0));
     desk.instruments.WireOf(WireName::Gauge).Receive("Ar\r\n", milliseconds(1));
@@ -127,7 +127,7 @@ TEST(ScoreCommands, LandingsAndCrossingsAreTrafficOfTheWorldAndWiresAreNamed) {
         << answer;
 }
 
-TEST(ScoreCommands, WhatIsLeftOfACountingFaultIsTold) {
+TEST(ScoreCommandsTest, WhatIsLeftOfACountingFaultIsTold) {
     Desk desk;
     EXPECT_EQ(desk.Ask("fault left"), "ok");
     const std::array<std::pair<const char*, const char*>, 7> faults = {
@@ -152,7 +152,7 @@ TEST(ScoreCommands, WhatIsLeftOfACountingFaultIsTold) {
     EXPECT_EQ(desk.Ask("fault left"), "ok fail 2");
 }
 
-TEST(ScoreCommands, ACutThatWaitsCanBeEnded) {
+TEST(ScoreCommandsTest, ACutThatWaitsCanBeEnded) {
     Desk desk;
     desk.Ask("fault mirror cut 0");
     EXPECT_EQ(desk.Ask("fault list"), "ok mirror:cut");
@@ -160,7 +160,7 @@ TEST(ScoreCommands, ACutThatWaitsCanBeEnded) {
     EXPECT_EQ(desk.Ask("fault list"), "ok");
 }
 
-TEST(ScoreCommands, BothFlagsHeldUpAreListed) {
+TEST(ScoreCommandsTest, BothFlagsHeldUpAreListed) {
     Desk desk;
     desk.Ask("fault mirror limit x on");
     desk.Ask("fault mirror limit y on");
@@ -169,7 +169,7 @@ TEST(ScoreCommands, BothFlagsHeldUpAreListed) {
     EXPECT_EQ(desk.Ask("fault list"), "ok mirror:limit mirror:limity");
 }
 
-TEST(NeedleCommands, EachImperfectionIsListedToldAndEnded) {
+TEST(NeedleCommandsTest, EachImperfectionIsListedToldAndEnded) {
     Desk desk;
     const std::array<std::array<const char*, 3>, 4> imperfections = {
         {{"needle noise 1 2.5", " needle1:noise", "2.500 0 0 0 0.000 0.000 0.000 0.000 0.000 0.000"},
@@ -192,7 +192,7 @@ TEST(NeedleCommands, EachImperfectionIsListedToldAndEnded) {
     EXPECT_EQ(desk.Ask("fault list"), "ok needle1:bend");
 }
 
-TEST(NeedleCommands, NoiseIsOfTheReadingsAloneAndTheSameInEveryRun) {
+TEST(NeedleCommandsTest, NoiseIsOfTheReadingsAloneAndTheSameInEveryRun) {
     Desk desk;
     desk.Ask("needle noise 1 5");
     const std::string noisy = desk.Ask("driver getposition");
@@ -206,7 +206,7 @@ TEST(NeedleCommands, NoiseIsOfTheReadingsAloneAndTheSameInEveryRun) {
     EXPECT_EQ(desk.Ask("driver getposition"), "status 0 2 9500 12500 12500");
 }
 
-TEST(NeedleCommands, BendAndPlayShowInTheTipAndNotInTheCounts) {
+TEST(NeedleCommandsTest, BendAndPlayShowInTheTipAndNotInTheCounts) {
     Desk desk;
     desk.Ask("mount 1 0", 0);
     desk.Ask("needle bend 1 10 -20 30", 0);

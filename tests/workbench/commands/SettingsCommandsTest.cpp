@@ -14,15 +14,15 @@ using std::chrono::milliseconds;
 
 namespace {
 
-class SettingsCommands : public testing::Test {
+class SettingsCommandsTest : public testing::Test {
 protected:
-    SettingsCommands() {
+    SettingsCommandsTest() {
         std::string folder = (std::filesystem::temp_directory_path() / "settings-XXXXXX").string();
         EXPECT_NE(mkdtemp(folder.data()), nullptr);
         folder_ = folder;
         bench_.emplace(folder);
     }
-    ~SettingsCommands() override {
+    ~SettingsCommandsTest() override {
         bench_.reset();
         std::filesystem::remove_all(folder_);
     }
@@ -48,7 +48,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SettingsCommands, TheDeskBeginsWithStandOffsPortsPlacesAndOpenWindows) {
+TEST_F(SettingsCommandsTest, TheDeskBeginsWithStandOffsPortsPlacesAndOpenWindows) {
     EXPECT_EQ(Ask("as-new"), "ok");
     const std::string text = Written();
     for (const char* part :
@@ -64,7 +64,7 @@ TEST_F(SettingsCommands, TheDeskBeginsWithStandOffsPortsPlacesAndOpenWindows) {
     EXPECT_EQ(CountOf(text, "[User_Value]"), 1U);
 }
 
-TEST_F(SettingsCommands, NoTwoWindowsOfTheDeskLieOverEachOtherOrOverTheWorkbench) {
+TEST_F(SettingsCommandsTest, NoTwoWindowsOfTheDeskLieOverEachOtherOrOverTheWorkbench) {
     struct Place {
         int left, top, right, bottom;
     };
@@ -96,7 +96,7 @@ TEST_F(SettingsCommands, NoTwoWindowsOfTheDeskLieOverEachOtherOrOverTheWorkbench
     }
 }
 
-TEST_F(SettingsCommands, NothingIsWrittenAsNewWhileAnyPortIsOpen) {
+TEST_F(SettingsCommandsTest, NothingIsWrittenAsNewWhileAnyPortIsOpen) {
     for (const WireName name : {WireName::Mirror, WireName::Gauge, WireName::Motor}) {
         bench_->instruments.WireOf(name).SetOpen(true, milliseconds(0));
         EXPECT_EQ(Ask("as-new"), "error somebody has a port open: close TRAVO first");
@@ -107,7 +107,7 @@ TEST_F(SettingsCommands, NothingIsWrittenAsNewWhileAnyPortIsOpen) {
     EXPECT_TRUE(std::filesystem::exists(folder_ + "/an other.ini"));
 }
 
-TEST_F(SettingsCommands, ForTourAndTestsTheOffsetsAreZeroAndNothingElseIsSet) {
+TEST_F(SettingsCommandsTest, ForTourAndTestsTheOffsetsAreZeroAndNothingElseIsSet) {
     bench_->instruments.WireOf(WireName::Mirror).SetOpen(true, milliseconds(0));
     EXPECT_EQ(Ask("write-settings ports"), "ok");
     const std::string text = Written();

@@ -162,7 +162,7 @@ std::string Contents(const std::filesystem::path& path) {
 
 }  // namespace
 
-TEST(SettingsWriter, TheMapGivesTheTrueTipWithin2UnitsOver900ForAllDefaultMounts) {
+TEST(SettingsWriterTest, TheMapGivesTheTrueTipWithin2UnitsOver900ForAllDefaultMounts) {
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         for (const bool storedCentre : {true, false}) {
             const Mount mount = DefaultMount(needle);
@@ -175,7 +175,7 @@ TEST(SettingsWriter, TheMapGivesTheTrueTipWithin2UnitsOver900ForAllDefaultMounts
     }
 }
 
-TEST(SettingsWriter, ATargetLandsWithin2UnitsOver900ForAllDefaultMounts) {
+TEST(SettingsWriterTest, ATargetLandsWithin2UnitsOver900ForAllDefaultMounts) {
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         for (const bool storedCentre : {true, false}) {
             const Mount mount = DefaultMount(needle);
@@ -188,7 +188,7 @@ TEST(SettingsWriter, ATargetLandsWithin2UnitsOver900ForAllDefaultMounts) {
     }
 }
 
-TEST(SettingsWriter, AFreeHeadingOrAnOffCentreCalibrationCostsAtMost11Units) {
+TEST(SettingsWriterTest, AFreeHeadingOrAnOffCentreCalibrationCostsAtMost11Units) {
     double worstFree = 0.0;
     for (int tenths = 0; tenths < 3600; tenths += 17) {
         const Mount mount = HomedMount(tenths / 10.0);
@@ -208,7 +208,7 @@ TEST(SettingsWriter, AFreeHeadingOrAnOffCentreCalibrationCostsAtMost11Units) {
     RecordProperty("off_centre", std::to_string(worstOff));
 }
 
-TEST(SettingsWriter, AYawAndATiltShowTheirCost) {
+TEST(SettingsWriterTest, AYawAndATiltShowTheirCost) {
     const Mount yawed = HomedMount(45.0, 1.3);
     const double yawCost = LandingError(yawed, MapsOf(yawed, {}, true));
     EXPECT_GT(yawCost, 2.0);
@@ -220,7 +220,7 @@ TEST(SettingsWriter, AYawAndATiltShowTheirCost) {
     RecordProperty("tilt_1", std::to_string(tiltCost));
 }
 
-TEST(SettingsWriter, ThePointsAreApexLeftRightAndTheRaisedApex) {
+TEST(SettingsWriterTest, ThePointsAreApexLeftRightAndTheRaisedApex) {
     const Mount mount = DefaultMount(0);
     const NeedleCalibration calibration = CalibrationOf(mount, {});
     const std::array<Vector, 4> marks = {
@@ -232,7 +232,7 @@ TEST(SettingsWriter, ThePointsAreApexLeftRightAndTheRaisedApex) {
     EXPECT_EQ(calibration.centre, (PositionXYZ{HomeCount, HomeCount, HomeCount}));
 }
 
-TEST(SettingsWriter, ACalibrationElsewhereRecordsThatView) {
+TEST(SettingsWriterTest, ACalibrationElsewhereRecordsThatView) {
     const CalibrationView view{20, -30, 250};
     const Mount mount = DefaultMount(3);
     const NeedleCalibration calibration = CalibrationOf(mount, view);
@@ -241,7 +241,7 @@ TEST(SettingsWriter, ACalibrationElsewhereRecordsThatView) {
     EXPECT_LT(DistanceOf(TipOf(mount, Exact(calibration.centre)), {centre[0], centre[1], 250.0}), 0.9);
 }
 
-TEST(SettingsWriter, AMarkOutOfReachIsRefused) {
+TEST(SettingsWriterTest, AMarkOutOfReachIsRefused) {
     Mount mount = DefaultMount(0);
     mount.offset[2] = -100.0;
     EXPECT_THROW(CalibrationOf(mount, {}), travo::BoundsFailure);
@@ -251,7 +251,7 @@ std::string AxisKey(std::size_t needle, const std::string& name, std::size_t axi
     return "Manipulator Calibration:" + std::to_string(needle) + "/" + name + ",XYZ:" + std::to_string(axis);
 }
 
-TEST(SettingsWriter, TheTextHoldsEveryKeyOfEveryNeedleAndBothOffsets) {
+TEST(SettingsWriterTest, TheTextHoldsEveryKeyOfEveryNeedleAndBothOffsets) {
     std::array<NeedleCalibration, travo::NeedleCount> calibrations;
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         calibrations[static_cast<std::size_t>(needle)] = CalibrationOf(DefaultMount(needle), {});
@@ -275,7 +275,7 @@ TEST(SettingsWriter, TheTextHoldsEveryKeyOfEveryNeedleAndBothOffsets) {
     }
 }
 
-TEST(SettingsWriter, EveryLineEndsWithCrLf) {
+TEST(SettingsWriterTest, EveryLineEndsWithCrLf) {
     const std::array<NeedleCalibration, 1> calibrations = {CalibrationOf(DefaultMount(0), {})};
     const std::string text = SettingsText(calibrations, SomeTime);
     EXPECT_EQ(text.substr(0, 26), "[User_Value]\r\nXYOffset=0\r\n");
@@ -286,7 +286,7 @@ TEST(SettingsWriter, EveryLineEndsWithCrLf) {
     }
 }
 
-TEST(SettingsWriter, AnOlderFileIsReplacedAndNothingIsLeftBesideIt) {
+TEST(SettingsWriterTest, AnOlderFileIsReplacedAndNothingIsLeftBesideIt) {
     const TemporaryFolder folder;
     const auto path = folder.Path() / "KVData.ini";
     std::ofstream(path) << std::string(10000, 'x');
@@ -295,7 +295,7 @@ TEST(SettingsWriter, AnOlderFileIsReplacedAndNothingIsLeftBesideIt) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
-TEST(SettingsWriter, AFileThatCannotBeWrittenIsAFailure) {
+TEST(SettingsWriterTest, AFileThatCannotBeWrittenIsAFailure) {
     const TemporaryFolder folder;
     EXPECT_THROW(WriteSettings((folder.Path() / "missing" / "KVData.ini").string(), "x"), std::system_error);
     EXPECT_THROW(WriteSettings(folder.Path().string(), "x"), std::system_error);

@@ -11,7 +11,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk : Bench {
+struct WireCommandsRig : Bench {
     using Bench::Bench;
     std::string Ask(std::string_view line, int at = 100) { return commands.Answer(line, milliseconds(at)); }
     std::string Sent(WireName name, int at) {
@@ -26,8 +26,8 @@ struct Desk : Bench {
 
 }  // namespace
 
-TEST(WireCommands, TheOpticsAreToldNowAndAtRest) {
-    Desk desk;
+TEST(WireCommandsTest, TheOpticsAreToldNowAndAtRest) {
+    WireCommandsRig desk;
     EXPECT_EQ(desk.Ask("mirror move 80 -80", 0), "ok");
     EXPECT_EQ(desk.Ask("mirror state", 100), "ok 40.000 -40.000 80.000 -80.000 1 0 0");
     EXPECT_EQ(desk.Ask("world view", 100), "ok -200.000 200.730 -400.000 401.564");
@@ -43,8 +43,8 @@ TEST(WireCommands, TheOpticsAreToldNowAndAtRest) {
     EXPECT_EQ(desk.Ask("magnification"), "ok 3");
 }
 
-TEST(WireCommands, TheCameraGetsAllInOneLine) {
-    Desk desk;
+TEST(WireCommandsTest, TheCameraGetsAllInOneLine) {
+    WireCommandsRig desk;
     desk.Ask("fault count 3", 0);
     const std::string state = desk.Ask("camera state", 0);
     EXPECT_TRUE(
@@ -56,8 +56,8 @@ TEST(WireCommands, TheCameraGetsAllInOneLine) {
         << state;
 }
 
-TEST(WireCommands, WiresAreListedAndCount) {
-    Desk desk;
+TEST(WireCommandsTest, WiresAreListedAndCount) {
+    WireCommandsRig desk;
     desk.Open(WireName::Gauge);
     desk.instruments.WireOf(WireName::Gauge).Receive("Ar\r\nAr\r\n", milliseconds(0));
     EXPECT_EQ(desk.Ask("wire list"), "ok mirror 1 1 0 gauge 2 1 1 motor 3 1 0");
@@ -66,8 +66,8 @@ TEST(WireCommands, WiresAreListedAndCount) {
     EXPECT_EQ(desk.Ask("wire counters gauge"), "ok");
 }
 
-TEST(WireCommands, TheGaugesKeyIsRefusedWhileItsKeysAreDisabled) {
-    Desk desk;
+TEST(WireCommandsTest, TheGaugesKeyIsRefusedWhileItsKeysAreDisabled) {
+    WireCommandsRig desk;
     desk.Ask("focus move 100", 0);
     EXPECT_EQ(desk.Ask("gauge keys"), "ok 1");
     EXPECT_EQ(desk.Ask("gauge zero"), "ok");
@@ -77,8 +77,8 @@ TEST(WireCommands, TheGaugesKeyIsRefusedWhileItsKeysAreDisabled) {
     EXPECT_EQ(desk.Ask("gauge zero"), "error the keys of the gauge are disabled");
 }
 
-TEST(WireCommands, EveryFaultIsListedWhileItIsOnAndClearEndsThemAll) {
-    Desk desk;
+TEST(WireCommandsTest, EveryFaultIsListedWhileItIsOnAndClearEndsThemAll) {
+    WireCommandsRig desk;
     const std::array<std::pair<const char*, const char*>, 15> faults = {
         {{"fault mirror silent on", " mirror:silent"},
          {"fault gauge silent 1", " gauge:silent"},
@@ -106,8 +106,8 @@ TEST(WireCommands, EveryFaultIsListedWhileItIsOnAndClearEndsThemAll) {
     EXPECT_EQ(desk.Ask("fault list"), "ok fail mirror:silent");
 }
 
-TEST(WireCommands, FaultsReachTheWire) {
-    Desk desk;
+TEST(WireCommandsTest, FaultsReachTheWire) {
+    WireCommandsRig desk;
     desk.Open(WireName::Mirror);
     desk.Open(WireName::Motor);
     EXPECT_EQ(desk.Ask("fault mirror cut 3", 0), "ok");
@@ -124,8 +124,8 @@ TEST(WireCommands, FaultsReachTheWire) {
     EXPECT_FALSE(desk.world.Optics().MirrorMotorsOn());
 }
 
-TEST(WireCommands, WhatIsWrongIsRefusedWithASentence) {
-    Desk desk;
+TEST(WireCommandsTest, WhatIsWrongIsRefusedWithASentence) {
+    WireCommandsRig desk;
     for (const char* line : {"mirror",
                              "mirror move 1",
                              "mirror move 1 x",

@@ -55,20 +55,20 @@ void ExpectAlive() {
 
 }  // namespace
 
-TEST(ControlServer, ItSaysWhereItListensWhenItIsReady) {
+TEST(ControlServerTest, ItSaysWhereItListensWhenItIsReady) {
     const WorkbenchProcess bench;
     EXPECT_EQ(bench.ReadyLine(), QStringLiteral("travo-workbench: ready at ") + Socket());
     ExpectAlive();
 }
 
-TEST(ControlServer, TheSocketIsForItsUserAlone) {
+TEST(ControlServerTest, TheSocketIsForItsUserAlone) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
     EXPECT_FALSE(QFile::permissions(Socket()) & others);
 }
 
-TEST(ControlServer, SigtermEndsItCleanlyAndTakesTheSocketAway) {
+TEST(ControlServerTest, SigtermEndsItCleanlyAndTakesTheSocketAway) {
     WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     ASSERT_TRUE(QFile::exists(Socket()));
@@ -77,7 +77,7 @@ TEST(ControlServer, SigtermEndsItCleanlyAndTakesTheSocketAway) {
     EXPECT_FALSE(QFile::exists(Socket()));
 }
 
-TEST(ControlServer, TheEndOfItsInputEndsIt) {
+TEST(ControlServerTest, TheEndOfItsInputEndsIt) {
     WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     bench.Process().write("this is not read as a command\n");
@@ -86,7 +86,7 @@ TEST(ControlServer, TheEndOfItsInputEndsIt) {
     EXPECT_FALSE(QFile::exists(Socket()));
 }
 
-TEST(ControlServer, ASecondWorkbenchOnTheSameSocketIsRefusedAndDoesNotDisturbTheFirst) {
+TEST(ControlServerTest, ASecondWorkbenchOnTheSameSocketIsRefusedAndDoesNotDisturbTheFirst) {
     const WorkbenchProcess first;
     ASSERT_TRUE(first.Ready());
     WorkbenchProcess second;
@@ -97,7 +97,7 @@ TEST(ControlServer, ASecondWorkbenchOnTheSameSocketIsRefusedAndDoesNotDisturbThe
     ExpectAlive();
 }
 
-TEST(ControlServer, ASocketLeftByAKilledWorkbenchIsReplaced) {
+TEST(ControlServerTest, ASocketLeftByAKilledWorkbenchIsReplaced) {
     {
         WorkbenchProcess killed;
         ASSERT_TRUE(killed.Ready());
@@ -109,13 +109,13 @@ TEST(ControlServer, ASocketLeftByAKilledWorkbenchIsReplaced) {
     ExpectAlive();
 }
 
-TEST(ControlServer, AProgramFolderThatIsNotThereIsRefused) {
+TEST(ControlServerTest, AProgramFolderThatIsNotThereIsRefused) {
     WorkbenchProcess bench({QStringLiteral("--program-folder"), QStringLiteral("/nowhere/at/all")});
     EXPECT_EQ(bench.ExitCode(), 1);
     EXPECT_TRUE(bench.Process().readAllStandardError().contains("there is no such program folder"));
 }
 
-TEST(ControlServer, ARuntimeFolderThatIsTooLongForASocketIsRefusedWithASentence) {
+TEST(ControlServerTest, ARuntimeFolderThatIsTooLongForASocketIsRefusedWithASentence) {
     const QTemporaryDir folder;
     QDir(folder.path()).mkpath(QString(150, QLatin1Char('x')));
     QProcess process;
@@ -128,7 +128,7 @@ TEST(ControlServer, ARuntimeFolderThatIsTooLongForASocketIsRefusedWithASentence)
     EXPECT_TRUE(process.readAllStandardError().contains("the socket cannot be opened"));
 }
 
-TEST(ControlServer, GarbageIsAnsweredLineByLineAndTheConnectionGoesOn) {
+TEST(ControlServerTest, GarbageIsAnsweredLineByLineAndTheConnectionGoesOn) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto client = Connected();
@@ -140,7 +140,7 @@ TEST(ControlServer, GarbageIsAnsweredLineByLineAndTheConnectionGoesOn) {
     EXPECT_EQ(NextLine(*client), "ok\n");
 }
 
-TEST(ControlServer, AClientWithAnEndlessLineIsDroppedAndTheOthersGoOn) {
+TEST(ControlServerTest, AClientWithAnEndlessLineIsDroppedAndTheOthersGoOn) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto client = Connected();
@@ -149,7 +149,7 @@ TEST(ControlServer, AClientWithAnEndlessLineIsDroppedAndTheOthersGoOn) {
     ExpectAlive();
 }
 
-TEST(ControlServer, ALineInPiecesIsOneLine) {
+TEST(ControlServerTest, ALineInPiecesIsOneLine) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto client = Connected();
@@ -161,7 +161,7 @@ TEST(ControlServer, ALineInPiecesIsOneLine) {
     EXPECT_EQ(NextLine(*client), "ok\n");
 }
 
-TEST(ControlServer, ManyLinesAtOnceAreAnsweredInTheirOrder) {
+TEST(ControlServerTest, ManyLinesAtOnceAreAnsweredInTheirOrder) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto client = Connected();
@@ -178,7 +178,7 @@ TEST(ControlServer, ManyLinesAtOnceAreAnsweredInTheirOrder) {
     EXPECT_EQ(asker.Counters().at("moveto"), 2000);
 }
 
-TEST(ControlServer, ClientsThatVanishInTheMiddleDoNoHarm) {
+TEST(ControlServerTest, ClientsThatVanishInTheMiddleDoNoHarm) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     for (int i = 0; i < 100; ++i) {
@@ -189,7 +189,7 @@ TEST(ControlServer, ClientsThatVanishInTheMiddleDoNoHarm) {
     ExpectAlive();
 }
 
-TEST(ControlServer, AClientThatVanishesWhileTheDriverHangsTakesItsCallAlong) {
+TEST(ControlServerTest, AClientThatVanishesWhileTheDriverHangsTakesItsCallAlong) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient asker;
@@ -206,7 +206,7 @@ TEST(ControlServer, AClientThatVanishesWhileTheDriverHangsTakesItsCallAlong) {
     EXPECT_EQ(asker.Counters().at("moveto"), 0);
 }
 
-TEST(ControlServer, AClientThatPilesUpCallsWhileTheDriverHangsIsDropped) {
+TEST(ControlServerTest, AClientThatPilesUpCallsWhileTheDriverHangsIsDropped) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient asker;
@@ -217,7 +217,7 @@ TEST(ControlServer, AClientThatPilesUpCallsWhileTheDriverHangsIsDropped) {
     EXPECT_EQ(asker.Ask("ping"), "");
 }
 
-TEST(ControlServer, AClientThatReadsNoAnswersIsDropped) {
+TEST(ControlServerTest, AClientThatReadsNoAnswersIsDropped) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const auto client = Connected();
@@ -231,7 +231,7 @@ TEST(ControlServer, AClientThatReadsNoAnswersIsDropped) {
     ExpectAlive();
 }
 
-TEST(ControlServer, ClientsBeyondTheMostAreTurnedAwayAndTheirPlacesComeFree) {
+TEST(ControlServerTest, ClientsBeyondTheMostAreTurnedAwayAndTheirPlacesComeFree) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     std::vector<std::unique_ptr<QLocalSocket>> clients;

@@ -64,7 +64,7 @@ private:
 
 }  // namespace
 
-TEST(DriverLibrary, ExportsTheFiveOperationsAndNothingElse) {
+TEST(DriverLibraryTest, ExportsTheFiveOperationsAndNothingElse) {
     QProcess lister;
     lister.start(QStringLiteral("nm"),
                  {QStringLiteral("-D"), QStringLiteral("--defined-only"),
@@ -79,7 +79,7 @@ TEST(DriverLibrary, ExportsTheFiveOperationsAndNothingElse) {
         << names.join(QStringLiteral(" ")).toStdString();
 }
 
-TEST(DriverLibrary, EveryOperationIsAnExchangeWithTheWorkbench) {
+TEST(DriverLibraryTest, EveryOperationIsAnExchangeWithTheWorkbench) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -105,7 +105,7 @@ TEST(DriverLibrary, EveryOperationIsAnExchangeWithTheWorkbench) {
     EXPECT_EQ(counters.at("reconnect"), 1);
 }
 
-TEST(DriverLibrary, AnswersThatAreRefusalsAreNegativeAndLeaveTheValuesAlone) {
+TEST(DriverLibraryTest, AnswersThatAreRefusalsAreNegativeAndLeaveTheValuesAlone) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -122,7 +122,7 @@ TEST(DriverLibrary, AnswersThatAreRefusalsAreNegativeAndLeaveTheValuesAlone) {
     EXPECT_EQ(driver.Count(), 0);
 }
 
-TEST(DriverLibrary, AMissingPlaceForAnAnswerIsANegativeStatus) {
+TEST(DriverLibraryTest, AMissingPlaceForAnAnswerIsANegativeStatus) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -132,7 +132,7 @@ TEST(DriverLibrary, AMissingPlaceForAnAnswerIsANegativeStatus) {
     EXPECT_EQ(driver.getCount(nullptr), NoPlaceForAnswer);
 }
 
-TEST(DriverLibrary, WithoutAWorkbenchEveryOperationIsANegativeStatus) {
+TEST(DriverLibraryTest, WithoutAWorkbenchEveryOperationIsANegativeStatus) {
     const Driver driver;
     Position position;
     std::int32_t value = 0;
@@ -143,7 +143,7 @@ TEST(DriverLibrary, WithoutAWorkbenchEveryOperationIsANegativeStatus) {
     EXPECT_EQ(driver.reconnect(), NoWorkbench);
 }
 
-TEST(DriverLibrary, AHangGivesANegativeStatusWhileItStillLasts) {
+TEST(DriverLibraryTest, AHangGivesANegativeStatusWhileItStillLasts) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -158,7 +158,7 @@ TEST(DriverLibrary, AHangGivesANegativeStatusWhileItStillLasts) {
     EXPECT_EQ(position.number, 1);
 }
 
-TEST(DriverLibrary, ACallThatAHangSwallowedIsNotMadeLater) {
+TEST(DriverLibraryTest, ACallThatAHangSwallowedIsNotMadeLater) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -171,7 +171,7 @@ TEST(DriverLibrary, ACallThatAHangSwallowedIsNotMadeLater) {
     EXPECT_EQ(client.Counters().at("moveto"), 0);
 }
 
-TEST(DriverLibrary, AHangThatEndsWithinTheLimitOnlyMakesTheCallSlow) {
+TEST(DriverLibraryTest, AHangThatEndsWithinTheLimitOnlyMakesTheCallSlow) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     const Driver driver;
@@ -180,7 +180,7 @@ TEST(DriverLibrary, AHangThatEndsWithinTheLimitOnlyMakesTheCallSlow) {
     EXPECT_EQ(driver.Count(), 4);
 }
 
-TEST(DriverLibrary, AKilledWorkbenchIsANegativeStatusAndARestartedOneWorksAgain) {
+TEST(DriverLibraryTest, AKilledWorkbenchIsANegativeStatusAndARestartedOneWorksAgain) {
     const Driver driver;
     {
         WorkbenchProcess bench;
@@ -195,7 +195,7 @@ TEST(DriverLibrary, AKilledWorkbenchIsANegativeStatusAndARestartedOneWorksAgain)
     EXPECT_EQ(driver.Count(), 4);
 }
 
-TEST(DriverLibrary, AWorkbenchRestartedBetweenTwoCallsIsFoundByTheNext) {
+TEST(DriverLibraryTest, AWorkbenchRestartedBetweenTwoCallsIsFoundByTheNext) {
     const Driver driver;
     {
         const WorkbenchProcess bench;

@@ -31,7 +31,7 @@ int AsAnOrdinaryUser(Body body) {
 
 }  // namespace
 
-TEST(PseudoTerminal, ShowsWhetherAnybodyHasItOpenFromTheVeryBeginning) {
+TEST(PseudoTerminalTest, ShowsWhetherAnybodyHasItOpenFromTheVeryBeginning) {
     const PseudoTerminal terminal;
     EXPECT_FALSE(terminal.IsOpen());
     {
@@ -46,7 +46,7 @@ TEST(PseudoTerminal, ShowsWhetherAnybodyHasItOpenFromTheVeryBeginning) {
     EXPECT_FALSE(terminal.IsOpen());
 }
 
-TEST(PseudoTerminal, IsRawAtEveryOpening) {
+TEST(PseudoTerminalTest, IsRawAtEveryOpening) {
     PseudoTerminal terminal;
     EXPECT_TRUE(TestPort(terminal.Name()).IsRaw());
     EXPECT_TRUE(TestPort(terminal.Name()).IsRaw());
@@ -54,7 +54,7 @@ TEST(PseudoTerminal, IsRawAtEveryOpening) {
     EXPECT_TRUE(TestPort(terminal.Name()).IsRaw());
 }
 
-TEST(PseudoTerminal, CarriesEveryByteBothWays) {
+TEST(PseudoTerminalTest, CarriesEveryByteBothWays) {
     PseudoTerminal terminal;
     TestPort port(terminal.Name());
     std::string all;
@@ -71,7 +71,7 @@ TEST(PseudoTerminal, CarriesEveryByteBothWays) {
     EXPECT_EQ(received, all);
 }
 
-TEST(PseudoTerminal, WhatWasWrittenBeforeAClosingIsStillRead) {
+TEST(PseudoTerminalTest, WhatWasWrittenBeforeAClosingIsStillRead) {
     PseudoTerminal terminal;
     TestPort(terminal.Name()).Write("KEYON\r\n");
     EXPECT_FALSE(terminal.IsOpen());
@@ -82,14 +82,14 @@ TEST(PseudoTerminal, WhatWasWrittenBeforeAClosingIsStillRead) {
     EXPECT_EQ(received, "KEYON\r\n");
 }
 
-TEST(PseudoTerminal, WritingToAReaderThatDoesNotReadEnds) {
+TEST(PseudoTerminalTest, WritingToAReaderThatDoesNotReadEnds) {
     PseudoTerminal terminal;
     const TestPort port(terminal.Name());
     terminal.Write(std::string(1 << 20, 'x'));
     EXPECT_TRUE(terminal.IsOpen());
 }
 
-TEST(PseudoTerminal, RefreshedItHasLostWhatTheLastReaderLeft) {
+TEST(PseudoTerminalTest, RefreshedItHasLostWhatTheLastReaderLeft) {
     PseudoTerminal terminal;
     {
         TestPort port(terminal.Name());
@@ -102,7 +102,7 @@ TEST(PseudoTerminal, RefreshedItHasLostWhatTheLastReaderLeft) {
     EXPECT_TRUE(next.Quiet());
 }
 
-TEST(PseudoTerminal, AClaimThatAKilledProgramLeftIsSeenByRefresh) {
+TEST(PseudoTerminalTest, AClaimThatAKilledProgramLeftIsSeenByRefresh) {
     EXPECT_EQ(AsAnOrdinaryUser([] {
                   PseudoTerminal terminal;
                   { const TestPort claimed(terminal.Name(), true); }

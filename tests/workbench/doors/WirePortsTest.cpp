@@ -271,7 +271,7 @@ TEST_F(WirePortsTest, SettingsCanHoldTheThreePorts) {
     EXPECT_TRUE(text.contains("[Manipulator Calibration:3]\r\n"));
 }
 
-TEST(WirePorts, AnOldLinkIsReplacedAndAFileThatIsNoneIsLeftAlone) {
+TEST(WirePortsLinksTest, AnOldLinkIsReplacedAndAFileThatIsNoneIsLeftAlone) {
     const QTemporaryDir folder;
     QDir(folder.path()).mkdir(QStringLiteral("ports"));
     const QString link = folder.filePath(QStringLiteral("ports/com1"));
@@ -291,7 +291,7 @@ TEST(WirePorts, AnOldLinkIsReplacedAndAFileThatIsNoneIsLeftAlone) {
     EXPECT_TRUE(QFile::exists(link));
 }
 
-TEST(WirePorts, ALinkThatSomebodyElsePutThereMeanwhileStays) {
+TEST(WirePortsLinksTest, ALinkThatSomebodyElsePutThereMeanwhileStays) {
     const QTemporaryDir folder;
     const QString link = folder.filePath(QStringLiteral("ports/com2"));
     {
@@ -303,7 +303,7 @@ TEST(WirePorts, ALinkThatSomebodyElsePutThereMeanwhileStays) {
     EXPECT_EQ(QFile::symLinkTarget(link), QStringLiteral("/dev/ttyS0"));
 }
 
-TEST(WirePorts, WithoutAProgramFolderTheRestWorks) {
+TEST(WirePortsLinksTest, WithoutAProgramFolderTheRestWorks) {
     const WorkbenchProcess bench;
     ASSERT_TRUE(bench.Ready());
     WorkbenchClient client;

@@ -21,12 +21,12 @@ struct Desk {
 
 }  // namespace
 
-TEST(FocusMotor, IdentifiesItself) {
+TEST(FocusMotorTest, IdentifiesItself) {
     Desk desk;
     EXPECT_EQ(desk.Tell("WHO\r"), "ARemote Drive Accessory\r");
 }
 
-TEST(FocusMotor, AMoveIsAnsweredAtItsEnd) {
+TEST(FocusMotorTest, AMoveIsAnsweredAtItsEnd) {
     Desk desk;
     EXPECT_EQ(desk.Tell("RELMOVEZ4000\r"), "");
     EXPECT_EQ(desk.Hear(99), "");
@@ -40,12 +40,12 @@ TEST(FocusMotor, AMoveIsAnsweredAtItsEnd) {
     EXPECT_EQ(desk.Count(1000), -400);
 }
 
-TEST(FocusMotor, AMoveOfNoLengthIsAnsweredAtOnce) {
+TEST(FocusMotorTest, AMoveOfNoLengthIsAnsweredAtOnce) {
     Desk desk;
     EXPECT_EQ(desk.Tell("RELMOVEZ0\r"), "A\r");
 }
 
-TEST(FocusMotor, ItsPositionCountsFromItsOwnZero) {
+TEST(FocusMotorTest, ItsPositionCountsFromItsOwnZero) {
     Desk desk;
     desk.Tell("MOVEZ4000\r");
     EXPECT_EQ(desk.Tell("WHEREZ\r", 50), "A2000\r");
@@ -56,7 +56,7 @@ TEST(FocusMotor, ItsPositionCountsFromItsOwnZero) {
     EXPECT_EQ(desk.Count(200), 3000);
 }
 
-TEST(FocusMotor, EveryCommandHasOneAnswerAlsoAMoveThatIsEnded) {
+TEST(FocusMotorTest, EveryCommandHasOneAnswerAlsoAMoveThatIsEnded) {
     Desk desk;
     desk.Tell("MOVEZ40000\r");
     EXPECT_EQ(desk.Tell("HALT\r", 100), "A\rA\r");
@@ -70,7 +70,7 @@ TEST(FocusMotor, EveryCommandHasOneAnswerAlsoAMoveThatIsEnded) {
     EXPECT_FALSE(desk.world.Optics().FocusMoves(milliseconds(9200)));
 }
 
-TEST(FocusMotor, KnowsTheShortFormsOfTheErgoUnit) {
+TEST(FocusMotorTest, KnowsTheShortFormsOfTheErgoUnit) {
     Desk desk;
     EXPECT_EQ(desk.Tell("RZ400\r"), "");
     EXPECT_EQ(desk.Tell("WZ\r", 100), "A\rA400\r");
@@ -80,7 +80,7 @@ TEST(FocusMotor, KnowsTheShortFormsOfTheErgoUnit) {
     EXPECT_EQ(desk.Count(200), 0);
 }
 
-TEST(FocusMotor, RefusesWhatItDoesNotKnowOrCannotDo) {
+TEST(FocusMotorTest, RefusesWhatItDoesNotKnowOrCannotDo) {
     Desk desk;
     for (const char* line :
          {"\r", "who\r", "WHO \r", "WHOEVER\r", "MOVEZ\r", "MOVEZ+1\r", "MOVEZ1.5\r", "RELMOVEZx\r",
@@ -92,7 +92,7 @@ TEST(FocusMotor, RefusesWhatItDoesNotKnowOrCannotDo) {
     EXPECT_EQ(desk.Tell("\rWHO\r"), "ARemote Drive Accessory\r");
 }
 
-TEST(FocusMotor, ARefusedMoveDoesNotEndTheOneUnderWay) {
+TEST(FocusMotorTest, ARefusedMoveDoesNotEndTheOneUnderWay) {
     Desk desk;
     desk.Tell("MOVEZ4000\r");
     EXPECT_EQ(desk.Tell("MOVEZ5000000\r", 50), "N\r");
@@ -100,7 +100,7 @@ TEST(FocusMotor, ARefusedMoveDoesNotEndTheOneUnderWay) {
     EXPECT_EQ(desk.Count(100), 4000);
 }
 
-TEST(FocusMotor, ItCanBeMadeToRefuse) {
+TEST(FocusMotorTest, ItCanBeMadeToRefuse) {
     Desk desk;
     desk.motor.RefuseCommands(2);
     EXPECT_EQ(desk.Tell("WHO\rMOVEZ100\rWHEREZ\r"), "N\rN\rA0\r");
@@ -111,14 +111,14 @@ TEST(FocusMotor, ItCanBeMadeToRefuse) {
     EXPECT_EQ(desk.Tell("WHEREZ\r"), "A0\r");
 }
 
-TEST(FocusMotor, CountsCommandsByTheNamesTheyCameWith) {
+TEST(FocusMotorTest, CountsCommandsByTheNamesTheyCameWith) {
     Desk desk;
     desk.Tell("WHO\rRELMOVEZ1\rRZ1\rRELMOVEZx\rgo\r");
     const Instrument::Counters expected = {{"RELMOVEZ", 2}, {"RZ", 1}, {"WHO", 1}, {"unknown", 1}};
     EXPECT_EQ(desk.motor.Received(), expected);
 }
 
-TEST(FocusMotor, AFloodIsOfGoodAnswers) {
+TEST(FocusMotorTest, AFloodIsOfGoodAnswers) {
     Desk desk;
     EXPECT_EQ(desk.motor.FloodLine(7, milliseconds(0)), "A7\r");
 }

@@ -25,7 +25,7 @@ struct Desk {
 
 }  // namespace
 
-TEST(Gauge, AnswersAReadingWithSignAndThreeDigitsBehindThePoint) {
+TEST(GaugeTest, AnswersAReadingWithSignAndThreeDigitsBehindThePoint) {
     Desk desk;
     EXPECT_EQ(desk.ReadAt(0), "A+00.000\r\n");
     EXPECT_EQ(desk.ReadAt(123400), "A+01.234\r\n");
@@ -35,7 +35,7 @@ TEST(Gauge, AnswersAReadingWithSignAndThreeDigitsBehindThePoint) {
     EXPECT_EQ(desk.ReadAt(FocusRange), "A+40.000\r\n");
 }
 
-TEST(Gauge, ItsWholeRangeFitsTheDisplay) {
+TEST(GaugeTest, ItsWholeRangeFitsTheDisplay) {
     Desk desk;
     desk.ReadAt(FocusRange);
     EXPECT_EQ(desk.Tell("ARES\r\n"), "");
@@ -43,14 +43,14 @@ TEST(Gauge, ItsWholeRangeFitsTheDisplay) {
     EXPECT_EQ(desk.ReadAt(-FocusRange), "A-80.000\r\n");
 }
 
-TEST(Gauge, SaysNothingUnlessItIsAskedForAReading) {
+TEST(GaugeTest, SaysNothingUnlessItIsAskedForAReading) {
     Desk desk;
     desk.world.Optics().MoveFocus(5000, milliseconds(0));
     EXPECT_EQ(SaidAt(desk.gauge, milliseconds(9000)), "");
     EXPECT_EQ(desk.Tell("ARES\r\nKEYOFF\r\nKEYON\r\n"), "");
 }
 
-TEST(Gauge, PassesOverWhatItDoesNotKnow) {
+TEST(GaugeTest, PassesOverWhatItDoesNotKnow) {
     Desk desk;
     for (const char* line : {"\r\n", "AR\r\n", "Ar \r\n", "xAr\r\n", "Ar\r", "Ar\n", "\r\n"}) {
         EXPECT_EQ(desk.Tell(line), "") << line;
@@ -60,7 +60,7 @@ TEST(Gauge, PassesOverWhatItDoesNotKnow) {
     EXPECT_EQ(desk.Tell("\r\nAr\r\n"), "A+00.000\r\n");
 }
 
-TEST(Gauge, ALineEndMayComeInTwoPieces) {
+TEST(GaugeTest, ALineEndMayComeInTwoPieces) {
     Desk desk;
     EXPECT_EQ(desk.Tell("Ar\r"), "");
     EXPECT_EQ(desk.Tell("\nAr"), "A+00.000\r\n");
@@ -68,7 +68,7 @@ TEST(Gauge, ALineEndMayComeInTwoPieces) {
     EXPECT_EQ(desk.Tell("\nAr\r\n"), "A+00.000\r\n");
 }
 
-TEST(Gauge, ItsKeysWorkUnlessTheyAreDisabled) {
+TEST(GaugeTest, ItsKeysWorkUnlessTheyAreDisabled) {
     Desk desk;
     desk.ReadAt(10000);
     desk.Tell("KEYOFF\r\n");
@@ -80,7 +80,7 @@ TEST(Gauge, ItsKeysWorkUnlessTheyAreDisabled) {
     EXPECT_EQ(desk.Tell("Ar\r\n"), "A+00.000\r\n");
 }
 
-TEST(Gauge, OutOfOrderItAnswersEightCharactersThatAreNoNumber) {
+TEST(GaugeTest, OutOfOrderItAnswersEightCharactersThatAreNoNumber) {
     Desk desk;
     desk.gauge.GiveGarbage(true);
     for (int reading = 0; reading < 50; ++reading) {
@@ -93,7 +93,7 @@ TEST(Gauge, OutOfOrderItAnswersEightCharactersThatAreNoNumber) {
     EXPECT_EQ(desk.Tell("Ar\r\n"), "A+00.000\r\n");
 }
 
-TEST(Gauge, CountsCommandsByTheirNames) {
+TEST(GaugeTest, CountsCommandsByTheirNames) {
     Desk desk;
     desk.Tell("Ar\r\nAr\r\nKEYOFF\r\nKEYON\r\nARES\r\nwhat\r\n");
     const Instrument::Counters expected = {

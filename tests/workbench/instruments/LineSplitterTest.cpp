@@ -23,7 +23,7 @@ std::string Lines(const std::string& end, const std::string& bytes, std::size_t 
 
 }  // namespace
 
-TEST(LineSplitter, TheSizeOfThePiecesDoesNotMatter) {
+TEST(LineSplitterTest, TheSizeOfThePiecesDoesNotMatter) {
     const std::string longest(LineSplitter::LongestLine, 'x');
     const std::string bytes = "a\r\n\r\nb\rc\r\n" + longest + "\r\n" + longest + "y\r\n" + longest + longest +
                               longest + "\r\nd\r\nrest";
@@ -33,7 +33,7 @@ TEST(LineSplitter, TheSizeOfThePiecesDoesNotMatter) {
     }
 }
 
-TEST(LineSplitter, AOneByteEndNeedsNoCompany) {
+TEST(LineSplitterTest, AOneByteEndNeedsNoCompany) {
     const std::string longest(LineSplitter::LongestLine, 'x');
     const std::string bytes = "a\r\rb\r" + longest + "\r" + longest + "y\rc\r";
     for (std::size_t size = 1; size <= bytes.size(); ++size) {
@@ -41,7 +41,7 @@ TEST(LineSplitter, AOneByteEndNeedsNoCompany) {
     }
 }
 
-TEST(LineSplitter, ALineEndThatBeginsInAnOverflowIsSeen) {
+TEST(LineSplitterTest, ALineEndThatBeginsInAnOverflowIsSeen) {
     const std::string bytes = std::string(200, '\r') + "\na\r\n";
     for (std::size_t size = 1; size <= bytes.size(); ++size) {
         EXPECT_EQ(Lines("\r\n", bytes, size), "!;a;") << size;

@@ -20,7 +20,7 @@ constexpr PositionXYZ Start = {HomeCount - StartRetreat, HomeCount, HomeCount};
 constexpr PositionXYZ Target = {10000, 12000, 12400};
 constexpr Time Now = milliseconds(100);
 
-struct Bench {
+struct ManipulatorsRig {
     World world;
     Manipulators manipulators{world};
 };
@@ -28,7 +28,7 @@ struct Bench {
 // One state of the manipulators, and what each call answers in it.
 struct Row {
     std::string state;
-    std::function<void(Bench&)> enter;
+    std::function<void(ManipulatorsRig&)> enter;
     DriverStatus position = DriverStatus::Done;
     std::int32_t number = 1;
     std::int32_t x = Start[0];
@@ -42,7 +42,7 @@ struct Row {
     std::int32_t selectedAfterReconnect = 1;
 };
 
-Row Failing(const std::string& state, const std::function<void(Bench&)>& enter) {
+Row Failing(const std::string& state, const std::function<void(ManipulatorsRig&)>& enter) {
     Row row{state, enter};
     row.position = row.move = row.moveTooFar = row.select2 = row.count = row.reconnect = DriverStatus::Failed;
     return row;
@@ -51,24 +51,28 @@ Row Failing(const std::string& state, const std::function<void(Bench&)>& enter) 
 std::vector<Row> StateTable() {
     constexpr DriverStatus Gone = DriverStatus::NotConnected;
     return {
-        {"as it should be", [](Bench&) {}},
-        Failing("the next call fails", [](Bench& b) { b.manipulators.FailCalls(1); }),
-        Failing("every call fails", [](Bench& b) { b.manipulators.FailCalls(Manipulators::Always); }),
+        {"as it should be", [](ManipulatorsRig&) {}},
+        Failing("the next call fails", [](ManipulatorsRig& b) { b.manipulators.FailCalls(1); }),
+        Failing("every call fails",
+                [](ManipulatorsRig& b) { b.manipulators.FailCalls(Manipulators::Always); }),
         {.state = "every move fails",
-         .enter = [](Bench& b) { b.manipulators.FailCalls(Manipulators::Always, DriverOperation::MoveTo); },
+         .enter =
+             [](ManipulatorsRig& b) {
+                 b.manipulators.FailCalls(Manipulators::Always, DriverOperation::MoveTo);
+             },
          .move = DriverStatus::Failed,
          .moveTooFar = DriverStatus::Failed},
         {.state = "hanging: what answers in the end answers as always",
-         .enter = [](Bench& b) { b.manipulators.HangUntil(seconds(10)); }},
+         .enter = [](ManipulatorsRig& b) { b.manipulators.HangUntil(seconds(10)); }},
         {.state = "two connected",
-         .enter = [](Bench& b) { b.manipulators.ChangeCount(Now, 2); },
+         .enter = [](ManipulatorsRig& b) { b.manipulators.ChangeCount(Now, 2); },
          .connected = 2},
         {.state = "one connected",
-         .enter = [](Bench& b) { b.manipulators.ChangeCount(Now, 1); },
+         .enter = [](ManipulatorsRig& b) { b.manipulators.ChangeCount(Now, 1); },
          .answer2 = 0,
          .connected = 1},
         {.state = "none connected",
-         .enter = [](Bench& b) { b.manipulators.ChangeCount(Now, 0); },
+         .enter = [](ManipulatorsRig& b) { b.manipulators.ChangeCount(Now, 0); },
          .position = Gone,
          .move = Gone,
          .moveTooFar = Gone,
@@ -76,7 +80,7 @@ std::vector<Row> StateTable() {
          .connected = 0},
         {.state = "the selected one gone",
          .enter =
-             [](Bench& b) {
+             [](ManipulatorsRig& b) {
                  b.manipulators.SelectAtHardware(4);
                  b.manipulators.ChangeCount(Now, 3);
              },
@@ -86,11 +90,12 @@ std::vector<Row> StateTable() {
          .connected = 3,
          .selectedAfterReconnect = 1},
         {.state = "the selected one out of range",
-         .enter = [](Bench& b) { b.manipulators.StrayPosition(1); },
+         .enter = [](ManipulatorsRig& b) { b.manipulators.StrayPosition(1); },
          .x = Manipulators::StrayCount},
-        {.state = "another one out of range", .enter = [](Bench& b) { b.manipulators.StrayPosition(3); }},
+        {.state = "another one out of range",
+         .enter = [](ManipulatorsRig& b) { b.manipulators.StrayPosition(3); }},
         {.state = "another one selected at the hardware",
-         .enter = [](Bench& b) { b.manipulators.SelectAtHardware(3); },
+         .enter = [](ManipulatorsRig& b) { b.manipulators.SelectAtHardware(3); },
          .number = 3,
          .selectedAfterReconnect = 3},
     };
@@ -98,10 +103,10 @@ std::vector<Row> StateTable() {
 
 }  // namespace
 
-TEST(Manipulators, EveryStateAnswersGetPositionAsTheTableSays) {
+TEST(ManipulatorsTest, EveryStateAnswersGetPositionAsTheTableSays) {
     for (const Row& row : StateTable()) {
         SCOPED_TRACE(row.state);
-        Bench bench;
+        ManipulatorsRig bench;
         row.enter(bench);
         Manipulators::Position position;
         EXPECT_EQ(bench.manipulators.GetPosition(Now, position), row.position);
@@ -112,10 +117,10 @@ TEST(Manipulators, EveryStateAnswersGetPositionAsTheTableSays) {
     }
 }
 
-TEST(Manipulators, EveryStateAnswersMoveToAsTheTableSaysAndARefusedMoveMovesNothing) {
+TEST(ManipulatorsTest, EveryStateAnswersMoveToAsTheTableSaysAndARefusedMoveMovesNothing) {
     for (const Row& row : StateTable()) {
         SCOPED_TRACE(row.state);
-        Bench bench;
+        ManipulatorsRig bench;
         row.enter(bench);
         EXPECT_EQ(bench.manipulators.MoveTo(Now, Target), row.move);
         for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
@@ -125,10 +130,10 @@ TEST(Manipulators, EveryStateAnswersMoveToAsTheTableSaysAndARefusedMoveMovesNoth
     }
 }
 
-TEST(Manipulators, EveryStateAnswersAMoveOutOfRangeAsTheTableSaysAndMovesNothing) {
+TEST(ManipulatorsTest, EveryStateAnswersAMoveOutOfRangeAsTheTableSaysAndMovesNothing) {
     for (const Row& row : StateTable()) {
         SCOPED_TRACE(row.state);
-        Bench bench;
+        ManipulatorsRig bench;
         row.enter(bench);
         EXPECT_EQ(bench.manipulators.MoveTo(Now, {HighestCount + 1, 0, 0}), row.moveTooFar);
         for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
@@ -137,10 +142,10 @@ TEST(Manipulators, EveryStateAnswersAMoveOutOfRangeAsTheTableSaysAndMovesNothing
     }
 }
 
-TEST(Manipulators, EveryStateAnswersSelectAsTheTableSays) {
+TEST(ManipulatorsTest, EveryStateAnswersSelectAsTheTableSays) {
     for (const Row& row : StateTable()) {
         SCOPED_TRACE(row.state);
-        Bench bench;
+        ManipulatorsRig bench;
         row.enter(bench);
         const std::int32_t before = bench.manipulators.Selected();
         std::int32_t answer = 0;
@@ -153,24 +158,24 @@ TEST(Manipulators, EveryStateAnswersSelectAsTheTableSays) {
     }
 }
 
-TEST(Manipulators, EveryStateAnswersGetCountAndReconnectAsTheTableSays) {
+TEST(ManipulatorsTest, EveryStateAnswersGetCountAndReconnectAsTheTableSays) {
     for (const Row& row : StateTable()) {
         SCOPED_TRACE(row.state);
-        Bench counting;
+        ManipulatorsRig counting;
         row.enter(counting);
         std::int32_t count = -7;
         EXPECT_EQ(counting.manipulators.GetCount(Now, count), row.count);
         EXPECT_EQ(count, row.count == DriverStatus::Done ? row.connected : -7);
-        Bench reconnecting;
+        ManipulatorsRig reconnecting;
         row.enter(reconnecting);
         EXPECT_EQ(reconnecting.manipulators.Reconnect(Now), row.reconnect);
         EXPECT_EQ(reconnecting.manipulators.Selected(), row.selectedAfterReconnect);
     }
 }
 
-TEST(Manipulators, SelectingANumberThatIsNotConnectedAnswersZeroAndChangesNothing) {
+TEST(ManipulatorsTest, SelectingANumberThatIsNotConnectedAnswersZeroAndChangesNothing) {
     for (const std::int32_t number : {0, -1, 5, INT32_MAX, INT32_MIN}) {
-        Bench bench;
+        ManipulatorsRig bench;
         bench.manipulators.SelectAtHardware(3);
         std::int32_t answer = 9;
         EXPECT_EQ(bench.manipulators.Select(Now, number, answer), DriverStatus::Done);
@@ -179,8 +184,8 @@ TEST(Manipulators, SelectingANumberThatIsNotConnectedAnswersZeroAndChangesNothin
     }
 }
 
-TEST(Manipulators, TheNextCallsFailAndThenNoMore) {
-    Bench bench;
+TEST(ManipulatorsTest, TheNextCallsFailAndThenNoMore) {
+    ManipulatorsRig bench;
     bench.manipulators.FailCalls(2);
     std::int32_t count = 0;
     EXPECT_TRUE(bench.manipulators.Misbehaves(FailureMode::CallsFail, Now));
@@ -190,8 +195,8 @@ TEST(Manipulators, TheNextCallsFailAndThenNoMore) {
     EXPECT_FALSE(bench.manipulators.Misbehaves(FailureMode::CallsFail, Now));
 }
 
-TEST(Manipulators, AFailureOfOneOperationWaitsForThatOperation) {
-    Bench bench;
+TEST(ManipulatorsTest, AFailureOfOneOperationWaitsForThatOperation) {
+    ManipulatorsRig bench;
     bench.manipulators.FailCalls(1, DriverOperation::GetCount);
     Manipulators::Position position;
     std::int32_t count = 0;
@@ -200,8 +205,8 @@ TEST(Manipulators, AFailureOfOneOperationWaitsForThatOperation) {
     EXPECT_EQ(bench.manipulators.GetCount(Now, count), DriverStatus::Done);
 }
 
-TEST(Manipulators, AHangLastsUntilItsEndAndCanBeEnded) {
-    Bench bench;
+TEST(ManipulatorsTest, AHangLastsUntilItsEndAndCanBeEnded) {
+    ManipulatorsRig bench;
     bench.manipulators.HangUntil(seconds(10));
     EXPECT_TRUE(bench.manipulators.HangsAt(milliseconds(9999)));
     EXPECT_TRUE(bench.manipulators.Misbehaves(FailureMode::Hangs, milliseconds(9999)));
@@ -210,8 +215,8 @@ TEST(Manipulators, AHangLastsUntilItsEndAndCanBeEnded) {
     EXPECT_FALSE(bench.manipulators.HangsAt(Now));
 }
 
-TEST(Manipulators, AnotherNumberOfManipulatorsIsAFaultUntilAllFourAreBack) {
-    Bench bench;
+TEST(ManipulatorsTest, AnotherNumberOfManipulatorsIsAFaultUntilAllFourAreBack) {
+    ManipulatorsRig bench;
     bench.manipulators.ChangeCount(Now, 2);
     EXPECT_TRUE(bench.manipulators.Misbehaves(FailureMode::CountChanges, Now));
     bench.manipulators.ChangeCount(Now, 4);
@@ -220,8 +225,8 @@ TEST(Manipulators, AnotherNumberOfManipulatorsIsAFaultUntilAllFourAreBack) {
     EXPECT_THROW(bench.manipulators.ChangeCount(Now, -1), travo::BoundsFailure);
 }
 
-TEST(Manipulators, AStrayPositionIsAReadingAndMovesNoNeedle) {
-    Bench bench;
+TEST(ManipulatorsTest, AStrayPositionIsAReadingAndMovesNoNeedle) {
+    ManipulatorsRig bench;
     bench.manipulators.StrayPosition(1);
     EXPECT_TRUE(bench.manipulators.Misbehaves(FailureMode::PositionOutOfRange, Now));
     EXPECT_EQ(bench.world.CountsNow(0, Now), Start);
@@ -233,8 +238,8 @@ TEST(Manipulators, AStrayPositionIsAReadingAndMovesNoNeedle) {
     EXPECT_THROW(bench.manipulators.StrayPosition(5), travo::BoundsFailure);
 }
 
-TEST(Manipulators, ASelectionAtTheHardwareOfOneThatIsNotConnectedIsRefused) {
-    Bench bench;
+TEST(ManipulatorsTest, ASelectionAtTheHardwareOfOneThatIsNotConnectedIsRefused) {
+    ManipulatorsRig bench;
     bench.manipulators.ChangeCount(Now, 2);
     EXPECT_THROW(bench.manipulators.SelectAtHardware(3), travo::BoundsFailure);
     EXPECT_THROW(bench.manipulators.SelectAtHardware(0), travo::BoundsFailure);
@@ -244,8 +249,8 @@ TEST(Manipulators, ASelectionAtTheHardwareOfOneThatIsNotConnectedIsRefused) {
     EXPECT_FALSE(bench.manipulators.Misbehaves(FailureMode::SelectedAtHardware, Now));
 }
 
-TEST(Manipulators, ClearingEndsEveryFaultAndLeavesTheSelection) {
-    Bench bench;
+TEST(ManipulatorsTest, ClearingEndsEveryFaultAndLeavesTheSelection) {
+    ManipulatorsRig bench;
     bench.manipulators.SelectAtHardware(2);
     bench.manipulators.FailCalls(Manipulators::Always);
     bench.manipulators.HangUntil(seconds(100));
@@ -259,8 +264,8 @@ TEST(Manipulators, ClearingEndsEveryFaultAndLeavesTheSelection) {
     EXPECT_EQ(bench.manipulators.Selected(), 2);
 }
 
-TEST(Manipulators, APositionReadWhileTheNeedleMovesIsThePlaceReachedSoFar) {
-    Bench bench;
+TEST(ManipulatorsTest, APositionReadWhileTheNeedleMovesIsThePlaceReachedSoFar) {
+    ManipulatorsRig bench;
     ASSERT_EQ(bench.manipulators.MoveTo(Now, {Start[0] + 400, Start[1], Start[2] - 100}), DriverStatus::Done);
     Manipulators::Position position;
     ASSERT_EQ(bench.manipulators.GetPosition(Now + milliseconds(50), position), DriverStatus::Done);
@@ -269,16 +274,16 @@ TEST(Manipulators, APositionReadWhileTheNeedleMovesIsThePlaceReachedSoFar) {
     EXPECT_EQ(position.xyz, (PositionXYZ{Start[0] + 400, Start[1], Start[2] - 100}));
 }
 
-TEST(Manipulators, ANeedleGoesOnMovingWhenAnotherIsSelected) {
-    Bench bench;
+TEST(ManipulatorsTest, ANeedleGoesOnMovingWhenAnotherIsSelected) {
+    ManipulatorsRig bench;
     ASSERT_EQ(bench.manipulators.MoveTo(Now, Target), DriverStatus::Done);
     std::int32_t answer = 0;
     ASSERT_EQ(bench.manipulators.Select(Now, 2, answer), DriverStatus::Done);
     EXPECT_EQ(bench.world.CountsNow(0, seconds(10)), Target);
 }
 
-TEST(Manipulators, ReceivedCallsAreCountedWhateverTheirAnswer) {
-    Bench bench;
+TEST(ManipulatorsTest, ReceivedCallsAreCountedWhateverTheirAnswer) {
+    ManipulatorsRig bench;
     Manipulators::Position position;
     std::int32_t value = 0;
     bench.manipulators.GetPosition(Now, position);
@@ -299,8 +304,8 @@ TEST(Manipulators, ReceivedCallsAreCountedWhateverTheirAnswer) {
     EXPECT_EQ(bench.manipulators.Refused(), 0);
 }
 
-TEST(Manipulators, EveryCallLetsTheWorldsTimePass) {
-    Bench bench;
+TEST(ManipulatorsTest, EveryCallLetsTheWorldsTimePass) {
+    ManipulatorsRig bench;
     bench.world.MoveNeedle(1, {HomeCount + 400, HomeCount, HomeCount}, Time(0));
     bench.world.MoveNeedle(0, {HomeCount + 400, HomeCount, HomeCount}, Time(0));
     std::int32_t count = 0;

@@ -26,7 +26,7 @@ struct Exchange {
 
 }  // namespace
 
-TEST(MirrorController, AnswersEveryRequestWithWhatItAsksFor) {
+TEST(MirrorControllerTest, AnswersEveryRequestWithWhatItAsksFor) {
     Desk desk;
     const std::array<Exchange, 6> table = {{{"rD2R\r", "aD2R0\r\n"},
                                             {"rD1R\r", "aD1R0\r\n"},
@@ -39,7 +39,7 @@ TEST(MirrorController, AnswersEveryRequestWithWhatItAsksFor) {
     }
 }
 
-TEST(MirrorController, AcknowledgesEveryOrderAndActsOnIt) {
+TEST(MirrorControllerTest, AcknowledgesEveryOrderAndActsOnIt) {
     Desk desk;
     const std::array<Exchange, 6> table = {{{"cMAG3\r", "oMAG3\r\n"},
                                             {"cWES1\r", "oWES1\r\n"},
@@ -54,7 +54,7 @@ TEST(MirrorController, AcknowledgesEveryOrderAndActsOnIt) {
     EXPECT_EQ(desk.Tell("rWER\rrMGR\r"), "aWER1\r\naMGR3\r\n");
 }
 
-TEST(MirrorController, AMoveIsTakenAndDoneWhenTheMirrorHasArrived) {
+TEST(MirrorControllerTest, AMoveIsTakenAndDoneWhenTheMirrorHasArrived) {
     Desk desk;
     EXPECT_EQ(desk.Tell("cD2A40\rcD1A-80\r"), "qD2A40\r\nqD1A-80\r\n");
     EXPECT_EQ(desk.Hear(99), "");
@@ -64,7 +64,7 @@ TEST(MirrorController, AMoveIsTakenAndDoneWhenTheMirrorHasArrived) {
     EXPECT_EQ(desk.Hear(300), "");
 }
 
-TEST(MirrorController, RefusesWhatItDoesNotKnowOrCannotRead) {
+TEST(MirrorControllerTest, RefusesWhatItDoesNotKnowOrCannotRead) {
     Desk desk;
     const std::array<Exchange, 16> table = {{{"xxxx\r", "nxxx1\r\n"},
                                              {"\r", "n???1\r\n"},
@@ -89,7 +89,7 @@ TEST(MirrorController, RefusesWhatItDoesNotKnowOrCannotRead) {
     EXPECT_FALSE(desk.world.Optics().MirrorMoves(milliseconds(0)));
 }
 
-TEST(MirrorController, RefusesMovesAloneWhileTheMotorsAreOff) {
+TEST(MirrorControllerTest, RefusesMovesAloneWhileTheMotorsAreOff) {
     Desk desk;
     desk.Tell("cPMS0\r");
     EXPECT_EQ(desk.Tell("cD2A5\r"), "nD2A7\r\n");
@@ -100,7 +100,7 @@ TEST(MirrorController, RefusesMovesAloneWhileTheMotorsAreOff) {
     EXPECT_EQ(desk.Tell("cD2A5\r"), "qD2A5\r\n");
 }
 
-TEST(MirrorController, ACommandMayComeInAnyPieces) {
+TEST(MirrorControllerTest, ACommandMayComeInAnyPieces) {
     Desk desk;
     EXPECT_EQ(desk.Tell("rD"), "");
     EXPECT_EQ(desk.Tell("2R"), "");
@@ -108,7 +108,7 @@ TEST(MirrorController, ACommandMayComeInAnyPieces) {
     EXPECT_EQ(desk.Tell("\r"), "aD1R0\r\n");
 }
 
-TEST(MirrorController, ACommandLongerThanItsBufferIsAnOverflowOnceAndTheNextOneIsGood) {
+TEST(MirrorControllerTest, ACommandLongerThanItsBufferIsAnOverflowOnceAndTheNextOneIsGood) {
     Desk desk;
     EXPECT_EQ(desk.Tell(std::string(60, 'x')), "");
     EXPECT_EQ(desk.Tell(std::string(60, 'x')), "n???4\r\n");
@@ -117,7 +117,7 @@ TEST(MirrorController, ACommandLongerThanItsBufferIsAnOverflowOnceAndTheNextOneI
     EXPECT_EQ(desk.Tell(std::string(70, 'x') + "\rrD2R\r"), "n???4\r\naD2R0\r\n");
 }
 
-TEST(MirrorController, SaysNothingUnaskedUntilStatusLinesAreSwitchedOn) {
+TEST(MirrorControllerTest, SaysNothingUnaskedUntilStatusLinesAreSwitchedOn) {
     Desk desk;
     desk.world.Optics().SetMagnification(3);
     EXPECT_EQ(desk.Hear(5000), "");
@@ -127,7 +127,7 @@ TEST(MirrorController, SaysNothingUnaskedUntilStatusLinesAreSwitchedOn) {
     EXPECT_EQ(desk.Hear(9000), "");
 }
 
-TEST(MirrorController, StatusLinesComeOnEveryChangeAtMostEveryHundredMilliseconds) {
+TEST(MirrorControllerTest, StatusLinesComeOnEveryChangeAtMostEveryHundredMilliseconds) {
     Desk desk;
     desk.Tell("cSAS1\r", 0);
     desk.world.Optics().SetMagnification(3);
@@ -142,7 +142,7 @@ TEST(MirrorController, StatusLinesComeOnEveryChangeAtMostEveryHundredMillisecond
     EXPECT_EQ(desk.Hear(510), "sSAA80,0,0,1,3,0,0,1\r\n");
 }
 
-TEST(MirrorController, StatusLinesComeAtThePeriodWhenNothingChanges) {
+TEST(MirrorControllerTest, StatusLinesComeAtThePeriodWhenNothingChanges) {
     Desk desk;
     desk.Tell("cSAS1\r", 0);
     EXPECT_EQ(desk.Hear(999), "");
@@ -151,7 +151,7 @@ TEST(MirrorController, StatusLinesComeAtThePeriodWhenNothingChanges) {
     EXPECT_EQ(desk.Hear(2000), "sSAA0,0,0,1,2,0,0,1\r\n");
 }
 
-TEST(MirrorController, TheLimitFlagsStandInTheirFields) {
+TEST(MirrorControllerTest, TheLimitFlagsStandInTheirFields) {
     Desk desk;
     desk.Tell("cSAS1\r", 0);
     EXPECT_EQ(desk.Tell("cD2A500\r", 0), "qD2A500\r\n");
@@ -160,7 +160,7 @@ TEST(MirrorController, TheLimitFlagsStandInTheirFields) {
     EXPECT_EQ(desk.Hear(2000), "oD1A-180\r\nsSAA180,-180,0,1,2,1,0,1\r\n");
 }
 
-TEST(MirrorController, CountsCommandsByTheirNamesAlsoThoseThatItRefuses) {
+TEST(MirrorControllerTest, CountsCommandsByTheirNamesAlsoThoseThatItRefuses) {
     Desk desk;
     desk.Tell("rD2R\rrD2R\rcMAG9\rwhat\r\r");
     const Instrument::Counters expected = {{"rD2R", 2}, {"cMAG", 1}, {"unknown", 2}};
@@ -169,7 +169,7 @@ TEST(MirrorController, CountsCommandsByTheirNamesAlsoThoseThatItRefuses) {
     EXPECT_TRUE(desk.mirror.Received().empty());
 }
 
-TEST(MirrorController, AnErrorIsGivenToTheNextCommandsAndNothingIsDone) {
+TEST(MirrorControllerTest, AnErrorIsGivenToTheNextCommandsAndNothingIsDone) {
     Desk desk;
     for (int error = 1; error <= 8; ++error) {
         desk.mirror.RefuseCommands(error, 1);
@@ -184,7 +184,7 @@ TEST(MirrorController, AnErrorIsGivenToTheNextCommandsAndNothingIsDone) {
     EXPECT_EQ(desk.Tell("rD2R\r"), "aD2R0\r\n");
 }
 
-TEST(MirrorController, StatusLinesMayHaveAnyNumberOfFields) {
+TEST(MirrorControllerTest, StatusLinesMayHaveAnyNumberOfFields) {
     Desk desk;
     desk.Tell("cSAS1\r", 0);
     desk.mirror.MisformStatus(7, 1);
@@ -199,7 +199,7 @@ TEST(MirrorController, StatusLinesMayHaveAnyNumberOfFields) {
     EXPECT_EQ(desk.Hear(1040), "sSAA0,0,0,1,2,0,0,1\r\n");
 }
 
-TEST(MirrorController, AnAxisCanBeHeldAtItsLimit) {
+TEST(MirrorControllerTest, AnAxisCanBeHeldAtItsLimit) {
     Desk desk;
     desk.Tell("cSAS1\r", 0);
     desk.mirror.HoldAtLimit(Microscope::AxisY, true);
@@ -209,7 +209,7 @@ TEST(MirrorController, AnAxisCanBeHeldAtItsLimit) {
     EXPECT_EQ(desk.Hear(200), "sSAA0,0,0,1,2,0,0,1\r\n");
 }
 
-TEST(MirrorController, ErgoLinesStandApartAndEndWithALoneCarriageReturn) {
+TEST(MirrorControllerTest, ErgoLinesStandApartAndEndWithALoneCarriageReturn) {
     Desk desk;
     for (const char* line : {"RZ100", "MZ-5", "RE", "WZ", "ZE"}) {
         desk.mirror.PassErgoLine(line, false, milliseconds(0));
@@ -220,7 +220,7 @@ TEST(MirrorController, ErgoLinesStandApartAndEndWithALoneCarriageReturn) {
     }
 }
 
-TEST(MirrorController, AnErgoLineMayShareOneWriteWithAStatusLine) {
+TEST(MirrorControllerTest, AnErgoLineMayShareOneWriteWithAStatusLine) {
     Desk desk;
     desk.mirror.PassErgoLine("RZ100", true, milliseconds(0));
     const std::vector<WireLine> said = desk.mirror.TakeLines();
@@ -229,7 +229,7 @@ TEST(MirrorController, AnErgoLineMayShareOneWriteWithAStatusLine) {
     EXPECT_EQ(said[0].manner, WireLine::Manner::Whole);
 }
 
-TEST(MirrorController, WhatIsNoErgoLineIsAFailure) {
+TEST(MirrorControllerTest, WhatIsNoErgoLineIsAFailure) {
     Desk desk;
     for (const char* line : {"", "R", "rz1", "XY", "RZ1\r", "RZ1\n2"}) {
         EXPECT_THROW(desk.mirror.PassErgoLine(line, false, milliseconds(0)), travo::NumberFailure) << line;
@@ -237,7 +237,7 @@ TEST(MirrorController, WhatIsNoErgoLineIsAFailure) {
     EXPECT_EQ(SaidBy(desk.mirror), "");
 }
 
-TEST(MirrorController, AFloodIsOfStatusLinesThatDifferOnlyInAFieldThatNobodyReads) {
+TEST(MirrorControllerTest, AFloodIsOfStatusLinesThatDifferOnlyInAFieldThatNobodyReads) {
     Desk desk;
     EXPECT_EQ(desk.mirror.FloodLine(0, milliseconds(0)), "sSAA0,0,0,1,2,0,0,1\r\n");
     EXPECT_EQ(desk.mirror.FloodLine(1, milliseconds(0)), "sSAA0,0,1,1,2,0,0,1\r\n");

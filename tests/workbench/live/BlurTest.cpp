@@ -19,13 +19,13 @@ QImage Dot() {
 
 int Alpha(const QImage& image, int x, int y) { return qAlpha(image.pixel(x, y)); }
 
-TEST(Blur, DoesNothingBelowOnePixel) {
+TEST(BlurTest, DoesNothingBelowOnePixel) {
     QImage image = Dot();
     BlurImage(image, 0.4);
     EXPECT_EQ(image, Dot());
 }
 
-TEST(Blur, SpreadsAndLowersEvenlyToAllSides) {
+TEST(BlurTest, SpreadsAndLowersEvenlyToAllSides) {
     QImage image = Dot();
     BlurImage(image, 10.0);
     EXPECT_LT(Alpha(image, 40, 30), 200);
@@ -40,7 +40,7 @@ TEST(Blur, SpreadsAndLowersEvenlyToAllSides) {
     }
 }
 
-TEST(Blur, ALargerRadiusIsSofter) {
+TEST(BlurTest, ALargerRadiusIsSofter) {
     QImage little = Dot();
     QImage much = Dot();
     BlurImage(little, 4.0);
@@ -49,7 +49,7 @@ TEST(Blur, ALargerRadiusIsSofter) {
     EXPECT_LT(Alpha(little, 53, 30), Alpha(much, 53, 30));
 }
 
-TEST(Blur, AnImageSmallerThanTheRadiusIsBlurredAsWell) {
+TEST(BlurTest, AnImageSmallerThanTheRadiusIsBlurredAsWell) {
     QImage image(3, 2, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     BlurImage(image, 40.0);

@@ -17,7 +17,7 @@
 
 #include "core/ground/Arithmetic.h"
 #include "platform/qt/QtLiveCamera.h"
-#include "support/LiveDesk.h"
+#include "support/LiveRig.h"
 #include "support/PrivateBus.h"
 #include "workbench/WorkbenchProcess.h"
 #include "workbench/client/WorkbenchClient.h"
@@ -28,7 +28,7 @@ namespace workbench::live {
 namespace {
 
 using travo::platform::qt::QtLiveCamera;
-using travo::test::LiveDesk;
+using travo::test::LiveRig;
 using travo::test::ServeUntil;
 using travo::test::Texts;
 
@@ -51,7 +51,7 @@ protected:
         EXPECT_EQ(QProcess::execute(QStringLiteral(LIVE_SERVICE_SCRIPT), {bus_->Folder(), program_.path()}),
                   0);
         camera_ = std::make_unique<QtLiveCamera>();
-        desk_ = std::make_unique<LiveDesk>(*camera_);
+        desk_ = std::make_unique<LiveRig>(*camera_);
     }
     ~LiveProgramTest() override {
         desk_.reset();
@@ -100,7 +100,7 @@ protected:
     QTemporaryDir program_;
     std::optional<travo::test::PrivateBus> bus_;
     std::unique_ptr<QtLiveCamera> camera_;
-    std::unique_ptr<LiveDesk> desk_;
+    std::unique_ptr<LiveRig> desk_;
     // Made when it is first asked for: the runtime folder is another one for each test.
     struct Client {
         LiveClient& operator*() {

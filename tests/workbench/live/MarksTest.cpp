@@ -29,7 +29,7 @@ bool Marked(const QImage& image, const QSizeF& field, const QPointF& offset) {
     return false;
 }
 
-TEST(Marks, ThePointsAreApexAndBaseCorners) {
+TEST(MarksTest, ThePointsAreApexAndBaseCorners) {
     const std::vector<Mark> marks = MarksOf(Overlay::Points);
     ASSERT_EQ(marks.size(), 3U);
     EXPECT_EQ(marks[0].offset, QPointF(0.0, -60.0));
@@ -37,7 +37,7 @@ TEST(Marks, ThePointsAreApexAndBaseCorners) {
     EXPECT_EQ(marks[2].offset, QPointF(80.0, 60.0));
 }
 
-TEST(Marks, ZIsTheApexAndCenterTheCentre) {
+TEST(MarksTest, ZIsTheApexAndCenterTheCentre) {
     ASSERT_EQ(MarksOf(Overlay::Z).size(), 1U);
     EXPECT_EQ(MarksOf(Overlay::Z)[0].offset, QPointF(0.0, -60.0));
     ASSERT_EQ(MarksOf(Overlay::Center).size(), 1U);
@@ -45,7 +45,7 @@ TEST(Marks, ZIsTheApexAndCenterTheCentre) {
     EXPECT_TRUE(MarksOf(Overlay::None).empty());
 }
 
-TEST(Marks, AreDrawnAtTheirPlacesAtEveryMagnification) {
+TEST(MarksTest, AreDrawnAtTheirPlacesAtEveryMagnification) {
     for (const QSizeF& field : {QSizeF(1524.0, 1143.0), FieldAt2x}) {
         const QImage image = Painted(Overlay::Points, field);
         for (const Mark& mark : MarksOf(Overlay::Points)) {
@@ -57,7 +57,7 @@ TEST(Marks, AreDrawnAtTheirPlacesAtEveryMagnification) {
     EXPECT_FALSE(Marked(Painted(Overlay::Center, FieldAt2x), FieldAt2x, {0.0, -60.0}));
 }
 
-TEST(Marks, AMarkOutsideTheFieldIsToldOfAtTheEdge) {
+TEST(MarksTest, AMarkOutsideTheFieldIsToldOfAtTheEdge) {
     const QImage image = Painted(Overlay::Z, {121.4, 90.5});
     bool drawn = false;
     for (int y = 0; y < 50; ++y) {
@@ -66,13 +66,13 @@ TEST(Marks, AMarkOutsideTheFieldIsToldOfAtTheEdge) {
     EXPECT_TRUE(drawn);
 }
 
-TEST(Marks, WithoutAnOverlayNothingIsDrawn) {
+TEST(MarksTest, WithoutAnOverlayNothingIsDrawn) {
     QImage white(PictureSize, QImage::Format_RGB32);
     white.fill(Qt::white);
     EXPECT_EQ(Painted(Overlay::None, FieldAt2x), white);
 }
 
-TEST(Marks, TheScaleBarIsAsLongAsItSays) {
+TEST(MarksTest, TheScaleBarIsAsLongAsItSays) {
     QImage image(PictureSize, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);

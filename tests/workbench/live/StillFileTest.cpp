@@ -17,7 +17,7 @@ QImage Plain(const QColor& colour) {
     return image;
 }
 
-TEST(StillFile, IsABitmapThatReadsBack) {
+TEST(StillFileTest, IsABitmapThatReadsBack) {
     const QTemporaryDir folder;
     EXPECT_TRUE(WriteStill(Plain(Qt::red), folder.path()));
     const QImage back(folder.filePath(QStringLiteral("BirdView.bmp")), "BMP");
@@ -25,7 +25,7 @@ TEST(StillFile, IsABitmapThatReadsBack) {
     EXPECT_EQ(back.pixelColor(5, 5), QColor(Qt::red));
 }
 
-TEST(StillFile, ReplacesTheOldOneAndLeavesNothingElse) {
+TEST(StillFileTest, ReplacesTheOldOneAndLeavesNothingElse) {
     const QTemporaryDir folder;
     WriteStill(Plain(Qt::red), folder.path());
     WriteStill(Plain(Qt::blue), folder.path());
@@ -33,7 +33,7 @@ TEST(StillFile, ReplacesTheOldOneAndLeavesNothingElse) {
     EXPECT_EQ(QImage(folder.filePath(QStringLiteral("BirdView.bmp"))).pixelColor(5, 5), QColor(Qt::blue));
 }
 
-TEST(StillFile, SaysThatItCannotBeWritten) {
+TEST(StillFileTest, SaysThatItCannotBeWritten) {
     const QTemporaryDir folder;
     EXPECT_FALSE(WriteStill(Plain(Qt::red), folder.filePath(QStringLiteral("missing"))));
     QDir(folder.path()).mkdir(QStringLiteral("BirdView.bmp"));

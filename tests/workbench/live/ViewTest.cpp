@@ -6,7 +6,7 @@ namespace workbench::live {
 
 namespace {
 
-TEST(View, XGoesToTheRightAndYDown) {
+TEST(ViewTest, XGoesToTheRightAndYDown) {
     const View view({100.0, -50.0}, {242.9, 181.0}, PictureSize);
     EXPECT_EQ(view.Pixel(100.0, -50.0), QPointF(320.0, 240.0));
     EXPECT_GT(view.Pixel(110.0, -50.0).x(), 320.0);
@@ -17,12 +17,12 @@ TEST(View, XGoesToTheRightAndYDown) {
     EXPECT_NEAR(back.y(), 44.0, 1e-9);
 }
 
-TEST(View, AtTheSmallestMagnificationAPixelIsOneOfTheBirdsEyeView) {
+TEST(ViewTest, AtTheSmallestMagnificationAPixelIsOneOfTheBirdsEyeView) {
     const View view({}, FieldOf(nullptr, 1), PictureSize);
     EXPECT_NEAR(view.PixelsPerUnit(), 0.42, 0.0005);
 }
 
-TEST(View, TheTrueFieldGoesBeforeTheToldMagnification) {
+TEST(ViewTest, TheTrueFieldGoesBeforeTheToldMagnification) {
     WorkbenchClient::CameraState scene;
     scene.fieldOfView = {121.4, 90.5};
     EXPECT_EQ(FieldOf(&scene, 1), QSizeF(121.4, 90.5));
@@ -31,13 +31,13 @@ TEST(View, TheTrueFieldGoesBeforeTheToldMagnification) {
     EXPECT_EQ(FieldOf(nullptr, 3), QSizeF(121.4, 90.5));
 }
 
-TEST(View, AMagnificationThatIsNotKnownIsTheSmallestOne) {
+TEST(ViewTest, AMagnificationThatIsNotKnownIsTheSmallestOne) {
     for (const std::int16_t told : std::initializer_list<std::int16_t>{-1, 0, 4}) {
         EXPECT_EQ(FieldOf(nullptr, told), FieldOf(nullptr, 1));
     }
 }
 
-TEST(View, BlurGrowsWithTheDistanceAndTheMagnificationUpToALimit) {
+TEST(ViewTest, BlurGrowsWithTheDistanceAndTheMagnificationUpToALimit) {
     EXPECT_EQ(BlurRadius(0.0, 2.6), 0.0);
     EXPECT_EQ(BlurRadius(-1.5, 2.6), 0.0);
     EXPECT_GT(BlurRadius(30.0, 2.6), BlurRadius(10.0, 2.6));

@@ -14,7 +14,7 @@ bool Fits(const char* form, const char* line) { return CommandForm(form).FitTo(S
 
 }  // namespace
 
-TEST(CommandForm, WordsStandAsTheyAreAndArgumentsWithinTheirRange) {
+TEST(CommandFormTest, WordsStandAsTheyAreAndArgumentsWithinTheirRange) {
     constexpr const char* form = "world move <needle> <x:count>";
     EXPECT_TRUE(Fits(form, "world move 1 0"));
     EXPECT_TRUE(Fits(form, " world\tmove 4 25000 \r"));
@@ -25,7 +25,7 @@ TEST(CommandForm, WordsStandAsTheyAreAndArgumentsWithinTheirRange) {
     }
 }
 
-TEST(CommandForm, WhatStandsInBracketsMayBeLeftOutFromItsEnd) {
+TEST(CommandFormTest, WhatStandsInBracketsMayBeLeftOutFromItsEnd) {
     constexpr const char* form = "mount <needle> <heading:angle> [<yaw:angle> [<tilt:angle>]]";
     EXPECT_TRUE(Fits(form, "mount 1 45"));
     EXPECT_TRUE(Fits(form, "mount 1 45 1"));
@@ -34,7 +34,7 @@ TEST(CommandForm, WhatStandsInBracketsMayBeLeftOutFromItsEnd) {
     EXPECT_FALSE(Fits(form, "mount 1 45 1 2 3"));
 }
 
-TEST(CommandForm, OneOfSeveralMayStandInAPlaceAndASwitchTakesFigures) {
+TEST(CommandFormTest, OneOfSeveralMayStandInAPlaceAndASwitchTakesFigures) {
     constexpr const char* form = "fault mirror error <error> [<commands>|always]";
     EXPECT_TRUE(Fits(form, "fault mirror error 8 always"));
     EXPECT_TRUE(Fits(form, "fault mirror error 8 3"));
@@ -45,7 +45,7 @@ TEST(CommandForm, OneOfSeveralMayStandInAPlaceAndASwitchTakesFigures) {
     EXPECT_FALSE(Fits("wire log <wire> off", "wire log mirror 0"));
 }
 
-TEST(CommandForm, TheArgumentsAreTheWordsWithAChoiceAndAPathIsAllOfTheRest) {
+TEST(CommandFormTest, TheArgumentsAreTheWordsWithAChoiceAndAPathIsAllOfTheRest) {
     const CommandForm form("wire log <wire> <file>");
     const std::string line = "wire log gauge /tmp/a  b.log \r";
     const CommandForm::Fit fit = form.FitTo(SplitWords(line));
@@ -55,7 +55,7 @@ TEST(CommandForm, TheArgumentsAreTheWordsWithAChoiceAndAPathIsAllOfTheRest) {
               (Words{"motor", "off"}));
 }
 
-TEST(CommandForm, ItIsShownWithoutKindsAndTellsItsRanges) {
+TEST(CommandFormTest, ItIsShownWithoutKindsAndTellsItsRanges) {
     const CommandForm form("world move <needle> <x:count> <y:count> <z:count>");
     EXPECT_EQ(form.Shown(), "world move <needle> <x> <y> <z>");
     EXPECT_EQ(form.Ranges(), "needle 1 to 4; x, y, z 0 to 25000 counts");
@@ -64,13 +64,13 @@ TEST(CommandForm, ItIsShownWithoutKindsAndTellsItsRanges) {
     EXPECT_EQ(CommandForm("ergo <line>").Ranges(), "");
 }
 
-TEST(CommandForm, AKindThatDoesNotExistAndALineThatBeginsWithAnArgumentAreNoForm) {
+TEST(CommandFormTest, AKindThatDoesNotExistAndALineThatBeginsWithAnArgumentAreNoForm) {
     EXPECT_THROW(CommandForm("world move <colour>"), travo::BoundsFailure);
     EXPECT_THROW(CommandForm("<needle> moves"), travo::NumberFailure);
     EXPECT_THROW(CommandForm(""), travo::NumberFailure);
 }
 
-TEST(Argument, NumbersAreTakenToTheEndsOfTheirRangeAndNoFurther) {
+TEST(ArgumentTest, NumbersAreTakenToTheEndsOfTheirRangeAndNoFurther) {
     const ArgumentKind& real = ArgumentKindNamed("mirror");
     EXPECT_TRUE(Accepts(real, "-180"));
     EXPECT_TRUE(Accepts(real, "179.99"));
@@ -84,7 +84,7 @@ TEST(Argument, NumbersAreTakenToTheEndsOfTheirRangeAndNoFurther) {
     EXPECT_FALSE(Accepts(ArgumentKindNamed("whole"), "2147483648"));
 }
 
-TEST(Argument, TheRangesAreThoseOfTheWorld) {
+TEST(ArgumentTest, TheRangesAreThoseOfTheWorld) {
     EXPECT_EQ(ArgumentKindNamed("count").lowest, LowestCount);
     EXPECT_EQ(ArgumentKindNamed("count").highest, HighestCount);
     EXPECT_EQ(ArgumentKindNamed("needle").highest, travo::NeedleCount);

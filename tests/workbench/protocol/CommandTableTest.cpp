@@ -48,7 +48,7 @@ std::string Page() {
 
 }  // namespace
 
-TEST(CommandTable, EveryRowIsDoneByTheWorkbenchAndEveryFormIsThereOnce) {
+TEST(CommandTableTest, EveryRowIsDoneByTheWorkbenchAndEveryFormIsThereOnce) {
     const Bench bench;
     EXPECT_EQ(bench.commands.Missing(), std::vector<std::string>{});
     std::set<std::string> forms;
@@ -59,7 +59,7 @@ TEST(CommandTable, EveryRowIsDoneByTheWorkbenchAndEveryFormIsThereOnce) {
     EXPECT_GT(forms.size(), 80U);
 }
 
-TEST(CommandTable, ALineOfARowIsThatRowAtBothEndsOfItsRanges) {
+TEST(CommandTableTest, ALineOfARowIsThatRowAtBothEndsOfItsRanges) {
     for (const Command& command : AllCommands()) {
         for (const bool highest : {false, true}) {
             const std::string line = Example(command.row.form, highest);
@@ -70,7 +70,7 @@ TEST(CommandTable, ALineOfARowIsThatRowAtBothEndsOfItsRanges) {
     }
 }
 
-TEST(CommandTable, ALineWithOneWordMoreIsRefusedUnlessItEndsWithAPath) {
+TEST(CommandTableTest, ALineWithOneWordMoreIsRefusedUnlessItEndsWithAPath) {
     for (const Command& command : AllCommands()) {
         const std::string line = Example(command.row.form, false) + " surplus";
         const FoundCommand found = FindCommand(SplitWords(line));
@@ -81,7 +81,7 @@ TEST(CommandTable, ALineWithOneWordMoreIsRefusedUnlessItEndsWithAPath) {
     }
 }
 
-TEST(CommandTable, WhatCannotBeIsToldWithWhatCouldStandThere) {
+TEST(CommandTableTest, WhatCannotBeIsToldWithWhatCouldStandThere) {
     EXPECT_EQ(RefusalOf(""), "a command is expected; \"workbench-ask help\" lists them all");
     EXPECT_EQ(RefusalOf("wrold tip 1"),
               "there is no command \"wrold\"; \"workbench-ask help\" lists them all");
@@ -97,14 +97,14 @@ TEST(CommandTable, WhatCannotBeIsToldWithWhatCouldStandThere) {
               "\"fault mirror motors\" is to be followed by on or off, not \"maybe\"");
 }
 
-TEST(CommandTable, ARefusalQuotesNothingThatIsNoTextAndNothingEndless) {
+TEST(CommandTableTest, ARefusalQuotesNothingThatIsNoTextAndNothingEndless) {
     EXPECT_EQ(RefusalOf("a\x01\"\xff"),
               "there is no command \"a???\"; \"workbench-ask help\" lists them all");
     const std::string line(5000, 'x');
     EXPECT_LT(RefusalOf(line.c_str()).size(), 120U);
 }
 
-TEST(CommandHelp, ItExplainsAllCommandsAndThoseThatBeginWithSomeWords) {
+TEST(CommandHelpTest, ItExplainsAllCommandsAndThoseThatBeginWithSomeWords) {
     const std::string all = HelpText({});
     for (const Command& command : AllCommands()) {
         EXPECT_NE(all.find("  " + command.form.Shown() + "\n"), std::string::npos) << command.form.Shown();
@@ -125,7 +125,7 @@ TEST(CommandHelp, ItExplainsAllCommandsAndThoseThatBeginWithSomeWords) {
     EXPECT_EQ(HelpText(SplitWords("ping now")), "");
 }
 
-TEST(CommandHelp, TheListOfCommandsInTheDocsIsTheTable) {
+TEST(CommandHelpTest, TheListOfCommandsInTheDocsIsTheTable) {
     const std::string page = Page();
     const std::string from = "<!-- commands -->\n\n";
     const std::string to = "<!-- end of commands -->\n";

@@ -13,12 +13,12 @@ std::string Sent(LineFaults& faults, const std::string& bytes) {
 
 }  // namespace
 
-TEST(LineFaults, WithoutAFaultALineGoesOutAsItIs) {
+TEST(LineFaultsTest, WithoutAFaultALineGoesOutAsItIs) {
     LineFaults faults;
     EXPECT_EQ(Sent(faults, "abc\r\n"), "abc\r\n");
 }
 
-TEST(LineFaults, ASilentInstrumentSendsNothing) {
+TEST(LineFaultsTest, ASilentInstrumentSendsNothing) {
     LineFaults faults;
     faults.Silence(true);
     EXPECT_EQ(Sent(faults, "abc\r\n"), "(nothing)");
@@ -26,7 +26,7 @@ TEST(LineFaults, ASilentInstrumentSendsNothing) {
     EXPECT_EQ(Sent(faults, "abc\r\n"), "abc\r\n");
 }
 
-TEST(LineFaults, ALineCanBeCutInEveryPlaceAndOnlyTheNextOneIs) {
+TEST(LineFaultsTest, ALineCanBeCutInEveryPlaceAndOnlyTheNextOneIs) {
     const std::string line = "aD2R5\r\n";
     for (std::size_t kept = 0; kept <= line.size() + 1; ++kept) {
         LineFaults faults;
@@ -37,7 +37,7 @@ TEST(LineFaults, ALineCanBeCutInEveryPlaceAndOnlyTheNextOneIs) {
     }
 }
 
-TEST(LineFaults, AGarbledLineDiffersInExactlyOneByte) {
+TEST(LineFaultsTest, AGarbledLineDiffersInExactlyOneByte) {
     LineFaults faults;
     faults.Garble(100);
     const std::string line = "aD2R5\r\n";
@@ -55,7 +55,7 @@ TEST(LineFaults, AGarbledLineDiffersInExactlyOneByte) {
     EXPECT_EQ(Sent(faults, line), line);
 }
 
-TEST(LineFaults, NoiseHasTheBytesAskedForAndTheSameInEveryRun) {
+TEST(LineFaultsTest, NoiseHasTheBytesAskedForAndTheSameInEveryRun) {
     LineFaults one;
     LineFaults other;
     const std::string noise = one.Noise(1000).bytes;
@@ -64,7 +64,7 @@ TEST(LineFaults, NoiseHasTheBytesAskedForAndTheSameInEveryRun) {
     EXPECT_NE(noise, one.Noise(1000).bytes);
 }
 
-TEST(LineFaults, ClearEndsThemAll) {
+TEST(LineFaultsTest, ClearEndsThemAll) {
     LineFaults faults;
     faults.Silence(true);
     faults.Garble(5);

@@ -22,7 +22,7 @@ std::string Taken(LinePacer& pacer, Time now) {
 
 }  // namespace
 
-TEST(LinePacer, GivesNineHundredAndSixtyBytesASecondAt9600Baud) {
+TEST(LinePacerTest, GivesNineHundredAndSixtyBytesASecondAt9600Baud) {
     LinePacer pacer(9600);
     pacer.Push({std::string(2000, 'x'), Paced}, milliseconds(0));
     EXPECT_EQ(Taken(pacer, milliseconds(1)), "");
@@ -32,13 +32,13 @@ TEST(LinePacer, GivesNineHundredAndSixtyBytesASecondAt9600Baud) {
     EXPECT_FALSE(pacer.Idle());
 }
 
-TEST(LinePacer, GivesTwoHundredAndFortyBytesASecondAt2400Baud) {
+TEST(LinePacerTest, GivesTwoHundredAndFortyBytesASecondAt2400Baud) {
     LinePacer pacer(2400);
     pacer.Push({std::string(2000, 'x'), Paced}, milliseconds(500));
     EXPECT_EQ(Taken(pacer, milliseconds(1500)).size(), 240U + 1);
 }
 
-TEST(LinePacer, LinesFollowEachOtherWithoutAGapAndNeverShareAPiece) {
+TEST(LinePacerTest, LinesFollowEachOtherWithoutAGapAndNeverShareAPiece) {
     LinePacer pacer(10000);
     pacer.Push({"abc", Paced}, milliseconds(0));
     pacer.Push({"def", Paced}, milliseconds(0));
@@ -48,7 +48,7 @@ TEST(LinePacer, LinesFollowEachOtherWithoutAGapAndNeverShareAPiece) {
     EXPECT_TRUE(pacer.Idle());
 }
 
-TEST(LinePacer, ALineThatComesLaterDoesNotFindTimeSaved) {
+TEST(LinePacerTest, ALineThatComesLaterDoesNotFindTimeSaved) {
     LinePacer pacer(10000);
     pacer.Push({"abc", Paced}, milliseconds(0));
     Taken(pacer, milliseconds(3));
@@ -57,7 +57,7 @@ TEST(LinePacer, ALineThatComesLaterDoesNotFindTimeSaved) {
     EXPECT_EQ(Taken(pacer, milliseconds(1001)), "d|");
 }
 
-TEST(LinePacer, ALineThatStandsApartHasAPauseBeforeAndBehindItHoweverLateTheCallerIs) {
+TEST(LinePacerTest, ALineThatStandsApartHasAPauseBeforeAndBehindItHoweverLateTheCallerIs) {
     LinePacer pacer(10000);
     pacer.Push({"abc", Paced}, milliseconds(0));
     pacer.Push({"RE\r", Apart}, milliseconds(0));
@@ -69,14 +69,14 @@ TEST(LinePacer, ALineThatStandsApartHasAPauseBeforeAndBehindItHoweverLateTheCall
     EXPECT_EQ(Taken(pacer, milliseconds(933)), "def|");
 }
 
-TEST(LinePacer, AWholeLineComesInOnePieceAtTheTimeOfItsLastByte) {
+TEST(LinePacerTest, AWholeLineComesInOnePieceAtTheTimeOfItsLastByte) {
     LinePacer pacer(10000);
     pacer.Push({"RE\rstatus\r\n", InOnePiece}, milliseconds(0));
     EXPECT_EQ(Taken(pacer, milliseconds(10)), "");
     EXPECT_EQ(Taken(pacer, milliseconds(11)), "RE\rstatus\r\n|");
 }
 
-TEST(LinePacer, TheLastPieceBringsItsLine) {
+TEST(LinePacerTest, TheLastPieceBringsItsLine) {
     LinePacer pacer(10000);
     pacer.Push({"abc", Paced}, milliseconds(0));
     EXPECT_EQ(pacer.Take(milliseconds(2)).front().line.bytes, "");
@@ -85,7 +85,7 @@ TEST(LinePacer, TheLastPieceBringsItsLine) {
     EXPECT_EQ(last.front().line.bytes, "abc");
 }
 
-TEST(LinePacer, ClearedItGivesNothingMore) {
+TEST(LinePacerTest, ClearedItGivesNothingMore) {
     LinePacer pacer(10000);
     pacer.Push({"abc", Paced}, milliseconds(0));
     Taken(pacer, milliseconds(1));

@@ -38,13 +38,13 @@ using Texts = std::vector<std::string>;
 
 }  // namespace
 
-TEST(Traffic, ARecordIsOneWordWhateverItHolds) {
+TEST(TrafficTest, ARecordIsOneWordWhateverItHolds) {
     Traffic traffic;
     traffic.Take(microseconds(1234567), "mirror", "in", std::string("a b/c\\d\r\n\0\xff", 11));
     EXPECT_EQ(traffic.From(0), " 1 0 1234.567/mirror/in/a\\x20b\\x2fc\\\\d\\r\\n\\x00\\xff");
 }
 
-TEST(Traffic, ItIsReadOnFromWhereItWasLeftFortyAtATime) {
+TEST(TrafficTest, ItIsReadOnFromWhereItWasLeftFortyAtATime) {
     Traffic traffic;
     EXPECT_EQ(traffic.From(0), " 0 0");
     for (int record = 0; record < 45; ++record) {
@@ -62,7 +62,7 @@ TEST(Traffic, ItIsReadOnFromWhereItWasLeftFortyAtATime) {
     EXPECT_EQ(traffic.From(45), " 45 0");
 }
 
-TEST(Traffic, WhatIsOlderThanTheLatestFourThousandIsCountedAsLost) {
+TEST(TrafficTest, WhatIsOlderThanTheLatestFourThousandIsCountedAsLost) {
     Traffic traffic;
     for (int record = 0; record < 4100; ++record) {
         traffic.Take(milliseconds(record), "gauge", "out", "A");
@@ -75,14 +75,14 @@ TEST(Traffic, WhatIsOlderThanTheLatestFourThousandIsCountedAsLost) {
     EXPECT_EQ(WordsOf(traffic.From(99))[1], "1");
 }
 
-TEST(Traffic, ASerialBeyondTheNewestIsAnsweredWithTheOneThatComesNext) {
+TEST(TrafficTest, ASerialBeyondTheNewestIsAnsweredWithTheOneThatComesNext) {
     Traffic traffic;
     traffic.Take(milliseconds(1), "gauge", "out", "A");
     EXPECT_EQ(traffic.From(5000), " 1 0");
     EXPECT_EQ(traffic.From(INT64_MAX), " 1 0");
 }
 
-TEST(WireTraffic, OpeningCommandsAnswersAndClosingAreTold) {
+TEST(WireTrafficTest, OpeningCommandsAnswersAndClosingAreTold) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2", milliseconds(0));
@@ -95,7 +95,7 @@ TEST(WireTraffic, OpeningCommandsAnswersAndClosingAreTold) {
     EXPECT_EQ(desk.Told(), (Texts{"in cD", "note shut"}));
 }
 
-TEST(WireTraffic, LinesOfTheErgoUnitAreToldByTheirManner) {
+TEST(WireTrafficTest, LinesOfTheErgoUnitAreToldByTheirManner) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Told();
@@ -110,7 +110,7 @@ TEST(WireTraffic, LinesOfTheErgoUnitAreToldByTheirManner) {
     EXPECT_TRUE(told[1].starts_with("whole RE\rsSAA")) << told[1];
 }
 
-TEST(WireTraffic, WhatAFaultDidToALineIsToldDirectlyBeforeTheLine) {
+TEST(WireTrafficTest, WhatAFaultDidToALineIsToldDirectlyBeforeTheLine) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Told();
@@ -134,7 +134,7 @@ TEST(WireTraffic, WhatAFaultDidToALineIsToldDirectlyBeforeTheLine) {
     EXPECT_EQ(desk.Told(), (Texts{"in rD2R\r", "event silent aD2R0\r\n"}));
 }
 
-TEST(WireTraffic, NoiseFloodAndTheCableAreTold) {
+TEST(WireTrafficTest, NoiseFloodAndTheCableAreTold) {
     Desk desk;
     desk.Mirror().SendNoise(5, milliseconds(0));
     EXPECT_EQ(desk.Told(), Texts{});
@@ -148,7 +148,7 @@ TEST(WireTraffic, NoiseFloodAndTheCableAreTold) {
     EXPECT_EQ(desk.Told(), (Texts{"note cable in"}));
 }
 
-TEST(WireTraffic, TheGaugesCommandsEndWithTwoBytesAndWhatNeverEndsIsToldInPieces) {
+TEST(WireTrafficTest, TheGaugesCommandsEndWithTwoBytesAndWhatNeverEndsIsToldInPieces) {
     Desk desk;
     Texts told;
     Wire& gauge = desk.instruments.WireOf(WireName::Gauge);

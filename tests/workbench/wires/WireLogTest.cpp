@@ -21,7 +21,7 @@ void WriteFile(const std::string& path, const std::string& text) {
 
 }  // namespace
 
-TEST(WireLog, ARecordIsOneLineOfText) {
+TEST(WireLogTest, ARecordIsOneLineOfText) {
     EXPECT_EQ(RecordText({Time(12345), Kind::In, "rD2R\r"}), "12.345 in rD2R\\r");
     EXPECT_EQ(RecordText({Time(1000000), Kind::Out, "a\\b\r\n"}), "1000.000 out a\\\\b\\r\\n");
     EXPECT_EQ(RecordText({Time(5), Kind::Apart, std::string("\0\x7f\xff", 3)}),
@@ -29,7 +29,7 @@ TEST(WireLog, ARecordIsOneLineOfText) {
     EXPECT_EQ(RecordText({Time(0), Kind::Note, ""}), "0.000 note ");
 }
 
-TEST(WireLog, EveryByteIsReadBackAsItWas) {
+TEST(WireLogTest, EveryByteIsReadBackAsItWas) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte) {
         all += static_cast<char>(byte);
@@ -43,7 +43,7 @@ TEST(WireLog, EveryByteIsReadBackAsItWas) {
     }
 }
 
-TEST(WireLog, WhatIsNoRecordIsNotRead) {
+TEST(WireLogTest, WhatIsNoRecordIsNotRead) {
     for (const char* text :
          {"", "12", "12 in", "x in a", "-1 in a", "1e99 in a", "nan in a", "1 out\\r", "1 wrong a", "1 in \\",
           "1 in \\q", "1 in \\x", "1 in \\x1", "1 in \\xzz", "1  a"}) {
@@ -51,7 +51,7 @@ TEST(WireLog, WhatIsNoRecordIsNotRead) {
     }
 }
 
-TEST(WireLog, AFileHoldsTheRecordsInTheirOrderAndIsBegunAnew) {
+TEST(WireLogTest, AFileHoldsTheRecordsInTheirOrderAndIsBegunAnew) {
     const std::string path = InFolder("wire.log");
     WireLog log;
     log.Write({Time(1), Kind::In, "nobody listens"});
@@ -69,7 +69,7 @@ TEST(WireLog, AFileHoldsTheRecordsInTheirOrderAndIsBegunAnew) {
     std::filesystem::remove(path);
 }
 
-TEST(WireLog, AFileThatCannotBeWrittenOrReadIsAFailure) {
+TEST(WireLogTest, AFileThatCannotBeWrittenOrReadIsAFailure) {
     WireLog log;
     EXPECT_THROW(log.Open("/nowhere/at/all"), travo::Failure);
     EXPECT_FALSE(log.IsOpen());

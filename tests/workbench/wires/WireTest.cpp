@@ -33,7 +33,7 @@ std::string LogPath() { return testing::TempDir() + "replay.log"; }
 
 }  // namespace
 
-TEST(Wire, CarriesAnswersAtItsOwnPace) {
+TEST(WireTest, CarriesAnswersAtItsOwnPace) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2R\r", milliseconds(0));
@@ -48,7 +48,7 @@ TEST(Wire, CarriesAnswersAtItsOwnPace) {
     EXPECT_EQ(desk.Sent(gauge, 42), "00\r\n");
 }
 
-TEST(Wire, NothingIsQueuedWhileNobodyHasThePortOpen) {
+TEST(WireTest, NothingIsQueuedWhileNobodyHasThePortOpen) {
     Desk desk;
     desk.Mirror().Receive("cSAS1\rrD2R\r", milliseconds(0));
     desk.instruments.mirror.PassErgoLine("RE", false, milliseconds(0));
@@ -62,7 +62,7 @@ TEST(Wire, NothingIsQueuedWhileNobodyHasThePortOpen) {
     EXPECT_EQ(desk.instruments.mirror.Received().size(), 2U);
 }
 
-TEST(Wire, AClosingLosesWhatWasUnderWay) {
+TEST(WireTest, AClosingLosesWhatWasUnderWay) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2R\r", milliseconds(0));
@@ -72,7 +72,7 @@ TEST(Wire, AClosingLosesWhatWasUnderWay) {
     EXPECT_EQ(desk.Sent(desk.Mirror(), 500), "");
 }
 
-TEST(Wire, ASilentInstrumentActsAllTheSame) {
+TEST(WireTest, ASilentInstrumentActsAllTheSame) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Faults().Silence(true);
@@ -82,7 +82,7 @@ TEST(Wire, ASilentInstrumentActsAllTheSame) {
     EXPECT_EQ(desk.instruments.mirror.Received().at("cMAG"), 1);
 }
 
-TEST(Wire, AFloodIsPacedAsWellAndNoiseIsOnIt) {
+TEST(WireTest, AFloodIsPacedAsWellAndNoiseIsOnIt) {
     Desk desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().SendFlood(1000, milliseconds(0));
@@ -94,7 +94,7 @@ TEST(Wire, AFloodIsPacedAsWellAndNoiseIsOnIt) {
     EXPECT_EQ(desk.Sent(desk.Mirror(), 1100).size(), 96U);
 }
 
-TEST(Wire, TheOwnerOfThePortIsToldOfTheCableOnce) {
+TEST(WireTest, TheOwnerOfThePortIsToldOfTheCableOnce) {
     Desk desk;
     int told = 0;
     desk.Mirror().OnPlug([&] { ++told; });
@@ -108,7 +108,7 @@ TEST(Wire, TheOwnerOfThePortIsToldOfTheCableOnce) {
     EXPECT_EQ(told, 2);
 }
 
-TEST(Wire, ACableThatCannotBePluggedInStaysOut) {
+TEST(WireTest, ACableThatCannotBePluggedInStaysOut) {
     Desk desk;
     desk.Mirror().Plug(false, milliseconds(0));
     desk.Mirror().OnPlug([] { throw std::runtime_error("no port"); });
@@ -116,7 +116,7 @@ TEST(Wire, ACableThatCannotBePluggedInStaysOut) {
     EXPECT_FALSE(desk.Mirror().Plugged());
 }
 
-TEST(Wire, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMeanwhile) {
+TEST(WireTest, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMeanwhile) {
     Desk first;
     first.Mirror().LogTo(LogPath());
     first.Mirror().SetOpen(true, milliseconds(0));
@@ -149,7 +149,7 @@ TEST(Wire, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMeanwhil
     std::filesystem::remove(LogPath());
 }
 
-TEST(Wire, ALineThatAClosingCutsIsLoggedAsFarAsItWent) {
+TEST(WireTest, ALineThatAClosingCutsIsLoggedAsFarAsItWent) {
     Desk desk;
     desk.Mirror().LogTo(LogPath());
     desk.Mirror().SetOpen(true, milliseconds(0));
@@ -163,7 +163,7 @@ TEST(Wire, ALineThatAClosingCutsIsLoggedAsFarAsItWent) {
     std::filesystem::remove(LogPath());
 }
 
-TEST(Wire, ALogWithNothingFromTheInstrumentIsNotReplayed) {
+TEST(WireTest, ALogWithNothingFromTheInstrumentIsNotReplayed) {
     Desk desk;
     std::ofstream(LogPath()) << "1.000 in rD2R\\r\n";
     EXPECT_THROW(desk.Mirror().Replay(LogPath(), milliseconds(0)), travo::Failure);

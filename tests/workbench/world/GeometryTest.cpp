@@ -20,7 +20,7 @@ void ExpectPlace(const Vector& place, const Vector& expected) {
 
 }  // namespace
 
-TEST(Geometry, TheRotationWithoutTiltIsTheHalfTurnOfTheHeading) {
+TEST(GeometryTest, TheRotationWithoutTiltIsTheHalfTurnOfTheHeading) {
     const Matrix rotation = Rotation({30.0, 0.0, 0.0, {}});
     const double cosine = std::sqrt(3.0) / 2.0;
     const Matrix expected = {{{cosine, 0.5, 0.0}, {0.5, -cosine, 0.0}, {0.0, 0.0, -1.0}}};
@@ -31,30 +31,30 @@ TEST(Geometry, TheRotationWithoutTiltIsTheHalfTurnOfTheHeading) {
     }
 }
 
-TEST(Geometry, AHalfTurnIsItsOwnInverse) {
+TEST(GeometryTest, AHalfTurnIsItsOwnInverse) {
     const Mount mount{135.0, 0.0, 0.0, {}};
     const Vector counts = {300.0, -200.0, 70.0};
     ExpectPlace(Rotation(mount) * (Rotation(mount) * counts), counts);
 }
 
-TEST(Geometry, XAdvancesTheTipAlongTheHeadingAndZCountsDownward) {
+TEST(GeometryTest, XAdvancesTheTipAlongTheHeadingAndZCountsDownward) {
     const Mount mount{0.0, 0.0, 0.0, {10.0, 20.0, 30.0}};
     ExpectPlace(TipOf(mount, {100.0, 0.0, 0.0}), {110.0, 20.0, 30.0});
     ExpectPlace(TipOf(mount, {0.0, 100.0, 0.0}), {10.0, -80.0, 30.0});
     ExpectPlace(TipOf(mount, {0.0, 0.0, 100.0}), {10.0, 20.0, -70.0});
 }
 
-TEST(Geometry, YawTurnsTheHeading) {
+TEST(GeometryTest, YawTurnsTheHeading) {
     ExpectPlace(TipOf({40.0, 5.0, 0.0, {}}, {100.0, 50.0, 10.0}),
                 TipOf({45.0, 0.0, 0.0, {}}, {100.0, 50.0, 10.0}));
 }
 
-TEST(Geometry, TiltMakesTheShaftDip) {
+TEST(GeometryTest, TiltMakesTheShaftDip) {
     const Vector tip = TipOf({0.0, 0.0, 30.0, {}}, {100.0, 0.0, 0.0});
     ExpectPlace(tip, {100.0 * std::sqrt(3.0) / 2.0, 0.0, -50.0});
 }
 
-TEST(Geometry, CountsForUndoesTipOfForEveryMount) {
+TEST(GeometryTest, CountsForUndoesTipOfForEveryMount) {
     for (const double tilt : {0.0, 2.0, -7.0}) {
         for (const double heading : {0.0, 45.0, 135.0, 200.0, 315.0}) {
             const Mount mount{heading, 1.5, tilt, {1000.0, -2000.0, 500.0}};
@@ -64,12 +64,12 @@ TEST(Geometry, CountsForUndoesTipOfForEveryMount) {
     }
 }
 
-TEST(Geometry, WholeCountsGoToNearestAndRefuseWhatNoCountCanHold) {
+TEST(GeometryTest, WholeCountsGoToNearestAndRefuseWhatNoCountCanHold) {
     EXPECT_EQ(Whole({1.4, -1.6, 2.5}), (travo::PositionXYZ{1, -2, 2}));
     EXPECT_THROW(Whole({1e10, 0.0, 0.0}), travo::OverflowFailure);
 }
 
-TEST(Geometry, TheShaftRunsFromTheTipToThePointWithXCountZero) {
+TEST(GeometryTest, TheShaftRunsFromTheTipToThePointWithXCountZero) {
     const Shaft shaft = ShaftOf({90.0, 0.0, 0.0, {5.0, 6.0, 7.0}}, {1000.0, 200.0, 50.0});
     EXPECT_NEAR(shaft.tip[0], 205.0, Tiny);
     EXPECT_NEAR(shaft.tip[1], 1006.0, Tiny);
@@ -77,7 +77,7 @@ TEST(Geometry, TheShaftRunsFromTheTipToThePointWithXCountZero) {
     EXPECT_NEAR(shaft.rear[1], 6.0, Tiny);
 }
 
-TEST(Geometry, TheViewCentreFollowsTheMirrorCounts) {
+TEST(GeometryTest, TheViewCentreFollowsTheMirrorCounts) {
     EXPECT_EQ(ViewCentreOf(0, 0), (PlanPoint{0.0, 0.0}));
     EXPECT_DOUBLE_EQ(ViewCentreOf(-84, 0)[0], 420.0);
     // 180 counts are 4.14 degrees.
@@ -85,7 +85,7 @@ TEST(Geometry, TheViewCentreFollowsTheMirrorCounts) {
     EXPECT_NEAR(ViewCentreOf(0, -180)[1], 12500.0 * 0.0723825, 0.05);
 }
 
-TEST(Geometry, TheViewCentreAgreesWithTheWholeNumbersOfTheControlProgram) {
+TEST(GeometryTest, TheViewCentreAgreesWithTheWholeNumbersOfTheControlProgram) {
     for (std::int32_t count = -180; count <= 180; count += 7) {
         const PlanPoint centre = ViewCentreOf(count, count);
         // That conversion adds a half before it rounds to nearest.

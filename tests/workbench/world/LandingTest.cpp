@@ -35,7 +35,7 @@ public:
 
 }  // namespace
 
-TEST(Landing, ATipNearACellHasLandedThereByItsDistanceInPlan) {
+TEST(LandingTest, ATipNearACellHasLandedThereByItsDistanceInPlan) {
     const auto landing = LandingOf(2, CellPlace(3) + Vector{3.0, -4.0, 0.2}, FarView, milliseconds(7));
     ASSERT_TRUE(landing);
     EXPECT_EQ(landing->needle, 2);
@@ -46,16 +46,16 @@ TEST(Landing, ATipNearACellHasLandedThereByItsDistanceInPlan) {
     EXPECT_EQ(landing->centre, (PlanPoint{CellPlace(3)[0], CellPlace(3)[1]}));
 }
 
-TEST(Landing, HeightCountsFromTheCellsOwnZ) {
+TEST(LandingTest, HeightCountsFromTheCellsOwnZ) {
     EXPECT_NEAR(LandingOf(0, CellPlace(4) + Vector{0.0, 0.0, -2.0}, FarView, {})->height, -2.0, 1e-9);
 }
 
-TEST(Landing, SixtyUnitsAreNearAndMoreAreNot) {
+TEST(LandingTest, SixtyUnitsAreNearAndMoreAreNot) {
     EXPECT_TRUE(LandingOf(0, CellPlace(0) + Vector{59.99, 0.0, 0.0}, FarView, {}));
     EXPECT_FALSE(LandingOf(0, CellPlace(0) + Vector{60.01, 0.0, 0.0}, FarView, {}));
 }
 
-TEST(Landing, TheViewsCentreCountsOnlyWhereNoCellIsNear) {
+TEST(LandingTest, TheViewsCentreCountsOnlyWhereNoCellIsNear) {
     const Vector besideCell = CellPlace(0) + Vector{50.0, 0.0, 0.0};
     EXPECT_EQ(LandingOf(0, besideCell, besideCell, {})->cell, 0);
     const auto inView = LandingOf(0, {0.0, 0.0, 12.0}, {10.0, 0.0, 2.0}, {});
@@ -66,7 +66,7 @@ TEST(Landing, TheViewsCentreCountsOnlyWhereNoCellIsNear) {
     EXPECT_EQ(inView->centre, (PlanPoint{10.0, 0.0}));
 }
 
-TEST(World, ANeedleThatTheDriverSentLandsWhenItComesToRestHoweverLateAnybodyLooks) {
+TEST(WorldTest, ANeedleThatTheDriverSentLandsWhenItComesToRestHoweverLateAnybodyLooks) {
     World world;
     world.MoveNeedle(0, CountsAt(world, 0, CellPlace(3)), milliseconds(0), MovedBy::Driver);
     world.Advance(milliseconds(500));
@@ -81,7 +81,7 @@ TEST(World, ANeedleThatTheDriverSentLandsWhenItComesToRestHoweverLateAnybodyLook
     EXPECT_EQ(world.NeedleLandings().InAll(), 1);
 }
 
-TEST(World, AMoveByHandIsNoLandingAndAHandOnTheWayTakesItFromTheDriver) {
+TEST(WorldTest, AMoveByHandIsNoLandingAndAHandOnTheWayTakesItFromTheDriver) {
     World world;
     const PositionXYZ cell = CountsAt(world, 0, CellPlace(3));
     world.MoveNeedle(0, cell, milliseconds(0));
@@ -93,7 +93,7 @@ TEST(World, AMoveByHandIsNoLandingAndAHandOnTheWayTakesItFromTheDriver) {
     EXPECT_EQ(world.NeedleLandings().InAll(), 0);
 }
 
-TEST(World, OnlyTheLastTargetOfTheDriverIsLandedOn) {
+TEST(WorldTest, OnlyTheLastTargetOfTheDriverIsLandedOn) {
     World world;
     world.MoveNeedle(0, CountsAt(world, 0, CellPlace(3)), milliseconds(0), MovedBy::Driver);
     world.MoveNeedle(0, CountsAt(world, 0, CellPlace(2)), milliseconds(100), MovedBy::Driver);
@@ -102,7 +102,7 @@ TEST(World, OnlyTheLastTargetOfTheDriverIsLandedOn) {
     EXPECT_EQ(world.NeedleLandings().Last()->cell, 2);
 }
 
-TEST(World, LandingInTheViewGoesByWhereTheViewStoodThen) {
+TEST(WorldTest, LandingInTheViewGoesByWhereTheViewStoodThen) {
     World world;
     world.Optics().MoveMirror(Microscope::AxisX, 40, milliseconds(0));
     world.MoveNeedle(0, {12500, 12500, 12500}, milliseconds(0), MovedBy::Driver);
@@ -118,7 +118,7 @@ TEST(World, LandingInTheViewGoesByWhereTheViewStoodThen) {
     EXPECT_NEAR(world.NeedleLandings().Last()->height, 1.0, 1e-9);
 }
 
-TEST(World, TheWorstLandingIsKeptUntilItIsForgotten) {
+TEST(WorldTest, TheWorstLandingIsKeptUntilItIsForgotten) {
     World world;
     const PositionXYZ cell = CountsAt(world, 0, CellPlace(3));
     world.MoveNeedle(0, {cell[0] + 30, cell[1], cell[2]}, seconds(0), MovedBy::Driver);
@@ -134,7 +134,7 @@ TEST(World, TheWorstLandingIsKeptUntilItIsForgotten) {
     EXPECT_FALSE(world.NeedleLandings().Last());
 }
 
-TEST(World, ALandingIsMeasuredFromTheTrueTip) {
+TEST(WorldTest, ALandingIsMeasuredFromTheTrueTip) {
     World world;
     world.SpoilNeedle(0, {{}, {}, {6.0, 8.0, 0.0}}, seconds(0));
     world.MoveNeedle(0, CountsAt(world, 0, CellPlace(3)), seconds(0), MovedBy::Driver);
@@ -142,7 +142,7 @@ TEST(World, ALandingIsMeasuredFromTheTrueTip) {
     EXPECT_NEAR(world.NeedleLandings().Last()->distance, 10.0, 1.0);
 }
 
-TEST(World, TheListenerHearsOfCrossingsAndArrivals) {
+TEST(WorldTest, TheListenerHearsOfCrossingsAndArrivals) {
     World world;
     Heard heard;
     world.Listen(&heard);

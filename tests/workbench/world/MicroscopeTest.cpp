@@ -14,7 +14,7 @@ constexpr std::int32_t X = Microscope::AxisX;
 constexpr std::int32_t Y = Microscope::AxisY;
 }  // namespace
 
-TEST(Microscope, StartsCentredAtTwoTimesWithItsMotorsOn) {
+TEST(MicroscopeTest, StartsCentredAtTwoTimesWithItsMotorsOn) {
     const Microscope optics;
     EXPECT_EQ(optics.MirrorCount(X, milliseconds(0)), 0);
     EXPECT_EQ(optics.Magnification(), 2);
@@ -23,7 +23,7 @@ TEST(Microscope, StartsCentredAtTwoTimesWithItsMotorsOn) {
     EXPECT_EQ(optics.GaugeReading(milliseconds(0)), 0.0);
 }
 
-TEST(Microscope, TheMirrorTravelsFourHundredCountsASecond) {
+TEST(MicroscopeTest, TheMirrorTravelsFourHundredCountsASecond) {
     Microscope optics;
     EXPECT_EQ(optics.MoveMirror(X, 100, milliseconds(1000)), MirrorMove::Started);
     EXPECT_DOUBLE_EQ(optics.MirrorNow(X, milliseconds(1100)), 40.0);
@@ -33,7 +33,7 @@ TEST(Microscope, TheMirrorTravelsFourHundredCountsASecond) {
     EXPECT_EQ(optics.MirrorCount(Y, milliseconds(1250)), 0);
 }
 
-TEST(Microscope, TheLimitFlagIsRaisedOnlyByAMoveBeyondTheRange) {
+TEST(MicroscopeTest, TheLimitFlagIsRaisedOnlyByAMoveBeyondTheRange) {
     Microscope optics;
     EXPECT_EQ(optics.MoveMirror(X, 180, milliseconds(0)), MirrorMove::Started);
     EXPECT_FALSE(optics.AtLimit(X));
@@ -48,7 +48,7 @@ TEST(Microscope, TheLimitFlagIsRaisedOnlyByAMoveBeyondTheRange) {
     EXPECT_TRUE(optics.AtLimit(Y));
 }
 
-TEST(Microscope, WithTheMotorsOffTheMirrorStopsAndRefuses) {
+TEST(MicroscopeTest, WithTheMotorsOffTheMirrorStopsAndRefuses) {
     Microscope optics;
     optics.MoveMirror(X, 100, milliseconds(0));
     optics.SwitchMirrorMotors(false, milliseconds(100));
@@ -59,7 +59,7 @@ TEST(Microscope, WithTheMotorsOffTheMirrorStopsAndRefuses) {
     EXPECT_EQ(optics.MoveMirror(X, 50, milliseconds(5000)), MirrorMove::Started);
 }
 
-TEST(Microscope, AnAxisOrAMagnificationThatIsNotThereIsAFailure) {
+TEST(MicroscopeTest, AnAxisOrAMagnificationThatIsNotThereIsAFailure) {
     Microscope optics;
     EXPECT_THROW(optics.MoveMirror(2, 0, milliseconds(0)), travo::BoundsFailure);
     EXPECT_THROW(optics.AtLimit(-1), travo::BoundsFailure);
@@ -69,14 +69,14 @@ TEST(Microscope, AnAxisOrAMagnificationThatIsNotThereIsAFailure) {
     EXPECT_EQ(optics.Magnification(), 2);
 }
 
-TEST(Microscope, TheFieldOfViewFollowsTheMagnification) {
+TEST(MicroscopeTest, TheFieldOfViewFollowsTheMagnification) {
     EXPECT_EQ(FieldOfView(0)[0], 0.0);
     EXPECT_EQ(FieldOfView(1)[0], 1524.0);
     EXPECT_EQ(FieldOfView(2)[1], 181.0);
     EXPECT_EQ(FieldOfView(3)[0], 121.4);
 }
 
-TEST(Microscope, TheFocusMovesAHundredCountsToAUnitAndFourHundredUnitsASecond) {
+TEST(MicroscopeTest, TheFocusMovesAHundredCountsToAUnitAndFourHundredUnitsASecond) {
     Microscope optics;
     EXPECT_TRUE(optics.MoveFocus(80000, milliseconds(0)));
     EXPECT_DOUBLE_EQ(optics.FocusNow(milliseconds(500)), 200.0);
@@ -85,7 +85,7 @@ TEST(Microscope, TheFocusMovesAHundredCountsToAUnitAndFourHundredUnitsASecond) {
     EXPECT_EQ(optics.FocusCount(milliseconds(2000)), 80000);
 }
 
-TEST(Microscope, TheFocusRefusesToGoBeyondItsEndsAndHaltsWhereItIs) {
+TEST(MicroscopeTest, TheFocusRefusesToGoBeyondItsEndsAndHaltsWhereItIs) {
     Microscope optics;
     EXPECT_FALSE(optics.MoveFocus(std::int64_t{FocusRange} + 1, milliseconds(0)));
     EXPECT_FALSE(optics.MoveFocus(-std::int64_t{FocusRange} - 1, milliseconds(0)));
@@ -95,7 +95,7 @@ TEST(Microscope, TheFocusRefusesToGoBeyondItsEndsAndHaltsWhereItIs) {
     EXPECT_EQ(optics.FocusCount(milliseconds(60000)), 400);
 }
 
-TEST(Microscope, TheGaugeReadsFromItsOwnZero) {
+TEST(MicroscopeTest, TheGaugeReadsFromItsOwnZero) {
     Microscope optics;
     optics.MoveFocus(10000, milliseconds(0));
     EXPECT_DOUBLE_EQ(optics.GaugeReading(milliseconds(1000)), 100.0);
@@ -105,7 +105,7 @@ TEST(Microscope, TheGaugeReadsFromItsOwnZero) {
     EXPECT_DOUBLE_EQ(optics.FocusNow(milliseconds(1000)), 100.0);
 }
 
-TEST(Microscope, TheViewsCentreFollowsTheMirror) {
+TEST(MicroscopeTest, TheViewsCentreFollowsTheMirror) {
     Microscope optics;
     optics.MoveMirror(X, -84, milliseconds(0));
     optics.MoveMirror(Y, 45, milliseconds(0));

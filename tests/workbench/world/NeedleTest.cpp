@@ -23,7 +23,7 @@ double TipX(const Needle& needle, Time now) { return needle.TipAt(now)[0]; }
 
 }  // namespace
 
-TEST(Needle, APerfectTipStandsWhereItsCountsSay) {
+TEST(NeedleTest, APerfectTipStandsWhereItsCountsSay) {
     Needle needle = PlainNeedle();
     needle.SetOut({500.0, 0.0, 0.0}, milliseconds(0));
     EXPECT_DOUBLE_EQ(TipX(needle, milliseconds(50)), 300.0);
@@ -31,7 +31,7 @@ TEST(Needle, APerfectTipStandsWhereItsCountsSay) {
     EXPECT_TRUE(needle.StandsStillFrom(milliseconds(100)));
 }
 
-TEST(Needle, GoingUpTheTipWaitsUntilThePlayIsTakenUpAndStaysBehindByIt) {
+TEST(NeedleTest, GoingUpTheTipWaitsUntilThePlayIsTakenUpAndStaysBehindByIt) {
     Needle needle = PlainNeedle();
     needle.Spoil(Play(40), milliseconds(0));
     EXPECT_DOUBLE_EQ(TipX(needle, milliseconds(0)), 100.0);
@@ -43,7 +43,7 @@ TEST(Needle, GoingUpTheTipWaitsUntilThePlayIsTakenUpAndStaysBehindByIt) {
     EXPECT_EQ(needle.CountsAt(milliseconds(100))[0], 500.0);
 }
 
-TEST(Needle, GoingDownTheTipWaitsFirstAndThenStandsWhereTheCountsSay) {
+TEST(NeedleTest, GoingDownTheTipWaitsFirstAndThenStandsWhereTheCountsSay) {
     Needle needle = PlainNeedle();
     needle.Spoil(Play(40), milliseconds(0));
     needle.SetOut({500.0, 0.0, 0.0}, milliseconds(0));
@@ -55,7 +55,7 @@ TEST(Needle, GoingDownTheTipWaitsFirstAndThenStandsWhereTheCountsSay) {
     EXPECT_DOUBLE_EQ(TipX(needle, milliseconds(4000)), 300.0);
 }
 
-TEST(Needle, EachAxisHasItsOwnPlay) {
+TEST(NeedleTest, EachAxisHasItsOwnPlay) {
     Needle needle = PlainNeedle({0.0, 0.0, 0.0});
     needle.Spoil(Play(10, 20, 30), milliseconds(0));
     needle.SetOut({100.0, 100.0, 100.0}, milliseconds(0));
@@ -63,7 +63,7 @@ TEST(Needle, EachAxisHasItsOwnPlay) {
     EXPECT_LT(DistanceOf(needle.TipAtRest(milliseconds(0)), {90.0, -80.0, -70.0}), 1e-9);
 }
 
-TEST(Needle, ADriftGoesOnByTheMinuteFromWhenItWasSet) {
+TEST(NeedleTest, ADriftGoesOnByTheMinuteFromWhenItWasSet) {
     Needle needle = PlainNeedle({0.0, 0.0, 0.0});
     needle.Spoil({{}, {60.0, -30.0, 0.0}, {}}, milliseconds(1000));
     EXPECT_DOUBLE_EQ(TipX(needle, milliseconds(1000)), 0.0);
@@ -74,7 +74,7 @@ TEST(Needle, ADriftGoesOnByTheMinuteFromWhenItWasSet) {
     EXPECT_DOUBLE_EQ(TipX(needle, minutes(11)), 0.0);
 }
 
-TEST(Needle, ABentTipIsDisplacedAndTheRearOfItsShaftIsNot) {
+TEST(NeedleTest, ABentTipIsDisplacedAndTheRearOfItsShaftIsNot) {
     Needle needle = PlainNeedle();
     const Shaft before = needle.ShaftAt(milliseconds(0));
     needle.Spoil({{}, {}, {3.0, -4.0, 5.0}}, milliseconds(0));
@@ -85,14 +85,14 @@ TEST(Needle, ABentTipIsDisplacedAndTheRearOfItsShaftIsNot) {
     EXPECT_EQ(after.rear, before.rear);
 }
 
-TEST(Needle, WhatIsSetBesideAnotherLeavesThatAsItHasGone) {
+TEST(NeedleTest, WhatIsSetBesideAnotherLeavesThatAsItHasGone) {
     Needle needle = PlainNeedle({0.0, 0.0, 0.0});
     needle.Spoil({{}, {60.0, 0.0, 0.0}, {}}, milliseconds(0));
     needle.Spoil({{}, {60.0, 0.0, 0.0}, {0.0, 7.0, 0.0}}, minutes(1));
     EXPECT_LT(DistanceOf(needle.TipAt(minutes(2)), {120.0, 7.0, 0.0}), 1e-9);
 }
 
-TEST(Needle, BetweenTwoTurnsTheTipRunsEvenly) {
+TEST(NeedleTest, BetweenTwoTurnsTheTipRunsEvenly) {
     Needle needle = PlainNeedle({0.0, 500.0, 0.0});
     needle.Spoil(Play(40, 25), milliseconds(0));
     needle.SetOut({400.0, 300.0, 0.0}, milliseconds(0));
@@ -108,7 +108,7 @@ TEST(Needle, BetweenTwoTurnsTheTipRunsEvenly) {
     EXPECT_EQ(turns, (std::vector<Time>{milliseconds(1010), milliseconds(1025), milliseconds(1100)}));
 }
 
-TEST(World, AShaftThatDriftsAcrossAnotherIsACrossing) {
+TEST(WorldTest, AShaftThatDriftsAcrossAnotherIsACrossing) {
     World world;
     world.MoveNeedle(1, {12900, 12500, 12500}, milliseconds(0));
     world.MoveNeedle(0, {12490, 12500, 12500}, milliseconds(2000));
@@ -122,7 +122,7 @@ TEST(World, AShaftThatDriftsAcrossAnotherIsACrossing) {
     EXPECT_NEAR(static_cast<double>(world.Crossings()[0].time.count()), 14000000.0, 2.0);
 }
 
-TEST(World, ABentTipThatReachesAnotherShaftCrossesIt) {
+TEST(WorldTest, ABentTipThatReachesAnotherShaftCrossesIt) {
     World world;
     world.MoveNeedle(1, {12900, 12500, 12500}, milliseconds(0));
     world.MoveNeedle(0, {12490, 12500, 12500}, milliseconds(2000));
@@ -134,7 +134,7 @@ TEST(World, ABentTipThatReachesAnotherShaftCrossesIt) {
 
 // Its play keeps the tip from going back along its shaft at first, so that it goes round a corner; the
 // straight way from where it stands to where it comes to rest would pass the other needle's tip by.
-TEST(World, ACrossingOnTheBentWayOfATipWithPlayIsSeen) {
+TEST(WorldTest, ACrossingOnTheBentWayOfATipWithPlayIsSeen) {
     World world;
     world.SpoilNeedle(0, Play(300), seconds(0));
     world.MoveNeedle(0, {12850, 12400, 12500}, seconds(0));

@@ -19,22 +19,22 @@ const Shaft Upright = {{0.0, 0.0}, {0.0, -1000.0}};
 
 }  // namespace
 
-TEST(ShaftContact, ShaftsThatCrossHaveNoDistance) {
+TEST(ShaftContactTest, ShaftsThatCrossHaveNoDistance) {
     EXPECT_EQ(PlanDistance(Level(10.0, -5.0), Upright), 0.0);
 }
 
-TEST(ShaftContact, TheDistanceOfShaftsApartIsTheShortestOne) {
+TEST(ShaftContactTest, TheDistanceOfShaftsApartIsTheShortestOne) {
     EXPECT_DOUBLE_EQ(PlanDistance(Level(-3.0, -5.0), Upright), 3.0);
     EXPECT_DOUBLE_EQ(PlanDistance(Level(-3.0, 4.0), Upright), 5.0);
     EXPECT_DOUBLE_EQ(PlanDistance(Level(100.0, 1.0), Upright), 1.0);
 }
 
-TEST(ShaftContact, AShaftOfNoLengthIsAPoint) {
+TEST(ShaftContactTest, AShaftOfNoLengthIsAPoint) {
     EXPECT_DOUBLE_EQ(PlanDistance({{7.0, -10.0}, {7.0, -10.0}}, Upright), 7.0);
     EXPECT_DOUBLE_EQ(PlanDistance({{0.0, -10.0}, {0.0, -10.0}}, Upright), 0.0);
 }
 
-TEST(ShaftContact, ShaftsAtRestThatCrossMeetAllTheTime) {
+TEST(ShaftContactTest, ShaftsAtRestThatCrossMeetAllTheTime) {
     const auto meetings = MeetingsOf(Still(Level(10.0, -5.0)), Still(Upright));
     ASSERT_EQ(meetings.size(), 1u);
     EXPECT_EQ(meetings[0].from, 0.0);
@@ -43,15 +43,15 @@ TEST(ShaftContact, ShaftsAtRestThatCrossMeetAllTheTime) {
     EXPECT_NEAR(meetings[0].place[1], -5.0, 1e-9);
 }
 
-TEST(ShaftContact, ATipThatStopsShortDoesNotMeet) {
+TEST(ShaftContactTest, ATipThatStopsShortDoesNotMeet) {
     EXPECT_TRUE(MeetingsOf({Level(-100.0, -50.0), Level(-0.01, -50.0)}, Still(Upright)).empty());
 }
 
-TEST(ShaftContact, ATipThatPassesBelowDoesNotMeet) {
+TEST(ShaftContactTest, ATipThatPassesBelowDoesNotMeet) {
     EXPECT_TRUE(MeetingsOf({Level(-100.0, 0.01), Level(100.0, 0.01)}, Still(Upright)).empty());
 }
 
-TEST(ShaftContact, AMeetingThatIsOverBeforeTheEndIsSeen) {
+TEST(ShaftContactTest, AMeetingThatIsOverBeforeTheEndIsSeen) {
     const auto meetings = MeetingsOf({Level(-30.0, -60.0), Level(30.0, 20.0)}, Still(Upright));
     ASSERT_EQ(meetings.size(), 1u);
     EXPECT_NEAR(meetings[0].from, 0.5, 1e-9);
@@ -59,7 +59,7 @@ TEST(ShaftContact, AMeetingThatIsOverBeforeTheEndIsSeen) {
     EXPECT_NEAR(meetings[0].place[1], -20.0, 1e-6);
 }
 
-TEST(ShaftContact, AMeetingOfAMillionthOfTheTimeIsSeen) {
+TEST(ShaftContactTest, AMeetingOfAMillionthOfTheTimeIsSeen) {
     // The tip is beyond the other shaft from share 0.5 on, and below its end from 0.500001 on.
     const auto meetings = MeetingsOf({Level(-1000.0, -1000.002), Level(1000.0, 999.998)}, Still(Upright));
     ASSERT_EQ(meetings.size(), 1u);
@@ -67,7 +67,7 @@ TEST(ShaftContact, AMeetingOfAMillionthOfTheTimeIsSeen) {
     EXPECT_NEAR(meetings[0].to, 0.500001, 1e-8);
 }
 
-TEST(ShaftContact, ShaftsOnOneLineMeetWhenTheirTipsTouch) {
+TEST(ShaftContactTest, ShaftsOnOneLineMeetWhenTheirTipsTouch) {
     const Shaft fromLeft = Level(-1.0, 0.0);
     const MovingShaft fromRight = {{{100.0, 0.0}, {600.0, 0.0}}, {{-100.0, 0.0}, {400.0, 0.0}}};
     const auto meetings = MeetingsOf(Still(fromLeft), fromRight);
@@ -76,11 +76,11 @@ TEST(ShaftContact, ShaftsOnOneLineMeetWhenTheirTipsTouch) {
     EXPECT_EQ(meetings[0].to, 1.0);
 }
 
-TEST(ShaftContact, ParallelShaftsNeverMeet) {
+TEST(ShaftContactTest, ParallelShaftsNeverMeet) {
     EXPECT_TRUE(MeetingsOf({Level(0.0, 10.0), Level(300.0, 10.0)}, Still(Level(0.0, 0.0))).empty());
 }
 
-TEST(ShaftContact, WhatSamplingSeesIsSeen) {
+TEST(ShaftContactTest, WhatSamplingSeesIsSeen) {
     std::mt19937 random(20240511);
     std::uniform_real_distribution<double> coordinate(-100.0, 100.0);
     const auto shaft = [&] {
@@ -113,7 +113,7 @@ TEST(ShaftContact, WhatSamplingSeesIsSeen) {
     EXPECT_GT(metInAll, 1000);
 }
 
-TEST(ShaftContact, ShaftsOnOneLineFromOppositeSidesDoNotMeetThroughRounding) {
+TEST(ShaftContactTest, ShaftsOnOneLineFromOppositeSidesDoNotMeetThroughRounding) {
     // Two needles that face each other along a diagonal, as far back as a retreat brings them.
     const double back = 3000.0 / std::sqrt(2.0);
     const double rear = 12500.0 / std::sqrt(2.0);

@@ -29,14 +29,14 @@ World WorldWithNeedle1AcrossTheOrigin() {
 
 }  // namespace
 
-TEST(World, HomeCountsPutEveryDefaultTipOnTheOrigin) {
+TEST(WorldTest, HomeCountsPutEveryDefaultTipOnTheOrigin) {
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         const Vector tip = TipOf(DefaultMount(needle), Exact(Home));
         EXPECT_NEAR(DistanceOf(tip, {0.0, 0.0, 0.0}), 0.0, 1e-9);
     }
 }
 
-TEST(World, TheDefaultHeadingsComeFromTheFourCorners) {
+TEST(WorldTest, TheDefaultHeadingsComeFromTheFourCorners) {
     const World world;
     EXPECT_EQ(world.MountOf(0).heading, 45.0);
     EXPECT_EQ(world.MountOf(1).heading, 135.0);
@@ -44,7 +44,7 @@ TEST(World, TheDefaultHeadingsComeFromTheFourCorners) {
     EXPECT_EQ(world.MountOf(3).heading, 315.0);
 }
 
-TEST(World, TargetsWithin900OfTheOriginAreInReachOfEveryDefaultNeedle) {
+TEST(WorldTest, TargetsWithin900OfTheOriginAreInReachOfEveryDefaultNeedle) {
     for (std::int32_t needle = 0; needle < travo::NeedleCount; ++needle) {
         for (const double x : {-900.0, 0.0, 900.0}) {
             for (const double y : {-900.0, 0.0, 900.0}) {
@@ -59,7 +59,7 @@ TEST(World, TargetsWithin900OfTheOriginAreInReachOfEveryDefaultNeedle) {
     }
 }
 
-TEST(World, NeedlesStartPulledBackAndNoShaftsCross) {
+TEST(WorldTest, NeedlesStartPulledBackAndNoShaftsCross) {
     World world;
     world.Advance(milliseconds(1));
     for (std::int32_t a = 0; a < travo::NeedleCount; ++a) {
@@ -73,7 +73,7 @@ TEST(World, NeedlesStartPulledBackAndNoShaftsCross) {
     EXPECT_EQ(world.PairsCrossed(), 0);
 }
 
-TEST(World, ANeedleMovesFourCountsAMillisecondOnItsLongestAxisInAStraightLine) {
+TEST(WorldTest, ANeedleMovesFourCountsAMillisecondOnItsLongestAxisInAStraightLine) {
     World world;
     world.MoveNeedle(0, HomePlus(-1000, 500, -200), milliseconds(50));
     EXPECT_EQ(world.CountsNow(0, milliseconds(300)), HomePlus(-2000, 250, -100));
@@ -83,7 +83,7 @@ TEST(World, ANeedleMovesFourCountsAMillisecondOnItsLongestAxisInAStraightLine) {
     EXPECT_FALSE(world.NeedleMoves(1, milliseconds(300)));
 }
 
-TEST(World, TheTipAtRestIsToldWhileTheNeedleMoves) {
+TEST(WorldTest, TheTipAtRestIsToldWhileTheNeedleMoves) {
     World world;
     world.MoveNeedle(2, Home, milliseconds(0));
     EXPECT_NEAR(DistanceOf(world.TipAtRest(2), {0.0, 0.0, 0.0}), 0.0, 1e-9);
@@ -91,7 +91,7 @@ TEST(World, TheTipAtRestIsToldWhileTheNeedleMoves) {
     EXPECT_NEAR(DistanceOf(world.TipNow(2, milliseconds(375)), {0.0, 0.0, 0.0}), 1500.0, 1e-6);
 }
 
-TEST(World, ACountOutOfRangeMovesNothing) {
+TEST(WorldTest, ACountOutOfRangeMovesNothing) {
     for (const PositionXYZ& target :
          {PositionXYZ{-1, 0, 0}, PositionXYZ{0, 25001, 0}, PositionXYZ{0, 0, INT32_MAX}}) {
         World world;
@@ -103,20 +103,20 @@ TEST(World, ACountOutOfRangeMovesNothing) {
     EXPECT_TRUE(world.NeedleMoves(0, milliseconds(1)));
 }
 
-TEST(World, AJogStopsAtTheEndsOfTheRange) {
+TEST(WorldTest, AJogStopsAtTheEndsOfTheRange) {
     World world;
     world.JogNeedle(0, {INT32_MAX, INT32_MIN, 10}, milliseconds(0));
     EXPECT_EQ(world.CountsNow(0, milliseconds(20000)), (PositionXYZ{25000, 0, HomeCount + 10}));
 }
 
-TEST(World, ANeedleBeyondTheTableIsRefused) {
+TEST(WorldTest, ANeedleBeyondTheTableIsRefused) {
     World world;
     EXPECT_THROW(world.MoveNeedle(4, Home, milliseconds(0)), travo::BoundsFailure);
     EXPECT_THROW(world.TipNow(-1, milliseconds(0)), travo::BoundsFailure);
     EXPECT_THROW(DefaultMount(4), travo::BoundsFailure);
 }
 
-TEST(World, ATipThatRunsAcrossAnotherShaftIsACrossing) {
+TEST(WorldTest, ATipThatRunsAcrossAnotherShaftIsACrossing) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.MoveNeedle(0, HomePlus(400), milliseconds(10000));
     world.Advance(milliseconds(20000));
@@ -131,7 +131,7 @@ TEST(World, ATipThatRunsAcrossAnotherShaftIsACrossing) {
     EXPECT_EQ(world.PairsCrossed(), 1);
 }
 
-TEST(World, ATipThatStopsOneCountBeforeAnotherShaftIsNoCrossing) {
+TEST(WorldTest, ATipThatStopsOneCountBeforeAnotherShaftIsNoCrossing) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.MoveNeedle(0, HomePlus(-1), milliseconds(10000));
     world.Advance(milliseconds(20000));
@@ -140,7 +140,7 @@ TEST(World, ATipThatStopsOneCountBeforeAnotherShaftIsNoCrossing) {
                 1.0, 1e-6);
 }
 
-TEST(World, ACrossingOnTheWayIsSeenThoughNobodyLookedMeanwhile) {
+TEST(WorldTest, ACrossingOnTheWayIsSeenThoughNobodyLookedMeanwhile) {
     // Needle 0 passes diagonally before the tip of needle 1: both ends of its way are clear.
     World world;
     world.MoveNeedle(1, Home, milliseconds(0));
@@ -156,7 +156,7 @@ TEST(World, ACrossingOnTheWayIsSeenThoughNobodyLookedMeanwhile) {
     EXPECT_EQ(world.PairsCrossed(), 0);
 }
 
-TEST(World, APairThatPartsAndMeetsAgainIsTwoCrossings) {
+TEST(WorldTest, APairThatPartsAndMeetsAgainIsTwoCrossings) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.MoveNeedle(0, HomePlus(50), milliseconds(10000));
     world.MoveNeedle(0, HomePlus(-50), milliseconds(20000));
@@ -165,7 +165,7 @@ TEST(World, APairThatPartsAndMeetsAgainIsTwoCrossings) {
     EXPECT_EQ(world.CrossingsInAll(), 2);
 }
 
-TEST(World, ACrossingThatLastsIsToldOnce) {
+TEST(WorldTest, ACrossingThatLastsIsToldOnce) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.MoveNeedle(0, HomePlus(50), milliseconds(10000));
     world.Advance(milliseconds(20000));
@@ -176,7 +176,7 @@ TEST(World, ACrossingThatLastsIsToldOnce) {
     EXPECT_EQ(world.CrossingsInAll(), 1);
 }
 
-TEST(World, HowOftenTimePassesMakesNoDifference) {
+TEST(WorldTest, HowOftenTimePassesMakesNoDifference) {
     World seldom = WorldWithNeedle1AcrossTheOrigin();
     World often = WorldWithNeedle1AcrossTheOrigin();
     seldom.MoveNeedle(0, HomePlus(50), milliseconds(10000));
@@ -191,7 +191,7 @@ TEST(World, HowOftenTimePassesMakesNoDifference) {
                 static_cast<double>(often.Crossings()[0].time.count()), 2.0);
 }
 
-TEST(World, TwoNeedlesOnOneLineMeetEndOnEnd) {
+TEST(WorldTest, TwoNeedlesOnOneLineMeetEndOnEnd) {
     World world;
     world.MoveNeedle(0, HomePlus(5), milliseconds(0));
     world.MoveNeedle(2, HomePlus(5), milliseconds(0));
@@ -200,7 +200,7 @@ TEST(World, TwoNeedlesOnOneLineMeetEndOnEnd) {
     EXPECT_NEAR(static_cast<double>(world.Crossings()[0].time.count()), 750000.0, 2.0);
 }
 
-TEST(World, ANeedleThatIsNotConnectedCrossesNothing) {
+TEST(WorldTest, ANeedleThatIsNotConnectedCrossesNothing) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.ConnectNeedles(1, milliseconds(10000));
     world.MoveNeedle(0, HomePlus(400), milliseconds(10000));
@@ -212,7 +212,7 @@ TEST(World, ANeedleThatIsNotConnectedCrossesNothing) {
     EXPECT_EQ(world.ConnectedNeedles(), 2);
 }
 
-TEST(World, AMountThatPutsAShaftAcrossAnotherIsACrossing) {
+TEST(WorldTest, AMountThatPutsAShaftAcrossAnotherIsACrossing) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     world.MountNeedle(0, HomedMount(45.0), milliseconds(10000));
     EXPECT_EQ(world.CrossingsInAll(), 0);
@@ -222,7 +222,7 @@ TEST(World, AMountThatPutsAShaftAcrossAnotherIsACrossing) {
     EXPECT_EQ(world.CrossingsInAll(), 1);
 }
 
-TEST(World, CrossingsCanBeForgottenAndOnlyTheLastAreKept) {
+TEST(WorldTest, CrossingsCanBeForgottenAndOnlyTheLastAreKept) {
     World world = WorldWithNeedle1AcrossTheOrigin();
     Time time = milliseconds(10000);
     for (int round = 0; round < 250; ++round) {
@@ -238,7 +238,7 @@ TEST(World, CrossingsCanBeForgottenAndOnlyTheLastAreKept) {
     EXPECT_TRUE(world.Crossings().empty());
 }
 
-TEST(World, TimeNeverRunsBack) {
+TEST(WorldTest, TimeNeverRunsBack) {
     World world;
     world.Advance(milliseconds(1000));
     world.MoveNeedle(0, HomePlus(-2000), milliseconds(500));
@@ -246,7 +246,7 @@ TEST(World, TimeNeverRunsBack) {
     EXPECT_EQ(world.CountsNow(0, milliseconds(1250)), HomePlus(-2000));
 }
 
-TEST(World, EveryCellLiesWhereWholeMirrorCountsPutTheViewCentre) {
+TEST(WorldTest, EveryCellLiesWhereWholeMirrorCountsPutTheViewCentre) {
     for (const Cell& cell : World::Cells()) {
         EXPECT_LE(std::abs(cell.mirrorX), 180);
         EXPECT_LE(std::abs(cell.mirrorY), 180);
@@ -257,7 +257,7 @@ TEST(World, EveryCellLiesWhereWholeMirrorCountsPutTheViewCentre) {
     }
 }
 
-TEST(World, NoTwoCellsLieAlongADefaultShaftNorDoesOneWithTheOrigin) {
+TEST(WorldTest, NoTwoCellsLieAlongADefaultShaftNorDoesOneWithTheOrigin) {
     std::vector<Vector> places = {{0.0, 0.0, 0.0}};
     for (const Cell& cell : World::Cells()) {
         places.push_back(cell.Place());

@@ -12,7 +12,7 @@ namespace travo::test {
 inline constexpr QRgb Ground = qRgb(255, 153, 134);
 inline constexpr QRgb Black = 0xFF000000U;
 
-class BirdCanvasPictures : public testing::Test {
+class BirdCanvasRig : public testing::Test {
 protected:
     const QImage& Composed() { return canvas.Compose(still, scene); }
 

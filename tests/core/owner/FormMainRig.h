@@ -7,12 +7,12 @@
 #include <memory>
 
 #include "core/owner/FormMain.h"
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 namespace travo::test {
 
 // Ports 1, 2 and 3 are mirror, gauge and motor.
-class FormMainBench : public OwnerFixture {
+class FormMainRig : public OwnerRig {
 protected:
     // The tabs, as their pictures are numbered from 0.
     static constexpr int Experiment = 0;

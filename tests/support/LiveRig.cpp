@@ -1,4 +1,4 @@
-#include "support/LiveDesk.h"
+#include "support/LiveRig.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ const QString Question =
 
 }  // namespace
 
-LiveDesk::LiveDesk(platform::LiveCamera& camera, AtLastEnd atLastEnd) : ear_(camera) {
+LiveRig::LiveRig(platform::LiveCamera& camera, AtLastEnd atLastEnd) : ear_(camera) {
     machine_.folders.program = program_.path();
     machine_.folders.applicationData = data_.path();
     QFile settings(program_.filePath(QStringLiteral("KVData.ini")));
@@ -38,17 +38,17 @@ LiveDesk::LiveDesk(platform::LiveCamera& camera, AtLastEnd atLastEnd) : ear_(cam
 }
 
 template <class Control>
-Control& LiveDesk::Find(const QString& panel, const QString& name) const {
+Control& LiveRig::Find(const QString& panel, const QString& name) const {
     return *window_->findChild<QWidget*>(panel)->findChild<Control*>(name);
 }
 
-void LiveDesk::StartUp() {
+void LiveRig::StartUp() {
     EXPECT_TRUE(QTest::qWaitFor(
         [this] { return window_->findChild<QObject*>(QStringLiteral("FirstPaint")) == nullptr; },
         PaintLimit));
 }
 
-void LiveDesk::OpenTab(int tab) {
+void LiveRig::OpenTab(int tab) {
     for (const int picture : {tab + Tabs, tab + 2 * Tabs}) {
         auto* const unselected = window_->findChild<QWidget*>(QStringLiteral("imgTab(%1)").arg(picture));
         if (unselected->isVisible()) {
@@ -58,39 +58,39 @@ void LiveDesk::OpenTab(int tab) {
     }
 }
 
-void LiveDesk::ClickOn(QWidget& control) {
+void LiveRig::ClickOn(QWidget& control) {
     EXPECT_TRUE(control.isVisible()) << control.objectName().toStdString();
     QTest::mouseClick(&control, Qt::LeftButton);
 }
 
-void LiveDesk::ShowConnectionPanel() { OpenTab(ConnectionTab); }
+void LiveRig::ShowConnectionPanel() { OpenTab(ConnectionTab); }
 
-bool LiveDesk::ButtonPressed() const {
+bool LiveRig::ButtonPressed() const {
     return Find<usrKVCheckButton>(QStringLiteral("CtlUser1"), QStringLiteral("usrKVCheckButton1(0)")).Value();
 }
 
-void LiveDesk::Click() {
+void LiveRig::Click() {
     OpenTab(UserTab);
     ClickOn(Find<QWidget>(QStringLiteral("CtlUser1"), QStringLiteral("usrKVCheckButton1(0)")));
 }
 
-void LiveDesk::Click(bool pressed) {
+void LiveRig::Click(bool pressed) {
     EXPECT_NE(ButtonPressed(), pressed) << "a click cannot bring the camera button there";
     Click();
     EXPECT_EQ(ButtonPressed(), pressed);
 }
 
-void LiveDesk::AttachButton() {
+void LiveRig::AttachButton() {
     ShowConnectionPanel();
     ClickOn(Find<QWidget>(QStringLiteral("CtlConnection1"), QStringLiteral("usrKVButton1(8)")));
 }
 
-void LiveDesk::Closing() {
+void LiveRig::Closing() {
     machine_.boxes.answers = {platform::BoxAnswer::OK};
     EXPECT_TRUE(window_->close());
 }
 
-Texts LiveDesk::Boxes() const {
+Texts LiveRig::Boxes() const {
     Texts texts;
     for (const QString& text : machine_.boxes.Texts()) {
         if (text != Question) {

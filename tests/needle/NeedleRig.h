@@ -35,9 +35,9 @@ inline constexpr CalibrationMap::Points ReversedNeedle{
 inline constexpr CalibrationMap::Points CrosswiseNeedle{
     {{10000, 10000, 5000}, {6000, 7000, 5000}, {6000, 13000, 5000}, {10000, 10000, 6000}}};
 
-class NeedleTest : public ::testing::Test, public FakeMachine {
+class NeedleRig : public ::testing::Test, public FakeMachine {
 protected:
-    NeedleTest() {
+    NeedleRig() {
         log.LogFilePath(folder.filePath(QStringLiteral("debugTRAVO.txt")));
         driver.position.fill({1000, 1000, 1000});
     }

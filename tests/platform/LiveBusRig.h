@@ -41,13 +41,13 @@ public:
     Texts texts;
 };
 
-class BusStage {
+class LiveBusRig {
 public:
-    explicit BusStage(const QtLiveCamera::Limits& limits = Patient) : camera(limits) { Install(); }
-    ~BusStage() { QDBusConnection::disconnectFromBus(ControlName); }
+    explicit LiveBusRig(const QtLiveCamera::Limits& limits = Patient) : camera(limits) { Install(); }
+    ~LiveBusRig() { QDBusConnection::disconnectFromBus(ControlName); }
 
-    BusStage(const BusStage&) = delete;
-    BusStage& operator=(const BusStage&) = delete;
+    LiveBusRig(const LiveBusRig&) = delete;
+    LiveBusRig& operator=(const LiveBusRig&) = delete;
 
     // What the program has been called, in order, since it was asked last.
     Texts Calls() {

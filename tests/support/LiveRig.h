@@ -16,13 +16,13 @@ namespace travo::test {
 
 using Texts = std::vector<std::string>;
 
-class LiveDesk {
+class LiveRig {
 public:
     // What the settings file says of the camera. Where it was open, it comes with StartUp below.
     enum class AtLastEnd { CameraClosed, CameraOpen };
 
     // The program has started, and its window is on show but not painted.
-    explicit LiveDesk(platform::LiveCamera& camera, AtLastEnd atLastEnd = AtLastEnd::CameraClosed);
+    explicit LiveRig(platform::LiveCamera& camera, AtLastEnd atLastEnd = AtLastEnd::CameraClosed);
 
     // The window is painted, and what waits for that is done.
     void StartUp();

@@ -7,7 +7,7 @@
 
 #include "controls/usrKVButton.h"
 #include "mirror/view/CtlController.h"
-#include "mirror/view/MirrorWindowBench.h"
+#include "mirror/view/MirrorPanelRig.h"
 
 namespace travo::test {
 
@@ -31,9 +31,9 @@ inline const std::array<std::vector<std::string>, 18> SentByArea{{{},
                                                                   {"1 cD1A1", "1 cD2A1"},
                                                                   {"1 cD2A0", "1 cD1A0"}}};
 
-class CtlControllerTest : public MirrorWindowBench {
+class CtlControllerRig : public MirrorWindowRig {
 protected:
-    CtlControllerTest() {
+    CtlControllerRig() {
         rig.OpenPorts();
         pad.inipath(SkinHome());
         window.resize(400, 400);

@@ -1,18 +1,18 @@
-#include "core/owner/OwnerFixture.h"
+#include "core/owner/OwnerRig.h"
 
 #include <algorithm>
 #include <stdexcept>
 
 namespace travo::test {
 
-OwnerFixture::OwnerFixture() {
+OwnerRig::OwnerRig() {
     folders_.program = program_.path();
     folders_.applicationData = data_.path();
     driver_.position = {{{100, 200, 300}, {1100, 1200, 1300}, {2100, 2200, 2300}, {3100, 3200, 3300}}};
     Restart();
 }
 
-void OwnerFixture::Restart() {
+void OwnerRig::Restart() {
     closing_.reset();
     startUp_.reset();
     loop_.reset();
@@ -29,7 +29,7 @@ void OwnerFixture::Restart() {
     closing_.emplace(*state_, *objects_, *loop_, boxes_, *this);
 }
 
-bool OwnerFixture::Begin() {
+bool OwnerRig::Begin() {
     if (startUp_->Initialize() == StartUp::Outcome::End || startUp_->Load() == StartUp::Outcome::End) {
         return false;
     }
@@ -37,23 +37,23 @@ bool OwnerFixture::Begin() {
     return true;
 }
 
-void OwnerFixture::WriteSettings(const QByteArray& text) const {
+void OwnerRig::WriteSettings(const QByteArray& text) const {
     QFile file(SettingsPath());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_EQ(file.write(text), text.size());
 }
 
-QByteArray OwnerFixture::ReadSettings() const {
+QByteArray OwnerRig::ReadSettings() const {
     QFile file(SettingsPath());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray OwnerFixture::ReadLog() const {
+QByteArray OwnerRig::ReadLog() const {
     QFile file(data_.filePath(QStringLiteral("Zelvo/Shared/Data/debugTRAVO.txt")));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray OwnerFixture::CalibrationText(int needle) {
+QByteArray OwnerRig::CalibrationText(int needle) {
     return "[Manipulator Calibration:" + QByteArray::number(needle) +
            "]\r\n"
            "Index:0,XYZ:0=10000\r\nIndex:1,XYZ:0=7000\r\nIndex:2,XYZ:0=13000\r\nIndex:3,XYZ:0=10000\r\n"
@@ -64,41 +64,41 @@ QByteArray OwnerFixture::CalibrationText(int needle) {
            "Time=26/11/21    09:30\r\nReTime=-1\r\n";
 }
 
-std::ptrdiff_t OwnerFixture::CountOf(const std::string& entry) const {
+std::ptrdiff_t OwnerRig::CountOf(const std::string& entry) const {
     return std::count(journal_.begin(), journal_.end(), entry);
 }
 
-std::size_t OwnerFixture::PlaceOf(const std::string& entry) const {
+std::size_t OwnerRig::PlaceOf(const std::string& entry) const {
     const auto found = std::find(journal_.begin(), journal_.end(), entry);
     EXPECT_NE(found, journal_.end()) << entry << " is not in the journal";
     return static_cast<std::size_t>(found - journal_.begin());
 }
 
-void OwnerFixture::MagnificationChanged(std::int16_t magnification) {
+void OwnerRig::MagnificationChanged(std::int16_t magnification) {
     journal_.push_back("magnification " + std::to_string(magnification));
 }
 
-void OwnerFixture::TotalManipulatorNumber(std::int16_t number) {
+void OwnerRig::TotalManipulatorNumber(std::int16_t number) {
     journal_.push_back("total " + std::to_string(number));
 }
 
-void OwnerFixture::ManipulatorChange(std::int16_t number) {
+void OwnerRig::ManipulatorChange(std::int16_t number) {
     journal_.push_back("manipulator " + std::to_string(number));
 }
 
-void OwnerFixture::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) {
+void OwnerRig::ChangeNeedleXYZ(std::int16_t index, const PositionXYZ& root) {
     lastRoot_ = root;
     journal_.push_back("needle " + std::to_string(index));
 }
 
-void OwnerFixture::ChangeCurrentXYZ(const PositionXYZ&) {
+void OwnerRig::ChangeCurrentXYZ(const PositionXYZ&) {
     journal_.push_back("view step");
     if (failViewStep_) {
         throw std::runtime_error("the step fails");
     }
 }
 
-void OwnerFixture::Place(const WindowPlace& place) {
+void OwnerRig::Place(const WindowPlace& place) {
     place_ = place;
     journal_.push_back("place main window");
 }

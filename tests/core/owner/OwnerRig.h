@@ -80,14 +80,14 @@ private:
     platform::QtPrivateProfile profile_;
 };
 
-class OwnerFixture : public testing::Test,
-                     public SharedState::Listener,
-                     public PositionLoop::Listener,
-                     public LiveLink::Listener,
-                     public StartUp::Window,
-                     public Closing::Window {
+class OwnerRig : public testing::Test,
+                 public SharedState::Listener,
+                 public PositionLoop::Listener,
+                 public LiveLink::Listener,
+                 public StartUp::Window,
+                 public Closing::Window {
 protected:
-    OwnerFixture();
+    OwnerRig();
 
     platform::Machine Seams() { return standIns_.Seams(profile_); }
     // Builds the owner's objects anew, as a new start of the program would.

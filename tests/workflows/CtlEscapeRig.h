@@ -15,9 +15,9 @@ namespace travo::test {
 inline const QString NotSet = QStringLiteral("N/A");
 inline constexpr int ObjectiveButton = 4;
 
-class CtlEscapePanel : public ::testing::Test, private CtlEscape::Owner, private NeedleReader {
+class CtlEscapeRig : public ::testing::Test, private CtlEscape::Owner, private NeedleReader {
 protected:
-    CtlEscapePanel() {
+    CtlEscapeRig() {
         panel.resize(486, 520);
         panel.show();
         rig.OpenPorts();

@@ -27,7 +27,7 @@ inline const QString FocusBox = QStringLiteral(
 inline const QString RaiseBox =
     QStringLiteral("Please raise object lens\r\nand calibrate the direction of Z");
 
-class CtlCalibrationBench : public ::testing::Test, protected CtlCalibration::Owner, protected NeedleReader {
+class CtlCalibrationRig : public ::testing::Test, protected CtlCalibration::Owner, protected NeedleReader {
 protected:
     static constexpr int A = 0;
     static constexpr int B = 1;
@@ -47,7 +47,7 @@ protected:
     // What every capture asks for.
     inline static const Journal Requests{"port 2 > Ar\r\n", "port 1 > rD2R\r", "port 1 > rD1R\r"};
 
-    CtlCalibrationBench() {
+    CtlCalibrationRig() {
         rig.OpenPorts();
         rig.OpenCamera();
         rig.state.CurrentMagnification(2);

@@ -15,9 +15,9 @@ inline const QString NotSet = QStringLiteral("N/A");
 constexpr int ResetButton = 4;
 
 // The panel with the test as its owner, who makes the present Z the zero as the position loop does.
-class CtlCellPositionPanel : public ::testing::Test, private CtlCellPosition::Owner {
+class CtlCellPositionRig : public ::testing::Test, private CtlCellPosition::Owner {
 protected:
-    CtlCellPositionPanel() {
+    CtlCellPositionRig() {
         panel.resize(486, 520);
         panel.show();
         rig.OpenPorts();

@@ -11,10 +11,10 @@
 
 namespace travo::test {
 
-class CtlUserPanel : public ::testing::Test, private CtlUser::Owner, private LiveLink::Listener {
+class CtlUserRig : public ::testing::Test, private CtlUser::Owner, private LiveLink::Listener {
 protected:
-    CtlUserPanel() { rig.journal.clear(); }
-    ~CtlUserPanel() override { panel.reset(); }
+    CtlUserRig() { rig.journal.clear(); }
+    ~CtlUserRig() override { panel.reset(); }
 
     CtlUser::System System() {
         return {rig.state,    live,        rig.needleMove, rig.objective,
@@ -93,7 +93,7 @@ private:
     }
 };
 
-inline void CtlUserPanel::PlaceNeedlesInTheWay() {
+inline void CtlUserRig::PlaceNeedlesInTheWay() {
     const std::array<CalibrationMap::Points, 2> points{
         {{{{10000, 20000, 5000}, {7000, 24000, 5000}, {13000, 24000, 5000}, {10000, 20000, 6000}}},
          {{{10000, 10000, 5000}, {6000, 7000, 5000}, {6000, 13000, 5000}, {10000, 10000, 6000}}}}};

@@ -27,9 +27,9 @@ inline QString NameOfRow(int row) {
 // Index of the button that tests the instrument of a row.
 inline int TestOfRow(int row) { return std::array{4, 7, 5}[static_cast<std::size_t>(row)]; }
 
-class ConnectionRig : public ::testing::Test, private CtlConnection::Owner {
+class CtlConnectionRig : public ::testing::Test, private CtlConnection::Owner {
 protected:
-    ConnectionRig() {
+    CtlConnectionRig() {
         rig.instruments.motorButtons = [this](bool on) { panel.ControlONOFF(on); };
         rig.instruments.lostPorts = [this](Instrument instrument) { panel.PortLost(instrument); };
         rig.state.intTotalManipulatorNumber = 3;

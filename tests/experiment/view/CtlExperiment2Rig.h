@@ -23,7 +23,7 @@ public:
     bool ManipulatorReload() override { return false; }
 };
 
-class ExperimentBench : private NeedleReader {
+class CtlExperiment2Rig : private NeedleReader {
 public:
     // Where the view stands, in the mirror frame.
     static constexpr PositionXYZ TheView{10, -5, 300};
@@ -38,7 +38,7 @@ public:
                                       "port 1 > rD1R\r"};
     inline static const std::string End = "LiveActionEnd";
 
-    ExperimentBench() {
+    CtlExperiment2Rig() {
         rig.OpenPorts();
         rig.OpenCamera();
         rig.state.bMirrorMotorONOFF = true;

@@ -51,7 +51,7 @@ private:
     QString path_;
 };
 
-class BirdBench : protected FormSkinned::Owner, protected WindowMove, protected FormBirdView::Owner {
+class FormBirdViewRig : protected FormSkinned::Owner, protected WindowMove, protected FormBirdView::Owner {
 public:
     static constexpr QColor Ground{255, 153, 134};
     static constexpr QColor NeedleColour{255, 153, 153};

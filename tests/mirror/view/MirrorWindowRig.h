@@ -43,7 +43,7 @@ inline QPoint PadPoint(int area) {
     return Points.at(static_cast<std::size_t>(area));
 }
 
-class MirrorWindowRig : public PanelRig {
+class MirrorPanelRig : public PanelRig {
 public:
     std::function<void(std::int16_t)> magnificationTold;
 
@@ -64,9 +64,9 @@ public:
     }
 };
 
-class MirrorWindowBench : public ::testing::Test, protected FormSkinned::Owner, protected WindowMove {
+class MirrorWindowRig : public ::testing::Test, protected FormSkinned::Owner, protected WindowMove {
 protected:
-    MirrorWindowBench() { rig.state.CurrentXY(0, 0); }
+    MirrorWindowRig() { rig.state.CurrentXY(0, 0); }
 
     void FormClose(std::int32_t Index) override { closed.push_back(Index); }
     void Start(QWidget&) override { ++moves; }
@@ -127,7 +127,7 @@ protected:
         EXPECT_EQ(title->geometry(), QRect(0, 0, twice.x(), 32)) << "the strip keeps its height";
     }
 
-    MirrorWindowRig rig;
+    MirrorPanelRig rig;
     std::vector<std::int32_t> closed;
     int moves = 0;
 };

@@ -52,7 +52,6 @@ public:
 
     SharedState& State() { return state_; }
     FormMainObjects& Objects() { return objects_; }
-    PositionLoop& Loop() { return loop_; }
     // There from start-up on.
     FormMainWindows& Windows() { return *windows_; }
 

@@ -14,7 +14,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk : Bench {
+struct Rig : Bench {
     using Bench::Bench;
     std::string Ask(const std::string& line, int at = 100) { return commands.Answer(line, milliseconds(at)); }
     // Needle 1 on a cell, 1 to 6: counts as they stand on a line.
@@ -26,7 +26,7 @@ struct Desk : Bench {
 }  // namespace
 
 TEST(ScoreCommandsTest, TheNumberThatIsSelectedIsTold) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Ask("hardware selected"), "ok 1");
     desk.Ask("hardware select 3");
     EXPECT_EQ(desk.Ask("hardware selected"), "ok 3");
@@ -35,13 +35,13 @@ TEST(ScoreCommandsTest, TheNumberThatIsSelectedIsTold) {
 }
 
 TEST(ScoreCommandsTest, TheClockCountsFromTheStart) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Ask("world clock", 0), "ok 0.000");
     EXPECT_EQ(desk.commands.Answer("world clock", std::chrono::microseconds(1234567)), "ok 1234.567");
 }
 
 TEST(ScoreCommandsTest, ALandingIsToldWithItsCellAndForgotten) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Ask("world landing"), "ok 0 0.000");
     desk.Ask("driver moveto" + desk.CountsOnCell(4), 1000);
     std::istringstream words(desk.Ask("world landing", 5000));
@@ -72,14 +72,14 @@ TEST(ScoreCommandsTest, ALandingIsToldWithItsCellAndForgotten) {
 }
 
 TEST(ScoreCommandsTest, ALandingInTheViewIsOnCellZero) {
-    Desk desk;
+    Rig desk;
     desk.Ask("focus move 500", 0);
     desk.Ask("driver moveto 12503 12500 12500", 1000);
     EXPECT_EQ(desk.Ask("world landing", 5000), "ok 1 3.000 1 0 3.000 -5.000 1750.750 0.000 0.000");
 }
 
 TEST(ScoreCommandsTest, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeIt) {
-    Desk desk;
+    Rig desk;
     desk.Ask("driver moveto 12429 12429 12500", 0);
     desk.Ask("mirror move 180 0", 682);
     // The needle has come to rest at X -100 after 732 ms, the view passing over it; nobody has looked since.
@@ -94,7 +94,7 @@ TEST(ScoreCommandsTest, ACommandOnTheMirrorsWireComesAfterWhatHasHappenedBeforeI
 }
 
 TEST(ScoreCommandsTest, DriverCallsAndWhatBecomesOfThemAreTraffic) {
-    Desk desk;
+    Rig desk;
     desk.Ask("driver getposition", 1);
     desk.Ask("driver select 2", 2);
     desk.Ask("driver select 7", 3);
@@ -112,7 +112,7 @@ TEST(ScoreCommandsTest, DriverCallsAndWhatBecomesOfThemAreTraffic) {
 }
 
 TEST(ScoreCommandsTest, LandingsAndCrossingsAreTrafficOfTheWorldAndWiresAreNamed) {
-    Desk desk;
+    Rig desk;
     desk.instruments.WireOf(WireName::Gauge).SetOpen(true, milliseconds(0));
     desk.instruments.WireOf(WireName::Gauge).Receive("Ar\r\n", milliseconds(1));
     desk.Ask("driver moveto 12500 12500 12500", 1000);
@@ -128,7 +128,7 @@ TEST(ScoreCommandsTest, LandingsAndCrossingsAreTrafficOfTheWorldAndWiresAreNamed
 }
 
 TEST(ScoreCommandsTest, WhatIsLeftOfACountingFaultIsTold) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Ask("fault left"), "ok");
     const std::array<std::pair<const char*, const char*>, 7> faults = {
         {{"fault driver fail 3 getcount", " fail 3"},
@@ -153,7 +153,7 @@ TEST(ScoreCommandsTest, WhatIsLeftOfACountingFaultIsTold) {
 }
 
 TEST(ScoreCommandsTest, ACutThatWaitsCanBeEnded) {
-    Desk desk;
+    Rig desk;
     desk.Ask("fault mirror cut 0");
     EXPECT_EQ(desk.Ask("fault list"), "ok mirror:cut");
     EXPECT_EQ(desk.Ask("fault mirror cut off"), "ok");
@@ -161,7 +161,7 @@ TEST(ScoreCommandsTest, ACutThatWaitsCanBeEnded) {
 }
 
 TEST(ScoreCommandsTest, BothFlagsHeldUpAreListed) {
-    Desk desk;
+    Rig desk;
     desk.Ask("fault mirror limit x on");
     desk.Ask("fault mirror limit y on");
     EXPECT_EQ(desk.Ask("fault list"), "ok mirror:limit mirror:limitx mirror:limity");
@@ -170,7 +170,7 @@ TEST(ScoreCommandsTest, BothFlagsHeldUpAreListed) {
 }
 
 TEST(NeedleCommandsTest, EachImperfectionIsListedToldAndEnded) {
-    Desk desk;
+    Rig desk;
     const std::array<std::array<const char*, 3>, 4> imperfections = {
         {{"needle noise 1 2.5", " needle1:noise", "2.500 0 0 0 0.000 0.000 0.000 0.000 0.000 0.000"},
          {"needle backlash 2 1 2 3", " needle2:backlash", "0.000 1 2 3 0.000 0.000 0.000 0.000 0.000 0.000"},
@@ -193,7 +193,7 @@ TEST(NeedleCommandsTest, EachImperfectionIsListedToldAndEnded) {
 }
 
 TEST(NeedleCommandsTest, NoiseIsOfTheReadingsAloneAndTheSameInEveryRun) {
-    Desk desk;
+    Rig desk;
     desk.Ask("needle noise 1 5");
     const std::string noisy = desk.Ask("driver getposition");
     EXPECT_NE(noisy, "status 0 1 9500 12500 12500");
@@ -207,7 +207,7 @@ TEST(NeedleCommandsTest, NoiseIsOfTheReadingsAloneAndTheSameInEveryRun) {
 }
 
 TEST(NeedleCommandsTest, BendAndPlayShowInTheTipAndNotInTheCounts) {
-    Desk desk;
+    Rig desk;
     desk.Ask("mount 1 0", 0);
     desk.Ask("needle bend 1 10 -20 30", 0);
     EXPECT_EQ(desk.Ask("world tip 1", 0), "ok -2990.000 -20.000 30.000 -2990.000 -20.000 30.000");

@@ -10,7 +10,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk {
+struct Rig {
     std::string Tell(std::string_view bytes, int at = 0) { return AnswerOf(motor, bytes, milliseconds(at)); }
     std::string Hear(int at) { return SaidAt(motor, milliseconds(at)); }
     std::int32_t Count(int at) const { return world.Optics().FocusCount(milliseconds(at)); }
@@ -22,12 +22,12 @@ struct Desk {
 }  // namespace
 
 TEST(FocusMotorTest, IdentifiesItself) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("WHO\r"), "ARemote Drive Accessory\r");
 }
 
 TEST(FocusMotorTest, AMoveIsAnsweredAtItsEnd) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("RELMOVEZ4000\r"), "");
     EXPECT_EQ(desk.Hear(99), "");
     EXPECT_EQ(desk.Hear(100), "A\r");
@@ -41,12 +41,12 @@ TEST(FocusMotorTest, AMoveIsAnsweredAtItsEnd) {
 }
 
 TEST(FocusMotorTest, AMoveOfNoLengthIsAnsweredAtOnce) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("RELMOVEZ0\r"), "A\r");
 }
 
 TEST(FocusMotorTest, ItsPositionCountsFromItsOwnZero) {
-    Desk desk;
+    Rig desk;
     desk.Tell("MOVEZ4000\r");
     EXPECT_EQ(desk.Tell("WHEREZ\r", 50), "A2000\r");
     EXPECT_EQ(desk.Tell("ZERO\r", 100), "A\rA\r");
@@ -57,7 +57,7 @@ TEST(FocusMotorTest, ItsPositionCountsFromItsOwnZero) {
 }
 
 TEST(FocusMotorTest, EveryCommandHasOneAnswerAlsoAMoveThatIsEnded) {
-    Desk desk;
+    Rig desk;
     desk.Tell("MOVEZ40000\r");
     EXPECT_EQ(desk.Tell("HALT\r", 100), "A\rA\r");
     EXPECT_EQ(desk.Count(5000), 4000);
@@ -71,7 +71,7 @@ TEST(FocusMotorTest, EveryCommandHasOneAnswerAlsoAMoveThatIsEnded) {
 }
 
 TEST(FocusMotorTest, KnowsTheShortFormsOfTheErgoUnit) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("RZ400\r"), "");
     EXPECT_EQ(desk.Tell("WZ\r", 100), "A\rA400\r");
     EXPECT_EQ(desk.Tell("ZE\r", 100), "A\r");
@@ -81,7 +81,7 @@ TEST(FocusMotorTest, KnowsTheShortFormsOfTheErgoUnit) {
 }
 
 TEST(FocusMotorTest, RefusesWhatItDoesNotKnowOrCannotDo) {
-    Desk desk;
+    Rig desk;
     for (const char* line :
          {"\r", "who\r", "WHO \r", "WHOEVER\r", "MOVEZ\r", "MOVEZ+1\r", "MOVEZ1.5\r", "RELMOVEZx\r",
           "MOVEZ4000001\r", "RELMOVEZ-4000001\r", "MOVEZ99999999999\r", "\nWHO\r", "RZ\r", "WZ1\r"}) {
@@ -93,7 +93,7 @@ TEST(FocusMotorTest, RefusesWhatItDoesNotKnowOrCannotDo) {
 }
 
 TEST(FocusMotorTest, ARefusedMoveDoesNotEndTheOneUnderWay) {
-    Desk desk;
+    Rig desk;
     desk.Tell("MOVEZ4000\r");
     EXPECT_EQ(desk.Tell("MOVEZ5000000\r", 50), "N\r");
     EXPECT_EQ(desk.Hear(100), "A\r");
@@ -101,7 +101,7 @@ TEST(FocusMotorTest, ARefusedMoveDoesNotEndTheOneUnderWay) {
 }
 
 TEST(FocusMotorTest, ItCanBeMadeToRefuse) {
-    Desk desk;
+    Rig desk;
     desk.motor.RefuseCommands(2);
     EXPECT_EQ(desk.Tell("WHO\rMOVEZ100\rWHEREZ\r"), "N\rN\rA0\r");
     EXPECT_FALSE(desk.motor.Refuses());
@@ -112,14 +112,14 @@ TEST(FocusMotorTest, ItCanBeMadeToRefuse) {
 }
 
 TEST(FocusMotorTest, CountsCommandsByTheNamesTheyCameWith) {
-    Desk desk;
+    Rig desk;
     desk.Tell("WHO\rRELMOVEZ1\rRZ1\rRELMOVEZx\rgo\r");
     const Instrument::Counters expected = {{"RELMOVEZ", 2}, {"RZ", 1}, {"WHO", 1}, {"unknown", 1}};
     EXPECT_EQ(desk.motor.Received(), expected);
 }
 
 TEST(FocusMotorTest, AFloodIsOfGoodAnswers) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.motor.FloodLine(7, milliseconds(0)), "A7\r");
 }
 

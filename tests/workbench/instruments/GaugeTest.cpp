@@ -10,7 +10,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk {
+struct Rig {
     std::string Tell(std::string_view bytes) { return AnswerOf(gauge, bytes, end); }
     std::string ReadAt(std::int64_t focusCounts) {
         world.Optics().MoveFocus(focusCounts, end);
@@ -26,7 +26,7 @@ struct Desk {
 }  // namespace
 
 TEST(GaugeTest, AnswersAReadingWithSignAndThreeDigitsBehindThePoint) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.ReadAt(0), "A+00.000\r\n");
     EXPECT_EQ(desk.ReadAt(123400), "A+01.234\r\n");
     EXPECT_EQ(desk.ReadAt(-50000), "A-00.500\r\n");
@@ -36,7 +36,7 @@ TEST(GaugeTest, AnswersAReadingWithSignAndThreeDigitsBehindThePoint) {
 }
 
 TEST(GaugeTest, ItsWholeRangeFitsTheDisplay) {
-    Desk desk;
+    Rig desk;
     desk.ReadAt(FocusRange);
     EXPECT_EQ(desk.Tell("ARES\r\n"), "");
     EXPECT_EQ(desk.Tell("Ar\r\n"), "A+00.000\r\n");
@@ -44,14 +44,14 @@ TEST(GaugeTest, ItsWholeRangeFitsTheDisplay) {
 }
 
 TEST(GaugeTest, SaysNothingUnlessItIsAskedForAReading) {
-    Desk desk;
+    Rig desk;
     desk.world.Optics().MoveFocus(5000, milliseconds(0));
     EXPECT_EQ(SaidAt(desk.gauge, milliseconds(9000)), "");
     EXPECT_EQ(desk.Tell("ARES\r\nKEYOFF\r\nKEYON\r\n"), "");
 }
 
 TEST(GaugeTest, PassesOverWhatItDoesNotKnow) {
-    Desk desk;
+    Rig desk;
     for (const char* line : {"\r\n", "AR\r\n", "Ar \r\n", "xAr\r\n", "Ar\r", "Ar\n", "\r\n"}) {
         EXPECT_EQ(desk.Tell(line), "") << line;
     }
@@ -61,7 +61,7 @@ TEST(GaugeTest, PassesOverWhatItDoesNotKnow) {
 }
 
 TEST(GaugeTest, ALineEndMayComeInTwoPieces) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("Ar\r"), "");
     EXPECT_EQ(desk.Tell("\nAr"), "A+00.000\r\n");
     EXPECT_EQ(desk.Tell(std::string(300, 'x') + "\r"), "");
@@ -69,7 +69,7 @@ TEST(GaugeTest, ALineEndMayComeInTwoPieces) {
 }
 
 TEST(GaugeTest, ItsKeysWorkUnlessTheyAreDisabled) {
-    Desk desk;
+    Rig desk;
     desk.ReadAt(10000);
     desk.Tell("KEYOFF\r\n");
     EXPECT_FALSE(desk.gauge.KeysEnabled());
@@ -81,7 +81,7 @@ TEST(GaugeTest, ItsKeysWorkUnlessTheyAreDisabled) {
 }
 
 TEST(GaugeTest, OutOfOrderItAnswersEightCharactersThatAreNoNumber) {
-    Desk desk;
+    Rig desk;
     desk.gauge.GiveGarbage(true);
     for (int reading = 0; reading < 50; ++reading) {
         const std::string said = desk.Tell("Ar\r\n");
@@ -94,7 +94,7 @@ TEST(GaugeTest, OutOfOrderItAnswersEightCharactersThatAreNoNumber) {
 }
 
 TEST(GaugeTest, CountsCommandsByTheirNames) {
-    Desk desk;
+    Rig desk;
     desk.Tell("Ar\r\nAr\r\nKEYOFF\r\nKEYON\r\nARES\r\nwhat\r\n");
     const Instrument::Counters expected = {
         {"ARES", 1}, {"Ar", 2}, {"KEYOFF", 1}, {"KEYON", 1}, {"unknown", 1}};

@@ -11,7 +11,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk {
+struct Rig {
     std::string Tell(std::string_view bytes, int at = 0) { return AnswerOf(mirror, bytes, milliseconds(at)); }
     std::string Hear(int at) { return SaidAt(mirror, milliseconds(at)); }
 
@@ -27,7 +27,7 @@ struct Exchange {
 }  // namespace
 
 TEST(MirrorControllerTest, AnswersEveryRequestWithWhatItAsksFor) {
-    Desk desk;
+    Rig desk;
     const std::array<Exchange, 6> table = {{{"rD2R\r", "aD2R0\r\n"},
                                             {"rD1R\r", "aD1R0\r\n"},
                                             {"rMGR\r", "aMGR2\r\n"},
@@ -40,7 +40,7 @@ TEST(MirrorControllerTest, AnswersEveryRequestWithWhatItAsksFor) {
 }
 
 TEST(MirrorControllerTest, AcknowledgesEveryOrderAndActsOnIt) {
-    Desk desk;
+    Rig desk;
     const std::array<Exchange, 6> table = {{{"cMAG3\r", "oMAG3\r\n"},
                                             {"cWES1\r", "oWES1\r\n"},
                                             {"cPMS0\r", "oPMS0\r\n"},
@@ -55,7 +55,7 @@ TEST(MirrorControllerTest, AcknowledgesEveryOrderAndActsOnIt) {
 }
 
 TEST(MirrorControllerTest, AMoveIsTakenAndDoneWhenTheMirrorHasArrived) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("cD2A40\rcD1A-80\r"), "qD2A40\r\nqD1A-80\r\n");
     EXPECT_EQ(desk.Hear(99), "");
     EXPECT_EQ(desk.Hear(100), "oD2A40\r\n");
@@ -65,7 +65,7 @@ TEST(MirrorControllerTest, AMoveIsTakenAndDoneWhenTheMirrorHasArrived) {
 }
 
 TEST(MirrorControllerTest, RefusesWhatItDoesNotKnowOrCannotRead) {
-    Desk desk;
+    Rig desk;
     const std::array<Exchange, 16> table = {{{"xxxx\r", "nxxx1\r\n"},
                                              {"\r", "n???1\r\n"},
                                              {"r\r", "n???1\r\n"},
@@ -90,7 +90,7 @@ TEST(MirrorControllerTest, RefusesWhatItDoesNotKnowOrCannotRead) {
 }
 
 TEST(MirrorControllerTest, RefusesMovesAloneWhileTheMotorsAreOff) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cPMS0\r");
     EXPECT_EQ(desk.Tell("cD2A5\r"), "nD2A7\r\n");
     EXPECT_EQ(desk.Tell("cD1A5\r"), "nD1A7\r\n");
@@ -101,7 +101,7 @@ TEST(MirrorControllerTest, RefusesMovesAloneWhileTheMotorsAreOff) {
 }
 
 TEST(MirrorControllerTest, ACommandMayComeInAnyPieces) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell("rD"), "");
     EXPECT_EQ(desk.Tell("2R"), "");
     EXPECT_EQ(desk.Tell("\rrD1R"), "aD2R0\r\n");
@@ -109,7 +109,7 @@ TEST(MirrorControllerTest, ACommandMayComeInAnyPieces) {
 }
 
 TEST(MirrorControllerTest, ACommandLongerThanItsBufferIsAnOverflowOnceAndTheNextOneIsGood) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.Tell(std::string(60, 'x')), "");
     EXPECT_EQ(desk.Tell(std::string(60, 'x')), "n???4\r\n");
     EXPECT_EQ(desk.Tell(std::string(500, 'x')), "");
@@ -118,7 +118,7 @@ TEST(MirrorControllerTest, ACommandLongerThanItsBufferIsAnOverflowOnceAndTheNext
 }
 
 TEST(MirrorControllerTest, SaysNothingUnaskedUntilStatusLinesAreSwitchedOn) {
-    Desk desk;
+    Rig desk;
     desk.world.Optics().SetMagnification(3);
     EXPECT_EQ(desk.Hear(5000), "");
     EXPECT_EQ(desk.Tell("cSAS1\r", 5000), "oSAS1\r\nsSAA0,0,0,1,3,0,0,1\r\n");
@@ -128,7 +128,7 @@ TEST(MirrorControllerTest, SaysNothingUnaskedUntilStatusLinesAreSwitchedOn) {
 }
 
 TEST(MirrorControllerTest, StatusLinesComeOnEveryChangeAtMostEveryHundredMilliseconds) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cSAS1\r", 0);
     desk.world.Optics().SetMagnification(3);
     EXPECT_EQ(desk.Hear(99), "");
@@ -143,7 +143,7 @@ TEST(MirrorControllerTest, StatusLinesComeOnEveryChangeAtMostEveryHundredMillise
 }
 
 TEST(MirrorControllerTest, StatusLinesComeAtThePeriodWhenNothingChanges) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cSAS1\r", 0);
     EXPECT_EQ(desk.Hear(999), "");
     EXPECT_EQ(desk.Hear(1000), "sSAA0,0,0,1,2,0,0,1\r\n");
@@ -152,7 +152,7 @@ TEST(MirrorControllerTest, StatusLinesComeAtThePeriodWhenNothingChanges) {
 }
 
 TEST(MirrorControllerTest, TheLimitFlagsStandInTheirFields) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cSAS1\r", 0);
     EXPECT_EQ(desk.Tell("cD2A500\r", 0), "qD2A500\r\n");
     EXPECT_EQ(desk.Hear(1000), "oD2A180\r\nsSAA180,0,0,1,2,0,1,1\r\n");
@@ -161,7 +161,7 @@ TEST(MirrorControllerTest, TheLimitFlagsStandInTheirFields) {
 }
 
 TEST(MirrorControllerTest, CountsCommandsByTheirNamesAlsoThoseThatItRefuses) {
-    Desk desk;
+    Rig desk;
     desk.Tell("rD2R\rrD2R\rcMAG9\rwhat\r\r");
     const Instrument::Counters expected = {{"rD2R", 2}, {"cMAG", 1}, {"unknown", 2}};
     EXPECT_EQ(desk.mirror.Received(), expected);
@@ -170,7 +170,7 @@ TEST(MirrorControllerTest, CountsCommandsByTheirNamesAlsoThoseThatItRefuses) {
 }
 
 TEST(MirrorControllerTest, AnErrorIsGivenToTheNextCommandsAndNothingIsDone) {
-    Desk desk;
+    Rig desk;
     for (int error = 1; error <= 8; ++error) {
         desk.mirror.RefuseCommands(error, 1);
         EXPECT_TRUE(desk.mirror.Refuses());
@@ -185,7 +185,7 @@ TEST(MirrorControllerTest, AnErrorIsGivenToTheNextCommandsAndNothingIsDone) {
 }
 
 TEST(MirrorControllerTest, StatusLinesMayHaveAnyNumberOfFields) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cSAS1\r", 0);
     desk.mirror.MisformStatus(7, 1);
     EXPECT_EQ(desk.Hear(10), "sSAA0,0,0,1,2,0,0\r\n");
@@ -200,7 +200,7 @@ TEST(MirrorControllerTest, StatusLinesMayHaveAnyNumberOfFields) {
 }
 
 TEST(MirrorControllerTest, AnAxisCanBeHeldAtItsLimit) {
-    Desk desk;
+    Rig desk;
     desk.Tell("cSAS1\r", 0);
     desk.mirror.HoldAtLimit(Microscope::AxisY, true);
     EXPECT_EQ(desk.Hear(100), "sSAA0,0,0,1,2,1,0,1\r\n");
@@ -210,7 +210,7 @@ TEST(MirrorControllerTest, AnAxisCanBeHeldAtItsLimit) {
 }
 
 TEST(MirrorControllerTest, ErgoLinesStandApartAndEndWithALoneCarriageReturn) {
-    Desk desk;
+    Rig desk;
     for (const char* line : {"RZ100", "MZ-5", "RE", "WZ", "ZE"}) {
         desk.mirror.PassErgoLine(line, false, milliseconds(0));
         const std::vector<WireLine> said = desk.mirror.TakeLines();
@@ -221,7 +221,7 @@ TEST(MirrorControllerTest, ErgoLinesStandApartAndEndWithALoneCarriageReturn) {
 }
 
 TEST(MirrorControllerTest, AnErgoLineMayShareOneWriteWithAStatusLine) {
-    Desk desk;
+    Rig desk;
     desk.mirror.PassErgoLine("RZ100", true, milliseconds(0));
     const std::vector<WireLine> said = desk.mirror.TakeLines();
     ASSERT_EQ(said.size(), 1U);
@@ -230,7 +230,7 @@ TEST(MirrorControllerTest, AnErgoLineMayShareOneWriteWithAStatusLine) {
 }
 
 TEST(MirrorControllerTest, WhatIsNoErgoLineIsAFailure) {
-    Desk desk;
+    Rig desk;
     for (const char* line : {"", "R", "rz1", "XY", "RZ1\r", "RZ1\n2"}) {
         EXPECT_THROW(desk.mirror.PassErgoLine(line, false, milliseconds(0)), travo::NumberFailure) << line;
     }
@@ -238,7 +238,7 @@ TEST(MirrorControllerTest, WhatIsNoErgoLineIsAFailure) {
 }
 
 TEST(MirrorControllerTest, AFloodIsOfStatusLinesThatDifferOnlyInAFieldThatNobodyReads) {
-    Desk desk;
+    Rig desk;
     EXPECT_EQ(desk.mirror.FloodLine(0, milliseconds(0)), "sSAA0,0,0,1,2,0,0,1\r\n");
     EXPECT_EQ(desk.mirror.FloodLine(1, milliseconds(0)), "sSAA0,0,1,1,2,0,0,1\r\n");
 }

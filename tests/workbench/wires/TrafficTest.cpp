@@ -20,8 +20,8 @@ std::vector<std::string> WordsOf(const std::string& text) {
 }
 
 // A wire whose traffic is noted as "kind bytes".
-struct Desk {
-    Desk() {
+struct Rig {
+    Rig() {
         Mirror().OnTraffic([this](Time, std::string_view kind, std::string_view bytes) {
             told.push_back(std::string(kind).append(" ").append(bytes));
         });
@@ -83,7 +83,7 @@ TEST(TrafficTest, ASerialBeyondTheNewestIsAnsweredWithTheOneThatComesNext) {
 }
 
 TEST(WireTrafficTest, OpeningCommandsAnswersAndClosingAreTold) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2", milliseconds(0));
     EXPECT_EQ(desk.Told(), (Texts{"note open"}));
@@ -96,7 +96,7 @@ TEST(WireTrafficTest, OpeningCommandsAnswersAndClosingAreTold) {
 }
 
 TEST(WireTrafficTest, LinesOfTheErgoUnitAreToldByTheirManner) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Told();
     desk.instruments.mirror.PassErgoLine("RZ5", false, milliseconds(0));
@@ -111,7 +111,7 @@ TEST(WireTrafficTest, LinesOfTheErgoUnitAreToldByTheirManner) {
 }
 
 TEST(WireTrafficTest, WhatAFaultDidToALineIsToldDirectlyBeforeTheLine) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Told();
     desk.Mirror().Faults().Garble(1);
@@ -135,7 +135,7 @@ TEST(WireTrafficTest, WhatAFaultDidToALineIsToldDirectlyBeforeTheLine) {
 }
 
 TEST(WireTrafficTest, NoiseFloodAndTheCableAreTold) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SendNoise(5, milliseconds(0));
     EXPECT_EQ(desk.Told(), Texts{});
     desk.Mirror().SetOpen(true, milliseconds(0));
@@ -149,7 +149,7 @@ TEST(WireTrafficTest, NoiseFloodAndTheCableAreTold) {
 }
 
 TEST(WireTrafficTest, TheGaugesCommandsEndWithTwoBytesAndWhatNeverEndsIsToldInPieces) {
-    Desk desk;
+    Rig desk;
     Texts told;
     Wire& gauge = desk.instruments.WireOf(WireName::Gauge);
     gauge.OnTraffic([&](Time, std::string_view kind, std::string_view bytes) {

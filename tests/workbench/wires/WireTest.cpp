@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 
 namespace {
 
-struct Desk {
+struct Rig {
     Wire& Mirror() { return instruments.WireOf(WireName::Mirror); }
     std::string Sent(Wire& wire, int at) {
         std::string text;
@@ -34,7 +34,7 @@ std::string LogPath() { return testing::TempDir() + "replay.log"; }
 }  // namespace
 
 TEST(WireTest, CarriesAnswersAtItsOwnPace) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2R\r", milliseconds(0));
     EXPECT_TRUE(desk.Mirror().Busy());
@@ -49,7 +49,7 @@ TEST(WireTest, CarriesAnswersAtItsOwnPace) {
 }
 
 TEST(WireTest, NothingIsQueuedWhileNobodyHasThePortOpen) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().Receive("cSAS1\rrD2R\r", milliseconds(0));
     desk.instruments.mirror.PassErgoLine("RE", false, milliseconds(0));
     desk.Mirror().SendFlood(100, milliseconds(0));
@@ -63,7 +63,7 @@ TEST(WireTest, NothingIsQueuedWhileNobodyHasThePortOpen) {
 }
 
 TEST(WireTest, AClosingLosesWhatWasUnderWay) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2R\r", milliseconds(0));
     EXPECT_EQ(desk.Sent(desk.Mirror(), 4), "aD2");
@@ -73,7 +73,7 @@ TEST(WireTest, AClosingLosesWhatWasUnderWay) {
 }
 
 TEST(WireTest, ASilentInstrumentActsAllTheSame) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Faults().Silence(true);
     desk.Mirror().Receive("cMAG3\r", milliseconds(0));
@@ -83,7 +83,7 @@ TEST(WireTest, ASilentInstrumentActsAllTheSame) {
 }
 
 TEST(WireTest, AFloodIsPacedAsWellAndNoiseIsOnIt) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().SendFlood(1000, milliseconds(0));
     EXPECT_EQ(desk.Sent(desk.Mirror(), 1000).size(), 960U);
@@ -95,7 +95,7 @@ TEST(WireTest, AFloodIsPacedAsWellAndNoiseIsOnIt) {
 }
 
 TEST(WireTest, TheOwnerOfThePortIsToldOfTheCableOnce) {
-    Desk desk;
+    Rig desk;
     int told = 0;
     desk.Mirror().OnPlug([&] { ++told; });
     desk.Mirror().SetOpen(true, milliseconds(0));
@@ -109,7 +109,7 @@ TEST(WireTest, TheOwnerOfThePortIsToldOfTheCableOnce) {
 }
 
 TEST(WireTest, ACableThatCannotBePluggedInStaysOut) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().Plug(false, milliseconds(0));
     desk.Mirror().OnPlug([] { throw std::runtime_error("no port"); });
     EXPECT_THROW(desk.Mirror().Plug(true, milliseconds(1)), std::runtime_error);
@@ -117,7 +117,7 @@ TEST(WireTest, ACableThatCannotBePluggedInStaysOut) {
 }
 
 TEST(WireTest, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMeanwhile) {
-    Desk first;
+    Rig first;
     first.Mirror().LogTo(LogPath());
     first.Mirror().SetOpen(true, milliseconds(0));
     first.Mirror().Receive("cMAG3\r", milliseconds(10));
@@ -133,7 +133,7 @@ TEST(WireTest, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMean
     EXPECT_EQ(records[5].kind, WireRecord::Kind::Apart);
     EXPECT_EQ(records[6].bytes, "closed");
 
-    Desk second;
+    Rig second;
     second.Mirror().SetOpen(true, milliseconds(5000));
     second.Mirror().Replay(LogPath(), milliseconds(5000));
     EXPECT_TRUE(second.Mirror().Replays());
@@ -150,7 +150,7 @@ TEST(WireTest, WhatWasLoggedIsReplayedInItsOwnTimeAndTheInstrumentIsNotHeardMean
 }
 
 TEST(WireTest, ALineThatAClosingCutsIsLoggedAsFarAsItWent) {
-    Desk desk;
+    Rig desk;
     desk.Mirror().LogTo(LogPath());
     desk.Mirror().SetOpen(true, milliseconds(0));
     desk.Mirror().Receive("rD2R\r", milliseconds(0));
@@ -164,7 +164,7 @@ TEST(WireTest, ALineThatAClosingCutsIsLoggedAsFarAsItWent) {
 }
 
 TEST(WireTest, ALogWithNothingFromTheInstrumentIsNotReplayed) {
-    Desk desk;
+    Rig desk;
     std::ofstream(LogPath()) << "1.000 in rD2R\\r\n";
     EXPECT_THROW(desk.Mirror().Replay(LogPath(), milliseconds(0)), travo::Failure);
     EXPECT_THROW(desk.Mirror().Replay("/nowhere/at/all", milliseconds(0)), travo::Failure);

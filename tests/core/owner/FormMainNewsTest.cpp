@@ -273,7 +273,7 @@ TEST_F(FormMainNewsTest, TheStoredPortNumbersStandInTheirBoxes) {
 }
 
 // No needle blinks beside the cells.
-class FormMainCellsTest : public FormMainNews {
+class FormMainCellsTest : public FormMainNewsTest {
 protected:
     FormMainCellsTest() { driver_.count = 0; }
 };

@@ -40,7 +40,7 @@ private:
     };
 };
 
-class ReportedPlaceTest : public ManipulatorLink {
+class ReportedPlaceTest : public ManipulatorRig {
 protected:
     ReportingLibrary reporting;
     clsManipulator subject{{reporting, clock, eventLoop, pointer}, failures};

@@ -37,6 +37,8 @@ FocusWheel::FocusWheel(std::function<void(int)> jog, QWidget* parent)
     setObjectName(QStringLiteral("wheel"));
     setAccessibleName(QStringLiteral("Focus wheel"));
     setFocusPolicy(Qt::TabFocus);
+    // It paints its corners as the plate is, so that the plate need not be painted with it.
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::SizeHorCursor);
 }
 
@@ -97,6 +99,7 @@ void FocusWheel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF place(rect());
+    painter.fillRect(rect(), palette::Well);
     QLinearGradient fill(place.topLeft(), place.bottomLeft());
     fill.setColorAt(0, palette::WheelHigh);
     fill.setColorAt(1, palette::WheelLow);

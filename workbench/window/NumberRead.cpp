@@ -20,6 +20,8 @@ NumberRead::NumberRead(const QString& objectName, const QString& name, const QSt
                        Kind kind)
     : QWidget(parent), letter_(letter), kind_(kind) {
     InstallBenchAccess();
+    // It paints its corners as the plate is, so that the plate need not be painted with it.
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setObjectName(objectName);
     setAccessibleName(name);
 }
@@ -35,6 +37,7 @@ void NumberRead::Show(const QString& number) {
 void NumberRead::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF place(rect());
+    painter.fillRect(rect(), palette::Well);
     const bool isDisplay = kind_ == Kind::Display;
     PaintBox(painter, place, isDisplay ? palette::Night : palette::Read,
              isDisplay ? palette::SlateEdge : palette::Hair, Radius);

@@ -43,13 +43,11 @@ void PaintGrid(QPainter& painter, const TruthPicture& picture) {
     const double step = GridStep(picture.plan.scale);
     EachLine(visible.left(), visible.right(), step, [&](double unit, const QColor& colour) {
         const double x = Sharp(picture.plan.Pixel({unit, 0.0}).x());
-        painter.setPen(FlatPen(colour, 1.0));
-        painter.drawLine(QPointF(x, 0.0), QPointF(x, area.bottom()));
+        painter.fillRect(QRectF(x - 0.5, 0.0, 1.0, area.height()), colour);
     });
     EachLine(visible.top(), visible.bottom(), step, [&](double unit, const QColor& colour) {
         const double y = Sharp(picture.plan.Pixel({0.0, unit}).y());
-        painter.setPen(FlatPen(colour, 1.0));
-        painter.drawLine(QPointF(0.0, y), QPointF(area.right(), y));
+        painter.fillRect(QRectF(0.0, y - 0.5, area.width(), 1.0), colour);
     });
 }
 

@@ -14,6 +14,7 @@ namespace workbench {
 
 namespace {
 
+constexpr double PenRoom = 4;            // of a line's width, beyond the plan's edge
 constexpr double LongestShaft = 3000.0;  // pixels: painters lose count beyond 32767
 constexpr double TaperLength = 420.0;    // common units
 constexpr double LeastHalfWidth = 2.2;   // pixels, at the thick end
@@ -60,6 +61,13 @@ bool IsNear(const TruthPicture& picture, const QPointF& pixel) {
     return QRectF({0.0, 0.0}, picture.plan.size).adjusted(-reach, -reach, reach, reach).contains(pixel);
 }
 
+double HalfPixels(double back, double scale) {
+    const double units = back / scale;
+    const double share = std::min(units / TaperLength, 1.0);
+    const double least = LeastHalfTip + (LeastHalfWidth - LeastHalfTip) * share;
+    return std::max(HalfWidthOf(units) * scale, least);
+}
+
 // The stretch of a shaft that comes near the plan, as distances back from the tip in pixels; empty where
 // begin is not below end.
 struct Stretch {
@@ -70,15 +78,11 @@ Stretch StretchOf(const TruthPicture& picture, const Drawn& drawn) {
     const double length = PlanDistance(drawn.needle.tip.Plan(), drawn.needle.rear) * picture.plan.scale;
     const QPointF middle(picture.plan.size.width() / 2.0, picture.plan.size.height() / 2.0);
     const double beside = QPointF::dotProduct(drawn.tip - middle, drawn.along);
-    const double half = LongestShaft / 2.0;
-    return {std::max(0.0, beside - half), std::min(length, std::max(0.0, beside - half) + LongestShaft)};
-}
-
-double HalfPixels(double back, double scale) {
-    const double units = back / scale;
-    const double share = std::min(units / TaperLength, 1.0);
-    const double least = LeastHalfTip + (LeastHalfWidth - LeastHalfTip) * share;
-    return std::max(HalfWidthOf(units) * scale, least);
+    // What lies outside of the plan costs as much to paint as what lies inside.
+    const double reach =
+        std::hypot(middle.x(), middle.y()) + HalfPixels(length, picture.plan.scale) + PenRoom;
+    const double half = std::min(LongestShaft / 2.0, reach);
+    return {std::max(0.0, beside - half), std::min(length, std::max(0.0, beside + half))};
 }
 
 QPolygonF BodyOf(const Drawn& drawn, const Stretch& stretch, double scale) {

@@ -1,31 +1,20 @@
 #include "workbench/window/BenchType.h"
 
 #include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QStringList>
 #include <algorithm>
+#include <cmath>
 
 namespace workbench {
 
 namespace {
 
-constexpr double SmallestText = 4.0;
-constexpr double SmallerBy = 0.5;
-constexpr double PointsPerInch = 72.0;
-constexpr double UsualDotsPerInch = 96.0;
-
-// A font's height in pixels is a whole number; in points it need not be.
-double PointsOf(double pixels) {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const double dots = screen == nullptr ? UsualDotsPerInch : screen->logicalDotsPerInchY();
-    return pixels * PointsPerInch / dots;
-}
+constexpr int SmallestText = 4;
 
 QFont FontOf(const QStringList& families, double pixels, QFont::Weight weight) {
     QFont font;
     font.setFamilies(families);
-    font.setPointSizeF(PointsOf(std::max(1.0, pixels)));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
     font.setWeight(weight);
     return font;
 }
@@ -49,8 +38,8 @@ double WidthOf(const QFont& font, const QString& text) { return QFontMetricsF(fo
 
 QFont Fitted(const QFont& font, const QString& text, double width) {
     QFont fitted = font;
-    while (fitted.pointSizeF() > PointsOf(SmallestText) && WidthOf(fitted, text) > width) {
-        fitted.setPointSizeF(std::max(PointsOf(SmallestText), fitted.pointSizeF() - PointsOf(SmallerBy)));
+    while (fitted.pixelSize() > SmallestText && WidthOf(fitted, text) > width) {
+        fitted.setPixelSize(fitted.pixelSize() - 1);
     }
     return fitted;
 }

@@ -6,15 +6,16 @@
 
 namespace workbench {
 
-// A font of the program's stack. `pixels` is the height of the em in device-independent pixels, fractions
-// included, at least 1; weights are QFont::Normal (400), QFont::DemiBold (600) and QFont::Bold (700).
+// A font of the program's stack. `pixels` is the height of the em in device-independent pixels, rounded to
+// whole ones since the toolkit has no others, and at least 1; weights are QFont::Normal (400),
+// QFont::DemiBold (600) and QFont::Bold (700).
 QFont TextFont(double pixels, QFont::Weight weight);
 // The same for bytes and times, in letters of one width.
 QFont MonoFont(double pixels, QFont::Weight weight = QFont::Normal);
 
 // Width of a text in device-independent pixels.
 double WidthOf(const QFont& font, const QString& text);
-// `font` itself, or the same set smaller by half pixels so that `text` is at most `width` pixels wide. Never
+// `font` itself, or the same set smaller by whole pixels so that `text` is at most `width` pixels wide. Never
 // below 4 pixels.
 QFont Fitted(const QFont& font, const QString& text, double width);
 

@@ -18,7 +18,7 @@ constexpr const char* CardKey = "window/card";
 // The desk on which program, camera and workbench stand side by side.
 constexpr QSize LeastDesk{1900, 1150};
 // What a window system may put over a window; the first opening leaves room for it.
-constexpr int TitleRoom = 30;
+constexpr int TitleRoom = 24;
 constexpr int HeaderHeight = 44;
 
 }  // namespace

@@ -22,10 +22,12 @@ TEST(BenchText, TimesOfTheBenchAreTimesOfTheDay) {
     EXPECT_EQ(ClockTextFine(began, 2140.9), QStringLiteral("14:06:02.140"));
 }
 
-TEST(BenchType, HalfPixelsCount) {
-    const QString text(40, QLatin1Char('m'));
-    EXPECT_GT(WidthOf(TextFont(12.5, QFont::Normal), text), WidthOf(TextFont(12.0, QFont::Normal), text));
-    EXPECT_GT(WidthOf(TextFont(13.0, QFont::Normal), text), WidthOf(TextFont(12.5, QFont::Normal), text));
+TEST(BenchType, SizesAreWholePixelsHalvesUpward) {
+    EXPECT_EQ(TextFont(type::Small, QFont::Normal).pixelSize(), 13);
+    EXPECT_EQ(TextFont(type::Fine, QFont::Normal).pixelSize(), 12);
+    EXPECT_EQ(TextFont(type::Least, QFont::Normal).pixelSize(), 12);
+    EXPECT_EQ(MonoFont(type::Small).pixelSize(), 13);
+    EXPECT_EQ(TextFont(0.1, QFont::Normal).pixelSize(), 1);
 }
 
 TEST(BenchType, ATextThatDoesNotFitIsSetSmallerUntilItDoes) {
@@ -41,7 +43,7 @@ TEST(BenchType, ATextThatDoesNotFitIsSetSmallerUntilItDoes) {
 
 TEST(BenchType, NoTextIsSetSmallerThanCanBeSeen) {
     const QFont fitted = Fitted(TextFont(15, QFont::Normal), QStringLiteral("anything"), 0.0);
-    EXPECT_NEAR(fitted.pointSizeF(), TextFont(4, QFont::Normal).pointSizeF(), 1e-6);
+    EXPECT_EQ(fitted.pixelSize(), 4);
 }
 
 }  // namespace workbench

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <chrono>
+#include <cmath>
 #include <string>
 #include <vector>
 

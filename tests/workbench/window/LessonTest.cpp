@@ -2,99 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "Scenes.h"
+#include "TenMinutes.h"
 
 namespace workbench {
 
-using test::FreshScene;
 using test::PutTip;
-using test::Record;
 using test::SendTip;
-
-namespace {
-
-// A pupil that does what the card says, step by step.
-class TenMinutes : public ::testing::Test {
-protected:
-    void Look(std::int64_t milliseconds = 40) {
-        now += milliseconds;
-        lesson.Take(scene, sight, now);
-        scene.traffic.clear();
-    }
-    void Happens(const std::string& source, const std::string& kind, const std::string& bytes) {
-        scene.traffic.push_back(Record(source, kind, bytes));
-    }
-    void OpenWires(bool open) {
-        for (SceneWire& wire : scene.wires) {
-            wire.open = open;
-        }
-    }
-    void Focus(double z) { scene.focus = {z, z, 0, 0}; }
-    void ToMark(int mark, double aside = 0.0, double z = 0.0) {
-        const QPointF place = scene.view + MarkOffsets()[static_cast<std::size_t>(mark)];
-        PutTip(scene, 1, {place.x() + aside, place.y(), z});
-    }
-    void Connect() {
-        OpenWires(true);
-        Look();
-    }
-    void PickAtTwo() {
-        Connect();
-        Look(2000);
-    }
-    void TouchMarks() {
-        PickAtTwo();
-        for (int mark = 0; mark < MarkCount; ++mark) {
-            ToMark(mark);
-            Look();
-        }
-        Happens("motor", "in", "RELMOVEZ10000\\r");
-        Look();
-    }
-    void Store() {
-        TouchMarks();
-        Focus(100.0);
-        ToMark(0, 0.0, 100.0);
-        Look();
-        scene.focus = {99.0, 0.0, 0, 0};
-        Happens("motor", "in", "RELMOVEZ-10000\\r");
-        Look();
-        Focus(0.0);
-    }
-    void Aim() {
-        Store();
-        scene.view = {-470.0, 190.7};
-        Happens("mirror", "in", "rD2R\\r");
-        Look();
-    }
-    void Send() {
-        Aim();
-        SendTip(scene, 1, {-470.2, 190.5, 0.0});
-        Happens("driver", "call", "moveto 12302 12033 12500 = 0 1 0.700");
-        Look();
-    }
-    void Land() {
-        Send();
-        PutTip(scene, 1, {-469.2, 191.5, 0.0});
-        const double distance = PlanDistance({-469.2, 191.5}, {-470.0, 190.7});
-        scene.landing = {1, distance, 1, 4, distance, 0.0, 0.0, {-470.0, 190.7}};
-        Look();
-    }
-    void SeeLanding(double scale = 12.0) {
-        sight = {{-480.0, 180.0, 20.0, 20.0}, scale};
-        Look();
-        Look(1000);
-    }
-
-    Scene scene = FreshScene();
-    PlanSight sight = {{-900.0, -900.0, 1800.0, 1800.0}, 0.3};
-    Lesson lesson;
-    std::int64_t now = 5000;
-};
-
-}  // namespace
+using test::TenMinutes;
 
 TEST_F(TenMinutes, NothingIsTickedAtFirst) {
     Look();
@@ -397,43 +311,6 @@ TEST_F(TenMinutes, ScreenReadersAreToldWhichStepIsNext) {
     EXPECT_EQ(lesson.StepText(2), QStringLiteral("Step 2 of 8, done: Pick needle 1 at 2×"));
     EXPECT_EQ(lesson.StepText(3), QStringLiteral("Step 3 of 8, next: Bring the tip to A, B, C"));
     EXPECT_EQ(lesson.StepText(4), QStringLiteral("Step 4 of 8: Find focus, store"));
-}
-
-TEST(LessonTexts, TheEightStepsSayWhatTheCardSays) {
-    const auto& steps = LessonSteps();
-    EXPECT_EQ(steps[0].title, QStringLiteral("Connect"));
-    EXPECT_EQ(steps[0].text,
-              QStringLiteral("Start TRAVO. It opens its three ports by itself. If one stays shut "
-                             "here: tab Connection, SET in its row."));
-    EXPECT_EQ(steps[1].title, QStringLiteral("Pick needle 1 at 2×"));
-    EXPECT_EQ(steps[1].text,
-              QStringLiteral("TRAVO starts at 0.35×. Press 2× in its Magnification window, then "
-                             "Calibration, needle 1. Here press 1."));
-    EXPECT_EQ(steps[2].title, QStringLiteral("Bring the tip to A, B, C"));
-    EXPECT_EQ(steps[2].text,
-              QStringLiteral(
-                  "Double-click beside mark A: the needle goes there coarse. Finish with the arrow keys, "
-                  "Shift for fine. Press A in TRAVO. Then B and C."));
-    EXPECT_EQ(steps[3].title, QStringLiteral("Find focus, store"));
-    EXPECT_EQ(
-        steps[3].text,
-        QStringLiteral("The focal plane rose by 100: answer OK. Go back to A, then Page Up at step 100 lifts "
-                       "the tip into it. Press Z, then SET in TRAVO."));
-    EXPECT_EQ(steps[4].title, QStringLiteral("Aim at a cell, store it"));
-    EXPECT_EQ(steps[4].text,
-              QStringLiteral("Drag the view frame onto a cell, or use the mirror pad. In TRAVO: Cell "
-                             "position, SET in row A."));
-    EXPECT_EQ(steps[5].title, QStringLiteral("Send the needle"));
-    EXPECT_EQ(steps[5].text, QStringLiteral("In TRAVO: Experiment, needle 1, cell A, Move. Watch it go."));
-    EXPECT_EQ(steps[6].title, QStringLiteral("See how well it landed"));
-    EXPECT_EQ(steps[6].text,
-              QStringLiteral("Press Look. The disc is the cell, the cross its true centre. The line "
-                             "below says how far off the tip is."));
-    EXPECT_EQ(steps[7].title, QStringLiteral("Close"));
-    EXPECT_EQ(steps[7].text, QStringLiteral("Close TRAVO and answer OK. The needles stay where they are."));
-    EXPECT_EQ(LessonOverText(),
-              QStringLiteral("Now break something: each fault is one click, and All clear ends "
-                             "them all."));
 }
 
 }  // namespace workbench

@@ -12,14 +12,11 @@
 namespace {
 
 constexpr const char* Usage =
-    "usage: workbench-ask ready | COMMAND...
-    "
-    "       workbench-ask help [COMMAND...] | help --markdown
-    ";
+    "usage: workbench-ask ready | COMMAND...\n"
+    "       workbench-ask help [COMMAND...] | help --markdown\n";
 
-    // No workbench need run.
-    int
-    Explain(const std::string& beginning) {
+// No workbench need run.
+int Explain(const std::string& beginning) {
     const std::string text = beginning == "--markdown"
                                  ? workbench::MarkdownText()
                                  : workbench::HelpText(workbench::SplitWords(beginning));

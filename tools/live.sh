@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Starts the workbench and TRAVO on it, on the present display. Both end when TRAVO is closed.
-# TRAVO runs on a session bus of its own, on which the workbench's camera program can be started; the
-# user's own bus and configuration stay as they are.
+# The desk: the workbench and TRAVO on it, on the present display. It ends when both windows are closed:
+# whichever is closed first leaves the other one open. TRAVO runs on a session bus of its own, on which the
+# workbench's camera program can be started; the user's own bus and configuration stay as they are.
 #   tools/live.sh BUILD-FOLDER
 set -eu
 cd "$(dirname "$0")/.."
@@ -25,5 +25,11 @@ bench=$!
 [ -e "$build/TRAVO/KVData.ini" ] || "$build/workbench/workbench-ask" as-new
 tools/live-service.sh "$own" "$build/TRAVO" >/dev/null
 echo "The workbench runs; TRAVO starts on it."
+code=0
 XDG_DATA_DIRS="$own:${XDG_DATA_DIRS:-/usr/local/share:/usr/share}" \
-    dbus-run-session -- "$build/TRAVO/TRAVO"
+    dbus-run-session -- "$build/TRAVO/TRAVO" || code=$?
+# What TRAVO has done is still to be looked at, and the last step of the first ten minutes is closing it.
+! kill -0 "$bench" 2>/dev/null || echo "TRAVO has ended; the workbench stays until its window is closed."
+wait "$bench" || [ "$code" -ne 0 ] || code=$?
+bench=""
+exit "$code"

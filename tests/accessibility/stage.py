@@ -48,6 +48,8 @@ def _end_with_parent():
 class Stage:
     """`with Stage(build_folder) as stage:`; the environment of this very process becomes the stage's."""
 
+    screen_size = "2560x1600"  # pixels of its display
+
     def __init__(self, build):
         self.build = os.path.realpath(build)
         self.processes = []  # in the order of their start
@@ -162,7 +164,7 @@ class Stage:
         return line
 
     def _start_display(self):
-        number = self._start_and_read(["Xvfb", "-screen", "0", "2560x1600x24", "-nolisten", "tcp", "-noreset",
+        number = self._start_and_read(["Xvfb", "-screen", "0", f"{self.screen_size}x24", "-nolisten", "tcp", "-noreset",
                                        "-fbdir", self.in_folder("display"), "-displayfd", "@DESCRIPTOR@"])
         self.screen = Screen(self.in_folder("display/Xvfb_screen0"))
         os.environ["DISPLAY"] = f":{number}"

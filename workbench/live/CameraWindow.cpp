@@ -1,11 +1,14 @@
 #include "workbench/live/CameraWindow.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "workbench/live/Marks.h"
@@ -27,6 +30,20 @@ const char* const StyleSheet =
     "QPushButton:hover, QPushButton:focus { border-color: #2F7196; }"
     "QPushButton:pressed { border-bottom-width: 1px;"
     " background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #B9CEDD, stop:1 #CFDFEA); }";
+
+// The desk on which the window stands below the control program, left of the workbench's small windows; a
+// smaller one has no such place.
+constexpr QSize LeastDesk{1900, 1150};
+constexpr QSize SizeOnDesk{634, 524};
+constexpr int ProgramBottom = 652;  // the control program's frame ends above it
+constexpr int TitleRoom = 24;       // for what a window system puts over a window
+
+// As near below the control program as its own size lets it be on the screen.
+QRect PlaceOnDesk(const QRect& available) {
+    const int top = std::min(available.top() + ProgramBottom + TitleRoom,
+                             available.bottom() + 1 - SizeOnDesk.height());
+    return {QPoint(available.left(), top), SizeOnDesk};
+}
 
 }  // namespace
 
@@ -85,7 +102,13 @@ CameraWindow::CameraWindow(Wishes wishes)
     column->addWidget(pane_, 1);
     column->addLayout(texts);
     column->addLayout(buttons);
-    resize(layout()->totalSizeHint());
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    const QRect available = screen == nullptr ? QRect() : screen->availableGeometry();
+    if (available.width() >= LeastDesk.width() && available.height() >= LeastDesk.height()) {
+        setGeometry(PlaceOnDesk(available));
+    } else {
+        resize(layout()->totalSizeHint());
+    }
 }
 
 QPushButton* CameraWindow::AddButton(const QString& text, const QString& description,

@@ -40,7 +40,7 @@ private:
     };
 };
 
-class ReportedPlaceTest : public ManipulatorRig {
+class ReportedPlaceTest : public clsManipulatorTest {
 protected:
     ReportingLibrary reporting;
     clsManipulator subject{{reporting, clock, eventLoop, pointer}, failures};

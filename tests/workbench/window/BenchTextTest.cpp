@@ -8,7 +8,7 @@
 
 namespace workbench {
 
-TEST(BenchText, NumbersHaveATrueMinusAndNoneBeforeNothing) {
+TEST(BenchTextTest, NumbersHaveATrueMinusAndNoneBeforeNothing) {
     EXPECT_EQ(NumberText(-470.0), QStringLiteral("−470.0"));
     EXPECT_EQ(NumberText(190.66), QStringLiteral("190.7"));
     EXPECT_EQ(NumberText(-0.04), QStringLiteral("0.0"));
@@ -16,13 +16,13 @@ TEST(BenchText, NumbersHaveATrueMinusAndNoneBeforeNothing) {
     EXPECT_EQ(NumberText(-0.4, 0), QStringLiteral("0"));
 }
 
-TEST(BenchText, TimesOfTheBenchAreTimesOfTheDay) {
+TEST(BenchTextTest, TimesOfTheBenchAreTimesOfTheDay) {
     const std::int64_t began = QDateTime(QDate(2026, 11, 22), QTime(14, 6, 0)).toMSecsSinceEpoch();
     EXPECT_EQ(ClockText(began, 2140.9), QStringLiteral("14:06:02"));
     EXPECT_EQ(ClockTextFine(began, 2140.9), QStringLiteral("14:06:02.140"));
 }
 
-TEST(BenchType, SizesAreWholePixelsHalvesUpward) {
+TEST(BenchTypeTest, SizesAreWholePixelsHalvesUpward) {
     EXPECT_EQ(TextFont(type::Small, QFont::Normal).pixelSize(), 13);
     EXPECT_EQ(TextFont(type::Fine, QFont::Normal).pixelSize(), 12);
     EXPECT_EQ(TextFont(type::Least, QFont::Normal).pixelSize(), 12);
@@ -30,7 +30,7 @@ TEST(BenchType, SizesAreWholePixelsHalvesUpward) {
     EXPECT_EQ(TextFont(0.1, QFont::Normal).pixelSize(), 1);
 }
 
-TEST(BenchType, ATextThatDoesNotFitIsSetSmallerUntilItDoes) {
+TEST(BenchTypeTest, ATextThatDoesNotFitIsSetSmallerUntilItDoes) {
     const QFont font = TextFont(15, QFont::DemiBold);
     const QString text = QStringLiteral("The truth, seen from above");
     const double width = WidthOf(font, text);
@@ -41,7 +41,7 @@ TEST(BenchType, ATextThatDoesNotFitIsSetSmallerUntilItDoes) {
     EXPECT_EQ(fitted.weight(), font.weight());
 }
 
-TEST(BenchType, NoTextIsSetSmallerThanCanBeSeen) {
+TEST(BenchTypeTest, NoTextIsSetSmallerThanCanBeSeen) {
     const QFont fitted = Fitted(TextFont(15, QFont::Normal), QStringLiteral("anything"), 0.0);
     EXPECT_EQ(fitted.pixelSize(), 4);
 }

@@ -16,7 +16,7 @@ namespace workbench {
 
 namespace {
 
-class Heights : public ::testing::Test {
+class HeightsTest : public ::testing::Test {
 protected:
     void SetUp() override {
         strip.resize(92, 424);
@@ -56,20 +56,20 @@ protected:
 
 }  // namespace
 
-TEST_F(Heights, TheyShow250UnitsToBothSidesAtFirst) {
+TEST_F(HeightsTest, TheyShow250UnitsToBothSidesAtFirst) {
     EXPECT_EQ(strip.accessibleName(), QStringLiteral("Heights"));
     EXPECT_DOUBLE_EQ(strip.Scale().Highest(), 250.0);
     EXPECT_DOUBLE_EQ(strip.Scale().Pixel(250.0), 40.0);
     EXPECT_DOUBLE_EQ(strip.Scale().Pixel(-250.0), 408.0);
 }
 
-TEST_F(Heights, TheNeedlesStandSideBySide) {
+TEST_F(HeightsTest, TheNeedlesStandSideBySide) {
     EXPECT_DOUBLE_EQ(DepthStrip::ColumnOf(1, 92), 51.0);
     EXPECT_DOUBLE_EQ(DepthStrip::ColumnOf(4, 92), 81.0);
     EXPECT_DOUBLE_EQ(DepthStrip::ColumnOf(1, 84), 50.0);
 }
 
-TEST_F(Heights, TheFlagOfANeedleIsDraggedToAnotherHeight) {
+TEST_F(HeightsTest, TheFlagOfANeedleIsDraggedToAnotherHeight) {
     const QPoint flag = Flag(2);
     Drag(flag, flag - QPoint(0, 46));
     EXPECT_EQ(picked, (std::vector<int>{2}));
@@ -80,7 +80,7 @@ TEST_F(Heights, TheFlagOfANeedleIsDraggedToAnotherHeight) {
     EXPECT_EQ(bench.world.CountsNow(0, now)[2], 12500);
 }
 
-TEST_F(Heights, TheFlagOfTheFocalPlaneIsDragged) {
+TEST_F(HeightsTest, TheFlagOfTheFocalPlaneIsDragged) {
     const QPoint flag = FocusFlag();
     Drag(flag, flag + QPoint(0, 46));
     Rest();
@@ -88,7 +88,7 @@ TEST_F(Heights, TheFlagOfTheFocalPlaneIsDragged) {
     EXPECT_TRUE(picked.empty());
 }
 
-TEST_F(Heights, ADragOfTheFocalPlaneEndsWhereTheHandIsThoughTheFocusIsStillOnItsWay) {
+TEST_F(HeightsTest, ADragOfTheFocalPlaneEndsWhereTheHandIsThoughTheFocusIsStillOnItsWay) {
     const QPoint flag = FocusFlag();
     QTest::mousePress(&strip, Qt::LeftButton, {}, flag);
     QTest::mouseMove(&strip, flag - QPoint(0, 100));
@@ -99,7 +99,7 @@ TEST_F(Heights, ADragOfTheFocalPlaneEndsWhereTheHandIsThoughTheFocusIsStillOnIts
     EXPECT_NEAR(scene.focus.z, 20.0 / strip.Scale().PixelsPerUnit(), 0.011);
 }
 
-TEST_F(Heights, TheWheelZoomsTheRightButtonPansAndADoubleClickShowsTheFocalPlane) {
+TEST_F(HeightsTest, TheWheelZoomsTheRightButtonPansAndADoubleClickShowsTheFocalPlane) {
     const QPoint at(60, 100);
     const double height = strip.Scale().HeightAt(100);
     QWheelEvent wheel(at, strip.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
@@ -119,7 +119,7 @@ TEST_F(Heights, TheWheelZoomsTheRightButtonPansAndADoubleClickShowsTheFocalPlane
     EXPECT_DOUBLE_EQ(strip.Scale().reach, 250.0);
 }
 
-TEST_F(Heights, AMissingNeedleIsNotTakenHoldOf) {
+TEST_F(HeightsTest, AMissingNeedleIsNotTakenHoldOf) {
     Do("fault count 3");
     Read();
     Drag(Flag(4), Flag(4) - QPoint(0, 50));
@@ -128,7 +128,7 @@ TEST_F(Heights, AMissingNeedleIsNotTakenHoldOf) {
     EXPECT_EQ(bench.world.CountsNow(3, now)[2], 12500);
 }
 
-TEST_F(Heights, InWordsTheyAreTheHeightsOfFocusAndTips) {
+TEST_F(HeightsTest, InWordsTheyAreTheHeightsOfFocusAndTips) {
     EXPECT_EQ(strip.accessibleDescription(),
               QStringLiteral("Focal plane 0.0, needle 1 0.0, needle 2 0.0, needle 3 0.0, needle 4 0.0"));
 }

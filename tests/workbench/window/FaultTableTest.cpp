@@ -100,7 +100,7 @@ using Lines = std::vector<std::string>;
 
 }  // namespace
 
-TEST(FaultTable, HoldsEveryFaultColumnByColumn) {
+TEST(FaultTableTest, HoldsEveryFaultColumnByColumn) {
     ASSERT_EQ(Faults().size(), Table().size());
     for (std::size_t at = 0; at < Table().size(); ++at) {
         const Fault& fault = Faults().at(at);
@@ -115,7 +115,7 @@ TEST(FaultTable, HoldsEveryFaultColumnByColumn) {
     }
 }
 
-TEST(FaultTable, OffersTheOtherNumbers) {
+TEST(FaultTableTest, OffersTheOtherNumbers) {
     EXPECT_EQ(LinesOf("fault_gauge_noise"),
               (Lines{"fault gauge noise 1", "fault gauge noise 20", "fault gauge noise 1000"}));
     EXPECT_EQ(LinesOf("fault_motor_garble"),
@@ -147,14 +147,14 @@ TEST(FaultTable, OffersTheOtherNumbers) {
     EXPECT_EQ(LinesOf("fault_gauge_silent"), Lines{});
 }
 
-TEST(FaultTable, FillsInThePickedNeedleAndTheOneAfterIt) {
+TEST(FaultTableTest, FillsInThePickedNeedleAndTheOneAfterIt) {
     EXPECT_EQ(ForNeedle("fault range {N}", 3), "fault range 3");
     EXPECT_EQ(ForNeedle("hardware select {M}", 3), "hardware select 4");
     EXPECT_EQ(ForNeedle("hardware select {M}", 4), "hardware select 1");
     EXPECT_EQ(ForNeedle("camera hide", 2), "camera hide");
 }
 
-TEST(FaultTable, LightsTheFailingDriverAtOneChipOnly) {
+TEST(FaultTableTest, LightsTheFailingDriverAtOneChipOnly) {
     Scene scene;
     scene.faults = {"fail"};
     scene.faultsLeft = {{"fail", 2}};
@@ -167,7 +167,7 @@ TEST(FaultTable, LightsTheFailingDriverAtOneChipOnly) {
     EXPECT_EQ(LeftText(Named("fault_driver_fails"), scene), QStringLiteral("×∞"));
 }
 
-TEST(FaultTable, CountsAFlagThatIsHeldUpOnceAndTheMotorsAsWell) {
+TEST(FaultTableTest, CountsAFlagThatIsHeldUpOnceAndTheMotorsAsWell) {
     Scene scene;
     EXPECT_EQ(FaultsOn(scene), 0);
     scene.faults = {"mirror:limit", "mirror:limitx", "gauge:silent", "needle1:noise"};

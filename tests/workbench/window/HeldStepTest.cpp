@@ -8,7 +8,7 @@
 
 namespace workbench::test {
 
-TEST(HeldStep, StepsAtOnceThenAfterALongPauseThenEvenly) {
+TEST(HeldStepTest, StepsAtOnceThenAfterALongPauseThenEvenly) {
     std::vector<qint64> times;
     QElapsedTimer clock;
     clock.start();
@@ -22,7 +22,7 @@ TEST(HeldStep, StepsAtOnceThenAfterALongPauseThenEvenly) {
     EXPECT_FALSE(held.IsHeld());
 }
 
-TEST(HeldStep, WaitsForTheArrivalAndEndsWhenItIsLetGo) {
+TEST(HeldStepTest, WaitsForTheArrivalAndEndsWhenItIsLetGo) {
     int steps = 0;
     bool arrived = false;
     HeldStep held;

@@ -21,33 +21,33 @@ double Letters(const QString& text) { return static_cast<double>(text.size()); }
 
 }  // namespace
 
-TEST(Landing, BeforeTheFirstOneThereIsNone) {
+TEST(LandingTest, BeforeTheFirstOneThereIsNone) {
     EXPECT_EQ(LandingValue({}), QStringLiteral("none yet"));
     EXPECT_EQ(LandingDetail(SceneLanding{}), QString());
 }
 
-TEST(Landing, TheValueIsTheDistanceInPlanToATenth) {
+TEST(LandingTest, TheValueIsTheDistanceInPlanToATenth) {
     EXPECT_EQ(LandingValue(Landed()), QStringLiteral("1.4"));
     EXPECT_EQ(LandingOnPlan(Landed()), QStringLiteral("1.4 units from the centre"));
 }
 
-TEST(Landing, TheDetailSaysWhereHowHighAndTheWorst) {
+TEST(LandingTest, TheDetailSaysWhereHowHighAndTheWorst) {
     EXPECT_EQ(LandingDetail(Landed()), QStringLiteral("units · needle 1 on cell 4 · 0.2 above · worst 2.1"));
 }
 
-TEST(Landing, WithoutACellItIsInTheView) {
+TEST(LandingTest, WithoutACellItIsInTheView) {
     SceneLanding landing = Landed();
     landing.cell = 0;
     EXPECT_EQ(LandingDetail(landing), QStringLiteral("units · needle 1 in the view · 0.2 above · worst 2.1"));
 }
 
-TEST(Landing, TheFirstOneIsTheWorstAsWellAndNotSaidTwice) {
+TEST(LandingTest, TheFirstOneIsTheWorstAsWellAndNotSaidTwice) {
     SceneLanding landing = Landed();
     landing.count = 1;
     EXPECT_EQ(LandingDetail(landing), QStringLiteral("units · needle 1 on cell 4 · 0.2 above"));
 }
 
-TEST(Landing, TheHeightIsAboveBelowOrAtItsHeight) {
+TEST(LandingTest, TheHeightIsAboveBelowOrAtItsHeight) {
     EXPECT_EQ(HeightText(0.2), QStringLiteral("0.2 above"));
     EXPECT_EQ(HeightText(-0.2), QStringLiteral("0.2 below"));
     EXPECT_EQ(HeightText(0.05), QStringLiteral("0.1 above"));
@@ -56,7 +56,7 @@ TEST(Landing, TheHeightIsAboveBelowOrAtItsHeight) {
     EXPECT_EQ(HeightText(-100.0), QStringLiteral("100.0 below"));
 }
 
-TEST(Landing, TheDetailIsShortenedFromItsEnd) {
+TEST(LandingTest, TheDetailIsShortenedFromItsEnd) {
     const QString whole = LandingDetail(Landed());
     EXPECT_EQ(LandingDetail(Landed(), Letters, Letters(whole)), whole);
     EXPECT_EQ(LandingDetail(Landed(), Letters, Letters(whole) - 1),

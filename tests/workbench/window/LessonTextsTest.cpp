@@ -4,7 +4,7 @@
 
 namespace workbench {
 
-TEST(LessonTexts, TheEightStepsSayWhatTheCardSays) {
+TEST(LessonTextsTest, TheEightStepsSayWhatTheCardSays) {
     const auto& steps = LessonSteps();
     EXPECT_EQ(steps[0].title, QStringLiteral("Connect"));
     EXPECT_EQ(steps[0].text,

@@ -22,7 +22,7 @@ const PlanScale Plan = {{544.0, 424.0}, {0.0, 0.0}, 2.0};
 
 }  // namespace
 
-TEST(PlanHand, WhatLiesAlongTheShaftIsAddedToTheXCounts) {
+TEST(PlanHandTest, WhatLiesAlongTheShaftIsAddedToTheXCounts) {
     const NeedleCounts began = {12000, 12500, 12400};
     const QPointF along = HeadingOf(1);
     const QPointF across(-along.y(), along.x());
@@ -32,7 +32,7 @@ TEST(PlanHand, WhatLiesAlongTheShaftIsAddedToTheXCounts) {
               (NeedleCounts{11900, 12500, 12400}));
 }
 
-TEST(PlanHand, ADragEndsAtTheEndsOfTheRange) {
+TEST(PlanHandTest, ADragEndsAtTheEndsOfTheRange) {
     const NeedleCounts began = {12000, 12500, 12400};
     EXPECT_EQ(DraggedAlong(began, {1.0, 0.0}, {}, {99999.0, 0.0}).x, 25000);
     EXPECT_EQ(DraggedAlong(began, {1.0, 0.0}, {}, {-99999.0, 0.0}).x, 0);
@@ -40,7 +40,7 @@ TEST(PlanHand, ADragEndsAtTheEndsOfTheRange) {
     EXPECT_EQ(DraggedUp(began, 30.0), (NeedleCounts{12000, 12500, 12370}));
 }
 
-TEST(PlanHand, CoarseIsToTheNearestTenWithin8UnitsInPlan) {
+TEST(PlanHandTest, CoarseIsToTheNearestTenWithin8UnitsInPlan) {
     EXPECT_EQ(Coarse({12304, 12035, 24996}), (NeedleCounts{12300, 12040, 25000}));
     for (int offset = 0; offset < 10; ++offset) {
         const NeedleCounts exact = {12300 + offset, 12500 - offset, 12500};
@@ -49,12 +49,12 @@ TEST(PlanHand, CoarseIsToTheNearestTenWithin8UnitsInPlan) {
     }
 }
 
-TEST(PlanHand, LinesAreWrittenWithPointsWhateverTheDesksLanguage) {
+TEST(PlanHandTest, LinesAreWrittenWithPointsWhateverTheDesksLanguage) {
     EXPECT_EQ(MoveLine(2, {9500, 12500, 12400}), "world move 2 9500 12500 12400");
     EXPECT_EQ(AimLine(3, {12.5, -3.25, 0.0}), "world aim 3 12.500 -3.250 0.000");
 }
 
-TEST(PlanHand, CountsAreTakenFromAGoodAnswerAlone) {
+TEST(PlanHandTest, CountsAreTakenFromAGoodAnswerAlone) {
     NeedleCounts counts;
     EXPECT_TRUE(CountsOf("ok 1 2 3", counts));
     EXPECT_EQ(counts, (NeedleCounts{1, 2, 3}));
@@ -63,7 +63,7 @@ TEST(PlanHand, CountsAreTakenFromAGoodAnswerAlone) {
     EXPECT_EQ(counts, (NeedleCounts{1, 2, 3}));
 }
 
-TEST(PlanMirror, EveryCountOfTheMirrorIsFoundFromTheCentreThatItGives) {
+TEST(PlanMirrorTest, EveryCountOfTheMirrorIsFoundFromTheCentreThatItGives) {
     for (int x = -MirrorRange; x <= MirrorRange; x += 9) {
         for (int y = -MirrorRange; y <= MirrorRange; ++y) {
             const PlanPoint centre = ViewCentreOf(x, y);
@@ -74,7 +74,7 @@ TEST(PlanMirror, EveryCountOfTheMirrorIsFoundFromTheCentreThatItGives) {
     }
 }
 
-TEST(PlanMirror, BeyondItsReachThereAreNoCounts) {
+TEST(PlanMirrorTest, BeyondItsReachThereAreNoCounts) {
     EXPECT_EQ(MirrorReach().x(), 900.0);
     EXPECT_NEAR(MirrorReach().y(), 904.78, 0.01);
     EXPECT_TRUE(MirrorCountsFor({902.0, 0.0}).has_value());
@@ -82,18 +82,18 @@ TEST(PlanMirror, BeyondItsReachThereAreNoCounts) {
     EXPECT_FALSE(MirrorCountsFor({0.0, -908.0}).has_value());
 }
 
-TEST(PlanMirror, ADraggedFrameGoesNoFartherThan180) {
+TEST(PlanMirrorTest, ADraggedFrameGoesNoFartherThan180) {
     EXPECT_EQ(MirrorCountsDragged({5000.0, -5000.0}, FreshScene(), Plan), (MirrorCounts{-180, 180}));
 }
 
-TEST(PlanMirror, Within8PixelsOfACellTheFrameTakesItsCounts) {
+TEST(PlanMirrorTest, Within8PixelsOfACellTheFrameTakesItsCounts) {
     Scene scene = FreshScene();
     scene.cells[3].mirrorX = 77;  // as no place would give it
     EXPECT_EQ(MirrorCountsDragged({-470.0 + 3.9, 190.7}, scene, Plan), (MirrorCounts{77, -38}));
     EXPECT_EQ(MirrorCountsDragged({-470.0 + 4.1, 190.7}, scene, Plan), (MirrorCounts{93, -38}));
 }
 
-TEST(PlanHits, ATipIsHeldWithin12PixelsAndTheNearestOneOfTwo) {
+TEST(PlanHitsTest, ATipIsHeldWithin12PixelsAndTheNearestOneOfTwo) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {0.0, 0.0, 0.0});
     PutTip(scene, 2, {10.0, 0.0, 0.0});
@@ -105,7 +105,7 @@ TEST(PlanHits, ATipIsHeldWithin12PixelsAndTheNearestOneOfTwo) {
     EXPECT_EQ(TipAt(scene, Plan, tip + QPointF(12.0, 0.0)), 1);
 }
 
-TEST(PlanHits, TheViewIsHeldByItsFrameWithin7Pixels) {
+TEST(PlanHitsTest, TheViewIsHeldByItsFrameWithin7Pixels) {
     Scene scene = FreshScene();
     const QPointF corner = Plan.Pixel({-121.45, -90.5});
     EXPECT_TRUE(IsOnViewFrame(scene, Plan, corner + QPointF(100.0, 6.0)));
@@ -117,7 +117,7 @@ TEST(PlanHits, TheViewIsHeldByItsFrameWithin7Pixels) {
     EXPECT_FALSE(IsOnViewFrame(scene, Plan, corner));
 }
 
-TEST(PlanHits, ACellIsUnderThePointerWhereItsDiscIsDrawn) {
+TEST(PlanHitsTest, ACellIsUnderThePointerWhereItsDiscIsDrawn) {
     const Scene scene = FreshScene();
     const QPointF cell = Plan.Pixel({-60.0, -100.4});
     EXPECT_EQ(CellAt(scene, Plan, cell + QPointF(21.9, 0.0)), 4);
@@ -127,7 +127,7 @@ TEST(PlanHits, ACellIsUnderThePointerWhereItsDiscIsDrawn) {
     EXPECT_EQ(CellAt(scene, far, far.Pixel({-60.0, -100.4}) + QPointF(3.9, 0.0)), 4);
 }
 
-TEST(PlanHits, AShaftIsUnderThePointerAlongItsWholeBodyThePickedOneFirst) {
+TEST(PlanHitsTest, AShaftIsUnderThePointerAlongItsWholeBodyThePickedOneFirst) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {0.0, 0.0, 0.0});
     PutTip(scene, 2, {0.0, 0.0, 0.0});
@@ -142,7 +142,7 @@ TEST(PlanHits, AShaftIsUnderThePointerAlongItsWholeBodyThePickedOneFirst) {
     EXPECT_EQ(ShaftAt(scene, Plan, Plan.Pixel({0.0, 0.0})), 2);
 }
 
-TEST(PlanHits, OfTheCrossingsTheLatestFiveAreThere) {
+TEST(PlanHitsTest, OfTheCrossingsTheLatestFiveAreThere) {
     Scene scene = FreshScene();
     for (int crossing = 0; crossing < 6; ++crossing) {
         scene.crossings.push_back({1, 2, 0.0, {crossing * 100.0, 0.0}});
@@ -152,7 +152,7 @@ TEST(PlanHits, OfTheCrossingsTheLatestFiveAreThere) {
     EXPECT_EQ(CrossingAt(scene, Plan, Plan.Pixel({500.0, 0.0})), 5);
 }
 
-TEST(PlanHits, TheMarksAreShownAtTwoTimesNearThePickedTipOrWhenAskedFor) {
+TEST(PlanHitsTest, TheMarksAreShownAtTwoTimesNearThePickedTipOrWhenAskedFor) {
     Scene scene = FreshScene();
     EXPECT_FALSE(MarksShown(scene, false));
     EXPECT_TRUE(MarksShown(scene, true));
@@ -164,7 +164,7 @@ TEST(PlanHits, TheMarksAreShownAtTwoTimesNearThePickedTipOrWhenAskedFor) {
     EXPECT_FALSE(MarksShown(scene, true));
 }
 
-TEST(Scene, SecondsToGoAreTheLongestWayInCountsAt4000ASecond) {
+TEST(SceneTest, SecondsToGoAreTheLongestWayInCountsAt4000ASecond) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {0.0, 0.0, 0.0});
     EXPECT_DOUBLE_EQ(SecondsToGo(scene.Needle(1), 1), 0.0);
@@ -175,7 +175,7 @@ TEST(Scene, SecondsToGoAreTheLongestWayInCountsAt4000ASecond) {
     EXPECT_NEAR(SecondsToGo(scene.Needle(1), 1), 0.5, 1e-9);
 }
 
-TEST(Scene, ALandingStandsUntilItsNeedleMoves) {
+TEST(SceneTest, ALandingStandsUntilItsNeedleMoves) {
     Scene scene = FreshScene();
     EXPECT_FALSE(LandingStands(scene));
     PutTip(scene, 1, {-469.0, 190.7, 0.0});

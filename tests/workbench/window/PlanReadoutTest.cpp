@@ -22,7 +22,7 @@ double Letters(const QString& text) { return static_cast<double>(text.size()); }
 
 }  // namespace
 
-TEST(PlanReadout, APlaceItsMirrorCountsTheCellThereAndHowFarThePickedTipIs) {
+TEST(PlanReadoutTest, APlaceItsMirrorCountsTheCellThereAndHowFarThePickedTipIs) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {-470.0, 90.7, 0.0});
     EXPECT_EQ(PartsAt(scene, {-470.0, 190.7}),
@@ -30,7 +30,7 @@ TEST(PlanReadout, APlaceItsMirrorCountsTheCellThereAndHowFarThePickedTipIs) {
                            QStringLiteral("on cell 4"), QStringLiteral("100.0 from needle 1")}));
 }
 
-TEST(PlanReadout, AMarkWhereTheMarksAreShown) {
+TEST(PlanReadoutTest, AMarkWhereTheMarksAreShown) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {-72.0, 52.0, 4.0});
     EXPECT_EQ(PartsAt(scene, {-80.0, 60.0}, true),
@@ -39,7 +39,7 @@ TEST(PlanReadout, AMarkWhereTheMarksAreShown) {
     EXPECT_FALSE(PartsAt(scene, {-80.0, 60.0}, false).contains(QStringLiteral("mark B")));
 }
 
-TEST(PlanReadout, ATipAndAShaft) {
+TEST(PlanReadoutTest, ATipAndAShaft) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {-469.2, 191.5, 0.0});
     EXPECT_EQ(PartsAt(scene, {-469.2, 191.5}),
@@ -49,11 +49,11 @@ TEST(PlanReadout, ATipAndAShaft) {
     EXPECT_EQ(PartsAt(scene, back).value(2), QStringLiteral("on needle 1"));
 }
 
-TEST(PlanReadout, BeyondTheMirrorsReachNoCountsAreSaid) {
+TEST(PlanReadoutTest, BeyondTheMirrorsReachNoCountsAreSaid) {
     EXPECT_EQ(PartsAt(FreshScene(), {1000.0, 0.0}).value(1), QStringLiteral("3773.9 from needle 1"));
 }
 
-TEST(PlanReadout, AsManyPartsAsThereIsRoomFor) {
+TEST(PlanReadoutTest, AsManyPartsAsThereIsRoomFor) {
     const QStringList parts = {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")};
     EXPECT_EQ(ReadoutText(parts, Letters, 17), QStringLiteral("one   two   three"));
     EXPECT_EQ(ReadoutText(parts, Letters, 16), QStringLiteral("one   two"));
@@ -61,7 +61,7 @@ TEST(PlanReadout, AsManyPartsAsThereIsRoomFor) {
     EXPECT_EQ(ReadoutHint(), QStringLiteral("Wheel: zoom. Right button: drag. Double-click: send."));
 }
 
-TEST(PlanReadout, AClickTellsOfACrossingATipACellOrAShaft) {
+TEST(PlanReadoutTest, AClickTellsOfACrossingATipACellOrAShaft) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {0.0, 0.0, 12.0});
     scene.crossings.push_back({1, 2, 5000.0, {100.0, 0.0}});
@@ -76,7 +76,7 @@ TEST(PlanReadout, AClickTellsOfACrossingATipACellOrAShaft) {
     EXPECT_EQ(told({60.0, -60.0}), QString());
 }
 
-TEST(PlanReadout, InWordsThePlanIsPickedTipTargetsAndCrossings) {
+TEST(PlanReadoutTest, InWordsThePlanIsPickedTipTargetsAndCrossings) {
     Scene scene = FreshScene();
     PutTip(scene, 1, {-72.0, 52.0, 4.0});
     EXPECT_EQ(PlanDescription(scene),

@@ -14,7 +14,7 @@ namespace workbench {
 namespace {
 
 // A bench whose time stands where the test puts it, and what it was asked.
-class Reading : public ::testing::Test {
+class ReadingTest : public ::testing::Test {
 protected:
     std::string Do(const std::string& line) { return bench.commands.Answer(line, now); }
     void Read() {
@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Reading, AFreshBenchStandsAsItBegins) {
+TEST_F(ReadingTest, AFreshBenchStandsAsItBegins) {
     Read();
     EXPECT_NEAR(scene.needles[0].tip.x, -2121.32, 0.01);
     EXPECT_EQ(scene.needles[0].tip, scene.needles[0].rest);
@@ -60,7 +60,7 @@ TEST_F(Reading, AFreshBenchStandsAsItBegins) {
     EXPECT_EQ(scene.landing.count, 0);
 }
 
-TEST_F(Reading, WhatIsUnderWayIsSeenAtItsPlaceNowAndAtRest) {
+TEST_F(ReadingTest, WhatIsUnderWayIsSeenAtItsPlaceNowAndAtRest) {
     Do("world move 2 9900 12500 12500");
     Do("mirror move 94 -38");
     Do("focus jog 1000");
@@ -76,7 +76,7 @@ TEST_F(Reading, WhatIsUnderWayIsSeenAtItsPlaceNowAndAtRest) {
     EXPECT_TRUE(AnythingMoves(scene));
 }
 
-TEST_F(Reading, ThePickedNeedleIsTheOneWhoseCountsAreRead) {
+TEST_F(ReadingTest, ThePickedNeedleIsTheOneWhoseCountsAreRead) {
     scene.picked = 3;
     Do("world jog 3 0 7 0");
     now += std::chrono::seconds(1);
@@ -85,7 +85,7 @@ TEST_F(Reading, ThePickedNeedleIsTheOneWhoseCountsAreRead) {
     EXPECT_EQ(scene.picked, 3);
 }
 
-TEST_F(Reading, FaultsCountersSelectionAndOptics) {
+TEST_F(ReadingTest, FaultsCountersSelectionAndOptics) {
     Do("fault motor silent on");
     Do("fault mirror error 8 3");
     Do("fault driver fail always");
@@ -104,7 +104,7 @@ TEST_F(Reading, FaultsCountersSelectionAndOptics) {
     EXPECT_EQ(scene.counters["getcount"], 1);
 }
 
-TEST_F(Reading, CrossingsAreReadWithTheirPlace) {
+TEST_F(ReadingTest, CrossingsAreReadWithTheirPlace) {
     Do("world move 1 12500 12500 12500");
     Do("world move 2 12700 12500 12500");
     now += std::chrono::seconds(10);
@@ -116,7 +116,7 @@ TEST_F(Reading, CrossingsAreReadWithTheirPlace) {
     EXPECT_LT(PlanDistance(scene.crossings[0].place, {0.0, 0.0}), 300.0);
 }
 
-TEST_F(Reading, ALandingIsReadWithWhatItWasMeantFor) {
+TEST_F(ReadingTest, ALandingIsReadWithWhatItWasMeantFor) {
     Do("driver select 1");
     const std::string aim = Do("world aim 1 -470 190.7 0");
     Do("driver moveto" + aim.substr(2));
@@ -134,7 +134,7 @@ TEST_F(Reading, ALandingIsReadWithWhatItWasMeantFor) {
     EXPECT_FALSE(LandingStands(scene));
 }
 
-TEST_F(Reading, TrafficIsHandedOnOnce) {
+TEST_F(ReadingTest, TrafficIsHandedOnOnce) {
     Do("driver select 2");
     Do("driver moveto 9900 12500 12500");
     Read();
@@ -151,7 +151,7 @@ TEST_F(Reading, TrafficIsHandedOnOnce) {
     EXPECT_EQ(scene.traffic[0].bytes, "getcount = 0 4");
 }
 
-TEST_F(Reading, WhatNeverChangesIsAskedForOnce) {
+TEST_F(ReadingTest, WhatNeverChangesIsAskedForOnce) {
     Read();
     Read();
     EXPECT_EQ(TimesAsked("world cells"), 1);
@@ -159,7 +159,7 @@ TEST_F(Reading, WhatNeverChangesIsAskedForOnce) {
     EXPECT_EQ(TimesAsked("camera state"), 2);
 }
 
-TEST(TakeAnswer, BlanksAndSlashesOfARecordComeBackAndOtherEscapesStay) {
+TEST(TakeAnswerTest, BlanksAndSlashesOfARecordComeBackAndOtherEscapesStay) {
     Scene scene;
     ASSERT_TRUE(
         TakeAnswer(scene, "traffic 0",
@@ -172,14 +172,14 @@ TEST(TakeAnswer, BlanksAndSlashesOfARecordComeBackAndOtherEscapesStay) {
     EXPECT_EQ(scene.traffic[2].bytes, "\\\\x20\\x00");
 }
 
-TEST(TakeAnswer, ARecordThatCannotBeReadLosesNoOther) {
+TEST(TakeAnswerTest, ARecordThatCannotBeReadLosesNoOther) {
     Scene scene;
     ASSERT_TRUE(TakeAnswer(scene, "traffic 0", "ok 2 0 nonsense 13/gauge/in/Ar"));
     ASSERT_EQ(scene.traffic.size(), 1U);
     EXPECT_EQ(scene.traffic[0].bytes, "Ar");
 }
 
-TEST(TakeAnswer, WhatIsRefusedOrOfAnotherFormChangesNothing) {
+TEST(TakeAnswerTest, WhatIsRefusedOrOfAnotherFormChangesNothing) {
     Scene scene;
     scene.focus = {1.0, 2.0, 3, 4};
     const SceneFocus before = scene.focus;

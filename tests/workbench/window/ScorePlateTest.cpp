@@ -16,7 +16,7 @@ using test::Record;
 
 namespace {
 
-struct Desk {
+struct Rig {
     std::string Text(const char* name) {
         return plate.findChild<QWidget*>(QString::fromLatin1(name))->accessibleDescription().toStdString();
     }
@@ -31,16 +31,16 @@ struct Desk {
 
 }  // namespace
 
-TEST(ScorePlate, AtFirstThereIsNoLandingAndNothingIsCounted) {
-    Desk desk;
+TEST(ScorePlateTest, AtFirstThereIsNoLandingAndNothingIsCounted) {
+    Rig desk;
     desk.plate.Show(desk.scene);
     EXPECT_EQ(desk.Text("landing"), "none yet");
     EXPECT_EQ(desk.Text("crossings"), "0");
     EXPECT_EQ(desk.Text("refusals"), "0");
 }
 
-TEST(ScorePlate, TheLastLandingAndTheCrossingsAreTheWorlds) {
-    Desk desk;
+TEST(ScorePlateTest, TheLastLandingAndTheCrossingsAreTheWorlds) {
+    Rig desk;
     desk.scene.landing = {2, 2.14, 1, 4, 1.42, 0.2, 0.0, {}};
     desk.scene.crossingsInAll = 3;
     desk.plate.Show(desk.scene);
@@ -48,8 +48,8 @@ TEST(ScorePlate, TheLastLandingAndTheCrossingsAreTheWorlds) {
     EXPECT_EQ(desk.Text("crossings"), "3");
 }
 
-TEST(ScorePlate, RefusalsAreThoseOfDriverMirrorAndMotor) {
-    Desk desk;
+TEST(ScorePlateTest, RefusalsAreThoseOfDriverMirrorAndMotor) {
+    Rig desk;
     desk.scene.traffic = {Record("driver", "call", "getcount = -1"),
                           Record("mirror", "out", "nD2A7\\r\\n"),
                           Record("motor", "out", "N\\r"),
@@ -64,8 +64,8 @@ TEST(ScorePlate, RefusalsAreThoseOfDriverMirrorAndMotor) {
     EXPECT_EQ(desk.Text("refusals"), "4");
 }
 
-TEST(ScorePlate, ForgetForgetsAllThree) {
-    Desk desk;
+TEST(ScorePlateTest, ForgetForgetsAllThree) {
+    Rig desk;
     desk.scene.traffic = {Record("motor", "out", "N\\r")};
     desk.plate.Show(desk.scene);
     QTest::mouseClick(desk.plate.findChild<QAbstractButton*>(QStringLiteral("forget")), Qt::LeftButton);
@@ -74,8 +74,8 @@ TEST(ScorePlate, ForgetForgetsAllThree) {
     EXPECT_EQ(desk.Text("refusals"), "0");
 }
 
-TEST(ScorePlate, CrossingsFromOneOnAreWhiteOnRed) {
-    Desk desk;
+TEST(ScorePlateTest, CrossingsFromOneOnAreWhiteOnRed) {
+    Rig desk;
     desk.plate.resize(636, 46);
     const auto under = [&] { return desk.plate.grab().toImage().pixelColor(636 - 12 - 60 - 184 + 10, 20); };
     desk.plate.Show(desk.scene);

@@ -13,7 +13,7 @@ using test::Record;
 
 namespace {
 
-class Traffic : public ::testing::Test {
+class TrafficTest : public ::testing::Test {
 protected:
     void Take(const std::vector<TrafficRecord>& records) {
         Scene scene;
@@ -41,7 +41,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Traffic, EveryRecordIsALineWithItsWireAndWay) {
+TEST_F(TrafficTest, EveryRecordIsALineWithItsWireAndWay) {
     Take({Record("mirror", "in", "cD2A94\\r"), Record("mirror", "out", "qD2A94\\r\\n"),
           Record("world", "event", "arrived 3"), Record("motor", "in", "HALT\\r")});
     ASSERT_EQ(model.rowCount(), 4);
@@ -53,7 +53,7 @@ TEST_F(Traffic, EveryRecordIsALineWithItsWireAndWay) {
     EXPECT_EQ(model.LineAt(3).wire, TrafficWire::Motor);
 }
 
-TEST_F(Traffic, APolledReadingStaysOnOneLineAndIsCounted) {
+TEST_F(TrafficTest, APolledReadingStaysOnOneLineAndIsCounted) {
     Poll("A+00.000");
     EXPECT_EQ(Meaning(0), "reading 0");
     Fill(3);
@@ -66,7 +66,7 @@ TEST_F(Traffic, APolledReadingStaysOnOneLineAndIsCounted) {
     EXPECT_EQ(model.LineAt(0).time, time);
 }
 
-TEST_F(Traffic, ThePolledLineShowsTheLatestValue) {
+TEST_F(TrafficTest, ThePolledLineShowsTheLatestValue) {
     Poll("A+00.000");
     Poll("A+00.010");
     ASSERT_EQ(model.rowCount(), 1);
@@ -74,7 +74,7 @@ TEST_F(Traffic, ThePolledLineShowsTheLatestValue) {
     EXPECT_EQ(Meaning(0), "reading 10, asked 2 times");
 }
 
-TEST_F(Traffic, APollThatIsNotAnsweredIsCountedAsWell) {
+TEST_F(TrafficTest, APollThatIsNotAnsweredIsCountedAsWell) {
     Take({Record("gauge", "in", "Ar\\r\\n"), Record("gauge", "in", "Ar\\r\\n"),
           Record("gauge", "in", "Ar\\r\\n")});
     ASSERT_EQ(model.rowCount(), 1);
@@ -82,7 +82,7 @@ TEST_F(Traffic, APollThatIsNotAnsweredIsCountedAsWell) {
     EXPECT_EQ(model.LineAt(0).way, Way::ToInstrument);
 }
 
-TEST_F(Traffic, PositionsOfOneNeedleFoldAndAnotherNeedleBeginsAnew) {
+TEST_F(TrafficTest, PositionsOfOneNeedleFoldAndAnotherNeedleBeginsAnew) {
     Take({Record("driver", "call", "getposition = 0 1 100 200 300"),
           Record("driver", "call", "getposition = 0 1 101 200 300")});
     ASSERT_EQ(model.rowCount(), 1);
@@ -92,7 +92,7 @@ TEST_F(Traffic, PositionsOfOneNeedleFoldAndAnotherNeedleBeginsAnew) {
     EXPECT_EQ(Meaning(1), "5 6 7");
 }
 
-TEST_F(Traffic, StatusLinesFoldWhileOnlyThePlaceChanges) {
+TEST_F(TrafficTest, StatusLinesFoldWhileOnlyThePlaceChanges) {
     Take({Record("mirror", "out", "sSAA1,0,0,1,2,0,0,0\\r\\n"),
           Record("mirror", "out", "sSAA5,0,0,1,2,0,0,0\\r\\n")});
     ASSERT_EQ(model.rowCount(), 1);
@@ -102,7 +102,7 @@ TEST_F(Traffic, StatusLinesFoldWhileOnlyThePlaceChanges) {
     EXPECT_EQ(Meaning(1), "status: 5, 0, 2×, motors off");
 }
 
-TEST_F(Traffic, ARefusalBeginsALineAndSoDoesWhatComesBehindIt) {
+TEST_F(TrafficTest, ARefusalBeginsALineAndSoDoesWhatComesBehindIt) {
     const TrafficRecord good = Record("driver", "call", "getposition = 0 1 1 2 3");
     const TrafficRecord bad = Record("driver", "call", "getposition = -1");
     Take({good, good, bad, bad, good, good});
@@ -113,7 +113,7 @@ TEST_F(Traffic, ARefusalBeginsALineAndSoDoesWhatComesBehindIt) {
     EXPECT_EQ(Meaning(3), "1 2 3, asked 2 times");
 }
 
-TEST_F(Traffic, AnotherKindOfAnswerBeginsALineWithItsOwnQuestion) {
+TEST_F(TrafficTest, AnotherKindOfAnswerBeginsALineWithItsOwnQuestion) {
     Poll("A+00.000");
     Poll("A+00.000");
     Poll("AAAAAAAA");
@@ -127,7 +127,7 @@ TEST_F(Traffic, AnotherKindOfAnswerBeginsALineWithItsOwnQuestion) {
     EXPECT_FALSE(model.LineAt(2).bad);
 }
 
-TEST_F(Traffic, TwentyLinesBelowItBeginANewOne) {
+TEST_F(TrafficTest, TwentyLinesBelowItBeginANewOne) {
     Poll("A+00.000");
     Fill(19);
     Poll("A+00.000");
@@ -140,7 +140,7 @@ TEST_F(Traffic, TwentyLinesBelowItBeginANewOne) {
     EXPECT_EQ(Meaning(21), "reading 0");
 }
 
-TEST_F(Traffic, AnswersHeldBackAtAPollShareOneRedLine) {
+TEST_F(TrafficTest, AnswersHeldBackAtAPollShareOneRedLine) {
     Take({Record("gauge", "event", "silent A+00.000\\r\\n"),
           Record("gauge", "event", "silent A+00.001\\r\\n"), Record("motor", "event", "silent A\\r")});
     ASSERT_EQ(model.rowCount(), 2);
@@ -149,7 +149,7 @@ TEST_F(Traffic, AnswersHeldBackAtAPollShareOneRedLine) {
     EXPECT_EQ(Bytes(1), "silent A");
 }
 
-TEST_F(Traffic, BytesThatAFaultTouchedAreRedThoughTheyReadWell) {
+TEST_F(TrafficTest, BytesThatAFaultTouchedAreRedThoughTheyReadWell) {
     Poll("A+00.000");
     Take({Record("gauge", "in", "Ar\\r\\n"), Record("gauge", "event", "garbled A+00.000\\r\\n"),
           Record("gauge", "out", "A+00.900\\r\\n")});
@@ -161,14 +161,14 @@ TEST_F(Traffic, BytesThatAFaultTouchedAreRedThoughTheyReadWell) {
     EXPECT_FALSE(model.LineAt(3).bad);
 }
 
-TEST_F(Traffic, ItKeepsTheLatest2000Lines) {
+TEST_F(TrafficTest, ItKeepsTheLatest2000Lines) {
     Fill(2001);
     ASSERT_EQ(model.rowCount(), 2000);
     EXPECT_EQ(Bytes(0), "cD2A1");
     EXPECT_EQ(Bytes(1999), "cD2A2000");
 }
 
-TEST_F(Traffic, AWireThatIsNotShownLosesNothing) {
+TEST_F(TrafficTest, AWireThatIsNotShownLosesNothing) {
     Take({Record("mirror", "in", "rD2R\\r"), Record("motor", "in", "HALT\\r")});
     model.SetShown(TrafficWire::Motor, false);
     Take({Record("motor", "in", "WHO\\r"), Record("mirror", "in", "rD1R\\r")});
@@ -179,7 +179,7 @@ TEST_F(Traffic, AWireThatIsNotShownLosesNothing) {
     EXPECT_EQ(Bytes(2), "WHO");
 }
 
-TEST_F(Traffic, PausedTheListStandsStillAndRecordsGoOnBeingTaken) {
+TEST_F(TrafficTest, PausedTheListStandsStillAndRecordsGoOnBeingTaken) {
     Poll("A+00.000");
     model.SetPaused(true);
     Poll("A+00.000");
@@ -191,7 +191,7 @@ TEST_F(Traffic, PausedTheListStandsStillAndRecordsGoOnBeingTaken) {
     EXPECT_EQ(Meaning(0), "reading 0, asked 2 times");
 }
 
-TEST_F(Traffic, AnotherChoiceOfWiresWhilePausedShowsNothingThatCameSince) {
+TEST_F(TrafficTest, AnotherChoiceOfWiresWhilePausedShowsNothingThatCameSince) {
     Take({Record("mirror", "in", "rD2R\\r")});
     model.SetPaused(true);
     Fill(2);
@@ -201,7 +201,7 @@ TEST_F(Traffic, AnotherChoiceOfWiresWhilePausedShowsNothingThatCameSince) {
     EXPECT_EQ(model.rowCount(), 1);
 }
 
-TEST_F(Traffic, ClearedTheListIsEmptyAndFoldsIntoNothing) {
+TEST_F(TrafficTest, ClearedTheListIsEmptyAndFoldsIntoNothing) {
     Poll("A+00.000");
     model.Clear();
     EXPECT_EQ(model.rowCount(), 0);
@@ -210,7 +210,7 @@ TEST_F(Traffic, ClearedTheListIsEmptyAndFoldsIntoNothing) {
     EXPECT_EQ(Meaning(0), "reading 0");
 }
 
-TEST_F(Traffic, ItTellsItsViewsWhatChanged) {
+TEST_F(TrafficTest, ItTellsItsViewsWhatChanged) {
     int inserted = 0;
     int removed = 0;
     int changed = 0;
@@ -228,7 +228,7 @@ TEST_F(Traffic, ItTellsItsViewsWhatChanged) {
     EXPECT_EQ(model.rowCount(), TrafficModel::MostLines);
 }
 
-TEST_F(Traffic, CopyGivesSelectedLinesOrAllAsTabSeparatedText) {
+TEST_F(TrafficTest, CopyGivesSelectedLinesOrAllAsTabSeparatedText) {
     Take({Record("mirror", "in", "cD2A94\\r"), Record("mirror", "out", "nD2A8\\r\\n"),
           Record("world", "event", "arrived 3")});
     const QString at = model.TimeText(model.LineAt(0));

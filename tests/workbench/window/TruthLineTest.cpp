@@ -21,7 +21,7 @@ QStringList Parts() {
 
 }  // namespace
 
-TEST(TruthLine, WhereThereIsNoRoomForTheHintItsLastSentencesAreLeftOut) {
+TEST(TruthLineTest, WhereThereIsNoRoomForTheHintItsLastSentencesAreLeftOut) {
     TruthLine line;
     line.SetHeightsWidth(84);
     line.resize(440, 28);
@@ -32,7 +32,7 @@ TEST(TruthLine, WhereThereIsNoRoomForTheHintItsLastSentencesAreLeftOut) {
     EXPECT_TRUE(line.Text().endsWith(QLatin1Char('.')));
 }
 
-TEST(TruthLine, WithoutAPointerItSaysWhatTheHandCanDo) {
+TEST(TruthLineTest, WithoutAPointerItSaysWhatTheHandCanDo) {
     TruthLine line;
     line.resize(896, 28);
     EXPECT_EQ(line.Text(), ReadoutHint());
@@ -41,7 +41,7 @@ TEST(TruthLine, WithoutAPointerItSaysWhatTheHandCanDo) {
     EXPECT_EQ(line.Text(), ReadoutHint());
 }
 
-TEST(TruthLine, ItSaysOfThePointerWhatThereIsRoomFor) {
+TEST(TruthLineTest, ItSaysOfThePointerWhatThereIsRoomFor) {
     TruthLine line;
     line.resize(896, 28);
     line.ShowScale(0.42);
@@ -51,7 +51,7 @@ TEST(TruthLine, ItSaysOfThePointerWhatThereIsRoomFor) {
     EXPECT_EQ(line.Text(), QStringLiteral("X −470.0   Y 190.7"));
 }
 
-TEST(TruthLine, WhatWasClickedOnStandsUntilThePointerMovesOn) {
+TEST(TruthLineTest, WhatWasClickedOnStandsUntilThePointerMovesOn) {
     TruthLine line;
     line.ShowPointer(Parts());
     line.Tell(QStringLiteral("cell 4"));
@@ -60,7 +60,7 @@ TEST(TruthLine, WhatWasClickedOnStandsUntilThePointerMovesOn) {
     EXPECT_TRUE(line.Text().startsWith(QStringLiteral("X −470.0")));
 }
 
-TEST(TruthLine, ARefusalStandsForItsTimeAndIsToldInWords) {
+TEST(TruthLineTest, ARefusalStandsForItsTimeAndIsToldInWords) {
     TruthLine line;
     line.ShowPointer(Parts());
     line.Refuse(QStringLiteral("the mirror's motors are off"));
@@ -70,7 +70,7 @@ TEST(TruthLine, ARefusalStandsForItsTimeAndIsToldInWords) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return line.Text().startsWith(QStringLiteral("X −470.0")); }, 6000));
 }
 
-TEST(TruthTools, TheToolsStandAtTheBarsRightEnd) {
+TEST(TruthToolsTest, TheToolsStandAtTheBarsRightEnd) {
     TruthTools tools([](PlanFollow) {}, [](double) {});
     tools.resize(636, 40);
     tools.show();
@@ -85,12 +85,12 @@ TEST(TruthTools, TheToolsStandAtTheBarsRightEnd) {
     EXPECT_EQ(at("zoom_out"), QRect(360, 6, 28, 28));
 }
 
-TEST(TruthTools, ABarUnder460WideHasAShortTitle) {
+TEST(TruthToolsTest, ABarUnder460WideHasAShortTitle) {
     EXPECT_EQ(TruthTools::TitleFor(460), QStringLiteral("The truth, seen from above"));
     EXPECT_EQ(TruthTools::TitleFor(459), QStringLiteral("Truth"));
 }
 
-TEST(TruthTools, PressesAndKeysSayWhatToFollowAndHowToZoom) {
+TEST(TruthToolsTest, PressesAndKeysSayWhatToFollowAndHowToZoom) {
     std::vector<PlanFollow> chosen;
     std::vector<double> zoomed;
     TruthTools tools([&](PlanFollow follow) { chosen.push_back(follow); },
@@ -115,7 +115,7 @@ TEST(TruthTools, PressesAndKeysSayWhatToFollowAndHowToZoom) {
     EXPECT_EQ(zoomed, (std::vector<double>{1.25, 1.0 / 1.25}));
 }
 
-TEST(TruthTools, OneIsOnAndAPressAloneTurnsNoneOff) {
+TEST(TruthToolsTest, OneIsOnAndAPressAloneTurnsNoneOff) {
     TruthTools tools([](PlanFollow) {}, [](double) {});
     const auto isOn = [&](const char* name) {
         return tools.findChild<QAbstractButton*>(QString::fromLatin1(name))->isChecked();

@@ -31,7 +31,7 @@ protected:
 };
 
 // The plan on a bench whose time stands where the test puts it.
-class Plan : public ::testing::Test {
+class PlanTest : public ::testing::Test {
 protected:
     void SetUp() override {
         view.resize(544, 424);
@@ -96,7 +96,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Plan, AtFirstItShowsAllNeedles) {
+TEST_F(PlanTest, AtFirstItShowsAllNeedles) {
     EXPECT_EQ(view.Follows(), PlanFollow::All);
     EXPECT_NEAR(view.Sight().scale, 0.0789, 0.0001);
     EXPECT_EQ(view.accessibleName(), QStringLiteral("True plan"));
@@ -104,7 +104,7 @@ TEST_F(Plan, AtFirstItShowsAllNeedles) {
               QStringLiteral("Picked needle 1: X −2121.3, Y −2121.3, Z 0.0. No crossings."));
 }
 
-TEST_F(Plan, TheWheelZoomsAboutThePointerAndTurnsTheToolOff) {
+TEST_F(PlanTest, TheWheelZoomsAboutThePointerAndTurnsTheToolOff) {
     const PlanScale before = Scale();
     Wheel({400, 100}, {0, 120});
     EXPECT_NEAR(view.Sight().scale, before.scale * 1.25, 1e-9);
@@ -114,7 +114,7 @@ TEST_F(Plan, TheWheelZoomsAboutThePointerAndTurnsTheToolOff) {
     EXPECT_NEAR(view.Sight().scale, before.scale, 1e-9);
 }
 
-TEST_F(Plan, PlusAndMinusZoomAboutTheMiddle) {
+TEST_F(PlanTest, PlusAndMinusZoomAboutTheMiddle) {
     const PlanScale before = Scale();
     QTest::keyClick(&view, Qt::Key_Plus);
     EXPECT_NEAR(view.Sight().scale, before.scale * 1.25, 1e-9);
@@ -123,7 +123,7 @@ TEST_F(Plan, PlusAndMinusZoomAboutTheMiddle) {
     EXPECT_NEAR(view.Sight().scale, before.scale, 1e-9);
 }
 
-TEST_F(Plan, ShiftAndWheelOrTheRightButtonPan) {
+TEST_F(PlanTest, ShiftAndWheelOrTheRightButtonPan) {
     const PlanScale before = Scale();
     Wheel({100, 100}, {0, 120}, Qt::ShiftModifier);
     EXPECT_EQ(view.Sight().scale, before.scale);
@@ -140,7 +140,7 @@ TEST_F(Plan, ShiftAndWheelOrTheRightButtonPan) {
     EXPECT_TRUE(Orders().empty());
 }
 
-TEST_F(Plan, ATipThatIsDraggedIsPickedAndGoesAlongItsShaft) {
+TEST_F(PlanTest, ATipThatIsDraggedIsPickedAndGoesAlongItsShaft) {
     scene.picked = 3;
     Read();
     const QPoint tip = Pixel(scene.Needle(1).tip.Plan());
@@ -156,7 +156,7 @@ TEST_F(Plan, ATipThatIsDraggedIsPickedAndGoesAlongItsShaft) {
     EXPECT_EQ(bench.world.CountsNow(0, now), (travo::PositionXYZ{expected, 12500, 12500}));
 }
 
-TEST_F(Plan, ADragSaysAtMostOneLineIn40MsAndTheLastPlaceInTheEnd) {
+TEST_F(PlanTest, ADragSaysAtMostOneLineIn40MsAndTheLastPlaceInTheEnd) {
     const QPoint tip = Pixel(scene.Needle(1).tip.Plan());
     QTest::mousePress(&view, Qt::LeftButton, {}, tip);
     for (int step = 1; step <= 20; ++step) {
@@ -171,7 +171,7 @@ TEST_F(Plan, ADragSaysAtMostOneLineIn40MsAndTheLastPlaceInTheEnd) {
     EXPECT_NEAR(std::stoi(Orders().back().substr(13)), last, 1);
 }
 
-TEST_F(Plan, TheFrameOfTheViewIsDraggedAndSnapsToACell) {
+TEST_F(PlanTest, TheFrameOfTheViewIsDraggedAndSnapsToACell) {
     view.Follow(PlanFollow::Dish);
     const QPoint edge = Pixel({0.0, -90.5});
     QTest::mousePress(&view, Qt::LeftButton, {}, edge);
@@ -183,7 +183,7 @@ TEST_F(Plan, TheFrameOfTheViewIsDraggedAndSnapsToACell) {
     EXPECT_TRUE(picked.empty());
 }
 
-TEST_F(Plan, TheFrameIsNeverDraggedBeyond180) {
+TEST_F(PlanTest, TheFrameIsNeverDraggedBeyond180) {
     view.Follow(PlanFollow::Dish);
     const QPoint edge = Pixel({0.0, -90.5});
     QTest::mousePress(&view, Qt::LeftButton, {}, edge);
@@ -193,7 +193,7 @@ TEST_F(Plan, TheFrameIsNeverDraggedBeyond180) {
     EXPECT_TRUE(Orders().back().starts_with("mirror move 180 "));
 }
 
-TEST_F(Plan, WhatItFollowsWaitsWhileTheHandHoldsTheView) {
+TEST_F(PlanTest, WhatItFollowsWaitsWhileTheHandHoldsTheView) {
     view.Follow(PlanFollow::View);
     const PlanScale before = Scale();
     const QPoint edge = Pixel({0.0, -90.5});
@@ -207,7 +207,7 @@ TEST_F(Plan, WhatItFollowsWaitsWhileTheHandHoldsTheView) {
     EXPECT_GT(PlanDistance(Scale().centre, before.centre), 5.0);
 }
 
-TEST_F(Plan, ADoubleClickSendsThePickedNeedleThereWithin8UnitsAtItsOwnHeight) {
+TEST_F(PlanTest, ADoubleClickSendsThePickedNeedleThereWithin8UnitsAtItsOwnHeight) {
     Do("world move 2 9500 12500 12400");
     scene.picked = 2;
     Rest();
@@ -222,14 +222,14 @@ TEST_F(Plan, ADoubleClickSendsThePickedNeedleThereWithin8UnitsAtItsOwnHeight) {
     }
 }
 
-TEST_F(Plan, TheFieldOfViewIsFollowed) {
+TEST_F(PlanTest, TheFieldOfViewIsFollowed) {
     view.Follow(PlanFollow::View);
     Do("mirror move 94 -38");
     Rest();
     EXPECT_LT(PlanDistance(view.Sight().visible.center(), scene.view), 1e-6);
 }
 
-TEST_F(Plan, ThePointerIsToldAndAClickTellsUntilItMovesOn) {
+TEST_F(PlanTest, ThePointerIsToldAndAClickTellsUntilItMovesOn) {
     view.Follow(PlanFollow::Dish);
     const QPoint cell = Pixel({-470.0, 190.7});
     QTest::mouseMove(&view, cell);
@@ -244,7 +244,7 @@ TEST_F(Plan, ThePointerIsToldAndAClickTellsUntilItMovesOn) {
     EXPECT_TRUE(Orders().empty());
 }
 
-TEST_F(Plan, WhatThePointerIsOnIsToldAnewWhenTheWorldMoves) {
+TEST_F(PlanTest, WhatThePointerIsOnIsToldAnewWhenTheWorldMoves) {
     view.Follow(PlanFollow::Dish);
     QTest::mouseMove(&view, Pixel({10.0, 10.0}));
     const QStringList before = pointer;
@@ -253,7 +253,7 @@ TEST_F(Plan, WhatThePointerIsOnIsToldAnewWhenTheWorldMoves) {
     EXPECT_NE(pointer, before);
 }
 
-TEST_F(Plan, ItRepaintsOnlyWhenSomethingThatItShowsHasChanged) {
+TEST_F(PlanTest, ItRepaintsOnlyWhenSomethingThatItShowsHasChanged) {
     Paints paints;
     view.installEventFilter(&paints);
     QCoreApplication::processEvents();
@@ -269,7 +269,7 @@ TEST_F(Plan, ItRepaintsOnlyWhenSomethingThatItShowsHasChanged) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 1; }, 5000));
 }
 
-TEST_F(Plan, ALookGoesToTheLastLandingAt12PixelsAUnit) {
+TEST_F(PlanTest, ALookGoesToTheLastLandingAt12PixelsAUnit) {
     const PlanScale before = Scale();
     view.Look();
     EXPECT_EQ(Scale(), before);
@@ -281,7 +281,7 @@ TEST_F(Plan, ALookGoesToTheLastLandingAt12PixelsAUnit) {
     EXPECT_LT(PlanDistance(view.Sight().visible.center(), {-470.0, 190.7}), 0.1);
 }
 
-TEST_F(Plan, ItsDescriptionIsRenewedWhenAllRest) {
+TEST_F(PlanTest, ItsDescriptionIsRenewedWhenAllRest) {
     Do("world move 1 9900 12500 12500");
     now += std::chrono::milliseconds(20);
     Read();
@@ -290,7 +290,7 @@ TEST_F(Plan, ItsDescriptionIsRenewedWhenAllRest) {
     EXPECT_FALSE(view.accessibleDescription().contains(QStringLiteral("X −2121.3")));
 }
 
-TEST_F(Plan, ItIsPaintedAtEveryScaleWithoutLosingWhatIsInTheMiddle) {
+TEST_F(PlanTest, ItIsPaintedAtEveryScaleWithoutLosingWhatIsInTheMiddle) {
     // Far beyond a painter's reach: the shafts are 12500 units long, at 40 pixels each.
     Do("world move 1 12500 12500 12500");
     Rest();

@@ -23,7 +23,7 @@ struct Case {
 
 }  // namespace
 
-TEST(WindowKeys, EachKeyWorksItsControl) {
+TEST(WindowKeysTest, EachKeyWorksItsControl) {
     for (const auto& [key, modifiers, does, object] :
          {Case{Qt::Key_1, {}, Does::Press, "pick1"},
           Case{Qt::Key_4, {}, Does::Press, "pick4"},
@@ -50,12 +50,12 @@ TEST(WindowKeys, EachKeyWorksItsControl) {
     }
 }
 
-TEST(WindowKeys, BracketsAreTakenByWhatTheyTypeOnAnyKeyboard) {
+TEST(WindowKeysTest, BracketsAreTakenByWhatTheyTypeOnAnyKeyboard) {
     EXPECT_EQ(Of(Qt::Key_BracketRight, {}, "]").does, Does::Longer);
     EXPECT_EQ(Of(Qt::Key_8, Qt::GroupSwitchModifier, "[").does, Does::Shorter);
 }
 
-TEST(WindowKeys, OtherKeysAndOtherModifiersAreNotTheWindows) {
+TEST(WindowKeysTest, OtherKeysAndOtherModifiersAreNotTheWindows) {
     for (const auto& [key, modifiers] : {std::pair{Qt::Key_5, Qt::KeyboardModifiers{}},
                                          std::pair{Qt::Key_P, Qt::KeyboardModifiers{Qt::AltModifier}},
                                          std::pair{Qt::Key_Up, Qt::KeyboardModifiers{Qt::ControlModifier}},

@@ -12,7 +12,7 @@ constexpr QRect LargeDesk(0, 0, 1920, 1200);
 constexpr QRect SmallDesk(0, 0, 1366, 768);
 }  // namespace
 
-TEST(WindowMemory, KeepsPlaceAndCardInAFolderThatItMakes) {
+TEST(WindowMemoryTest, KeepsPlaceAndCardInAFolderThatItMakes) {
     const QTemporaryDir folder;
     const WindowMemory memory(folder.filePath(QStringLiteral("new/window.ini")));
     EXPECT_EQ(memory.Read(), WindowMemory::Kept{});
@@ -21,7 +21,7 @@ TEST(WindowMemory, KeepsPlaceAndCardInAFolderThatItMakes) {
     EXPECT_EQ(memory.Read(), kept);
 }
 
-TEST(WindowMemory, TakesWhatMakesNoSenseAsNeverKept) {
+TEST(WindowMemoryTest, TakesWhatMakesNoSenseAsNeverKept) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("window.ini"));
     WindowMemory(file).Write({QRect(20, 40, 30, 20), true});
@@ -33,7 +33,7 @@ TEST(WindowMemory, TakesWhatMakesNoSenseAsNeverKept) {
     EXPECT_EQ(WindowMemory(file).Read(), WindowMemory::Kept{});
 }
 
-TEST(WindowMemory, StandsInTheUsersConfigurationUnderAName) {
+TEST(WindowMemoryTest, StandsInTheUsersConfigurationUnderAName) {
     const QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     WindowMemory::OfUser().Write({QRect(20, 40, 1300, 900), false});
@@ -41,7 +41,7 @@ TEST(WindowMemory, StandsInTheUsersConfigurationUnderAName) {
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("travo-workbench/window.ini"))));
 }
 
-TEST(OpeningPlace, IsTheRightUpperCornerOfALargeDesk) {
+TEST(OpeningPlaceTest, IsTheRightUpperCornerOfALargeDesk) {
     const std::optional<QRect> place = OpeningPlace(std::nullopt, LargeDesk);
     ASSERT_TRUE(place.has_value());
     EXPECT_EQ(place->size(), QSize(1280, 860));
@@ -52,7 +52,7 @@ TEST(OpeningPlace, IsTheRightUpperCornerOfALargeDesk) {
     EXPECT_FALSE(OpeningPlace(std::nullopt, QRect(0, 0, 1900, 1149)).has_value());
 }
 
-TEST(OpeningPlace, IsTheKeptOneWhileItsHeaderCanBeReached) {
+TEST(OpeningPlaceTest, IsTheKeptOneWhileItsHeaderCanBeReached) {
     const QRect kept(30, 100, 1100, 720);
     EXPECT_EQ(OpeningPlace(kept, LargeDesk), kept);
     EXPECT_EQ(OpeningPlace(kept, SmallDesk), kept);

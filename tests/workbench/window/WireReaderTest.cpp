@@ -33,7 +33,7 @@ void ExpectRows(const std::vector<Row>& rows) {
 
 }  // namespace
 
-TEST(WireReader, WhatTheMirrorIsAskedFor) {
+TEST(WireReaderTest, WhatTheMirrorIsAskedFor) {
     ExpectRows({{"mirror", "in", "cD2A94\\r", "cD2A94", "tilt X to 94"},
                 {"mirror", "in", "cD1A-38\\r", "cD1A-38", "tilt Y to −38"},
                 {"mirror", "in", "cMAG1\\r", "cMAG1", "magnification 0.35×"},
@@ -51,7 +51,7 @@ TEST(WireReader, WhatTheMirrorIsAskedFor) {
                 {"mirror", "in", "rPNM\\r", "rPNM", "program name?"}});
 }
 
-TEST(WireReader, WhatTheMirrorAnswers) {
+TEST(WireReaderTest, WhatTheMirrorAnswers) {
     ExpectRows({{"mirror", "out", "qD2A94\\r\\n", "qD2A94", "taken"},
                 {"mirror", "out", "oD2A94\\r\\n", "oD2A94", "X has arrived"},
                 {"mirror", "out", "oD1A-38\\r\\n", "oD1A-38", "Y has arrived"},
@@ -64,7 +64,7 @@ TEST(WireReader, WhatTheMirrorAnswers) {
                 {"mirror", "out", "aWER1\\r\\n", "aWER1", "Ergo unit locked"}});
 }
 
-TEST(WireReader, TheStatusLineSaysPlaceObjectiveMotorsAndLimits) {
+TEST(WireReaderTest, TheStatusLineSaysPlaceObjectiveMotorsAndLimits) {
     ExpectRows({{"mirror", "out", "sSAA94,-38,0,1,2,0,0,0\\r\\n", "sSAA94,-38,0,1,2,0,0,0",
                  "status: 94, −38, 2×, motors on"},
                 {"mirror", "out", "sSAA12,-7,0,0,1,0,1,0\\r\\n", "sSAA12,-7,0,0,1,0,1,0",
@@ -75,7 +75,7 @@ TEST(WireReader, TheStatusLineSaysPlaceObjectiveMotorsAndLimits) {
                  "status: 0, 0, between two objectives, motors on, limit X, limit Y"}});
 }
 
-TEST(WireReader, ARefusalOfTheMirrorSaysItsErrorInItsOwnWords) {
+TEST(WireReaderTest, ARefusalOfTheMirrorSaysItsErrorInItsOwnWords) {
     ExpectRows(
         {{"mirror", "out", "nD2A1\\r\\n", "nD2A1", "refused: error 1, command error", true},
          {"mirror", "out", "nD2A2\\r\\n", "nD2A2", "refused: error 2, parametar error", true},
@@ -90,7 +90,7 @@ TEST(WireReader, ARefusalOfTheMirrorSaysItsErrorInItsOwnWords) {
     EXPECT_FALSE(MeaningOf(Record("mirror", "out", "oD2A7\\r\\n")).refusal);
 }
 
-TEST(WireReader, WhatTheMotorIsAskedForAndAnswers) {
+TEST(WireReaderTest, WhatTheMotorIsAskedForAndAnswers) {
     ExpectRows(
         {{"motor", "in", "RELMOVEZ1000\\r", "RELMOVEZ1000", "focus up by 10"},
          {"motor", "in", "RELMOVEZ-1050\\r", "RELMOVEZ-1050", "focus down by 10.5"},
@@ -108,12 +108,12 @@ TEST(WireReader, WhatTheMotorIsAskedForAndAnswers) {
     EXPECT_TRUE(MeaningOf(Record("motor", "out", "N\\r")).refusal);
 }
 
-TEST(WireReader, ALineOfTheErgoUnitOnTheMirrorsWireReadsAsOneForTheMotor) {
+TEST(WireReaderTest, ALineOfTheErgoUnitOnTheMirrorsWireReadsAsOneForTheMotor) {
     ExpectRows({{"mirror", "apart", "RZ1000\\r", "RZ1000", "focus up by 10"}});
     EXPECT_EQ(WayOf(Record("mirror", "apart", "RZ1000\\r")), Way::FromInstrument);
 }
 
-TEST(WireReader, WhatTheGaugeIsAskedForAndAnswers) {
+TEST(WireReaderTest, WhatTheGaugeIsAskedForAndAnswers) {
     ExpectRows({{"gauge", "in", "Ar\\r\\n", "Ar", "asks for a reading"},
                 {"gauge", "out", "A+00.123\\r\\n", "A+00.123", "reading 123"},
                 {"gauge", "out", "A-01.500\\r\\n", "A-01.500", "reading −1500"},
@@ -123,7 +123,7 @@ TEST(WireReader, WhatTheGaugeIsAskedForAndAnswers) {
                 {"gauge", "in", "KEYON\\r\\n", "KEYON", "keys free"}});
 }
 
-TEST(WireReader, CallsOfTheDriverWithTheirAnswers) {
+TEST(WireReaderTest, CallsOfTheDriverWithTheirAnswers) {
     ExpectRows(
         {{"driver", "call", "getposition = 0 2 9900 12500 12500", "getposition", "9900 12500 12500"},
          {"driver", "call", "getcount = 0 4", "getcount", "4 connected"},
@@ -140,7 +140,7 @@ TEST(WireReader, CallsOfTheDriverWithTheirAnswers) {
     EXPECT_FALSE(MeaningOf(Record("driver", "call", "select 4 = 0 0")).refusal);
 }
 
-TEST(WireReader, EventsOfPortsFaultsAndTheWorld) {
+TEST(WireReaderTest, EventsOfPortsFaultsAndTheWorld) {
     ExpectRows(
         {{"mirror", "note", "open", "open", "the port was opened"},
          {"mirror", "note", "shut", "shut", "the port was shut"},
@@ -161,7 +161,7 @@ TEST(WireReader, EventsOfPortsFaultsAndTheWorld) {
          {"world", "event", "arrived 3", "arrived", "needle 3 has arrived"}});
 }
 
-TEST(WireReader, AnythingElseIsNotKnown) {
+TEST(WireReaderTest, AnythingElseIsNotKnown) {
     ExpectRows({{"mirror", "in", "cXYZ1\\r", "cXYZ1", "not known"},
                 {"mirror", "in", "cD2A\\r", "cD2A", "not known"},
                 {"motor", "in", "HALTED\\r", "HALTED", "not known"},
@@ -170,13 +170,13 @@ TEST(WireReader, AnythingElseIsNotKnown) {
                 {"world", "event", "rain", "rain", "not known"}});
 }
 
-TEST(WireReader, WhatAnInstrumentSaysAndNobodyKnowsIsTheWorkOfAFault) {
+TEST(WireReaderTest, WhatAnInstrumentSaysAndNobodyKnowsIsTheWorkOfAFault) {
     ExpectRows({{"gauge", "out", "AAAAAAAA\\r\\n", "AAAAAAAA", "not known", true},
                 {"mirror", "out", "sSAA94,-38,0,1,2,0,0\\r\\n", "sSAA94,-38,0,1,2,0,0", "not known", true},
                 {"motor", "out", "\\xff\\r", "\\xff", "not known", true}});
 }
 
-TEST(WireReader, TheWayOfARecordIsByItsKind) {
+TEST(WireReaderTest, TheWayOfARecordIsByItsKind) {
     EXPECT_EQ(WayOf(Record("mirror", "in", "")), Way::ToInstrument);
     EXPECT_EQ(WayOf(Record("driver", "call", "")), Way::ToInstrument);
     EXPECT_EQ(WayOf(Record("mirror", "out", "")), Way::FromInstrument);

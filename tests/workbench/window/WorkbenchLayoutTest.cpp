@@ -43,7 +43,7 @@ void ExpectPlates(const Window& window, const std::vector<QRect>& expected) {
 
 }  // namespace
 
-TEST(WorkbenchLayout, TheFirstSizeHasEveryPlateWhereTheDesignHasIt) {
+TEST(WorkbenchLayoutTest, TheFirstSizeHasEveryPlateWhereTheDesignHasIt) {
     ExpectPlates(Large, {{0, 0, 1280, 44},
                          {12, 52, 252, 544},
                          {272, 52, 636, 40},
@@ -59,7 +59,7 @@ TEST(WorkbenchLayout, TheFirstSizeHasEveryPlateWhereTheDesignHasIt) {
                          {637, 604, 631, 244}});
 }
 
-TEST(WorkbenchLayout, WithTheCardHiddenThePlanTakesItsPlace) {
+TEST(WorkbenchLayoutTest, WithTheCardHiddenThePlanTakesItsPlace) {
     ExpectPlates(LargeBare, {{0, 0, 1280, 44},
                              QRect(),
                              {12, 52, 896, 40},
@@ -75,7 +75,7 @@ TEST(WorkbenchLayout, WithTheCardHiddenThePlanTakesItsPlace) {
                              {637, 604, 631, 244}});
 }
 
-TEST(WorkbenchLayout, TheLeastSizeHasTwoTabsInItsRightColumn) {
+TEST(WorkbenchLayoutTest, TheLeastSizeHasTwoTabsInItsRightColumn) {
     ExpectPlates(Little, {{0, 0, 1024, 40},
                           {8, 46, 204, 430},
                           {218, 46, 440, 40},
@@ -91,7 +91,7 @@ TEST(WorkbenchLayout, TheLeastSizeHasTwoTabsInItsRightColumn) {
                           {463, 482, 553, 210}});
 }
 
-TEST(WorkbenchLayout, TheLeastSizeWithTheCardHidden) {
+TEST(WorkbenchLayoutTest, TheLeastSizeWithTheCardHidden) {
     ExpectPlates(LittleBare, {{0, 0, 1024, 40},
                               QRect(),
                               {8, 46, 650, 40},
@@ -107,7 +107,7 @@ TEST(WorkbenchLayout, TheLeastSizeWithTheCardHidden) {
                               {463, 482, 553, 210}});
 }
 
-TEST(WorkbenchLayout, SmallIsUnder1200WideOr800High) {
+TEST(WorkbenchLayoutTest, SmallIsUnder1200WideOr800High) {
     EXPECT_FALSE(LayOut({1200, 800}, true).small);
     EXPECT_TRUE(LayOut({1199, 800}, true).small);
     EXPECT_TRUE(LayOut({1200, 799}, true).small);
@@ -115,13 +115,13 @@ TEST(WorkbenchLayout, SmallIsUnder1200WideOr800High) {
     EXPECT_EQ(LayOut({1199, 800}, true).chipWidth, 84);
 }
 
-TEST(WorkbenchLayout, TheRightColumnHasTabsWhereItsMiddleIsLowerThan530) {
+TEST(WorkbenchLayoutTest, TheRightColumnHasTabsWhereItsMiddleIsLowerThan530) {
     // Header 44, foot 244, two gaps of 8 and a margin of 12 are not the middle's.
     EXPECT_FALSE(LayOut({1280, 846}, true).HasTabs());
     EXPECT_TRUE(LayOut({1280, 845}, true).HasTabs());
 }
 
-TEST(WorkbenchLayout, AllThatIsLeftGoesToThePlanAndTheTraffic) {
+TEST(WorkbenchLayoutTest, AllThatIsLeftGoesToThePlanAndTheTraffic) {
     const WorkbenchLayout first = LayOut({1280, 860}, true);
     const WorkbenchLayout larger = LayOut({1380, 910}, true);
     EXPECT_EQ(larger.plan.size(), first.plan.size() + QSize(100, 50));
@@ -131,7 +131,7 @@ TEST(WorkbenchLayout, AllThatIsLeftGoesToThePlanAndTheTraffic) {
     EXPECT_EQ(larger.mirror.height(), first.mirror.height() + 50);
 }
 
-TEST(WorkbenchLayout, NoTwoPlatesOverlapAndNoneLeavesTheWindow) {
+TEST(WorkbenchLayoutTest, NoTwoPlatesOverlapAndNoneLeavesTheWindow) {
     for (const QSize& size : {QSize(1024, 700), QSize(1199, 845), QSize(1200, 800), QSize(1280, 860),
                               QSize(1600, 1000), QSize(2560, 1440)}) {
         for (const bool card : {true, false}) {
@@ -151,7 +151,7 @@ TEST(WorkbenchLayout, NoTwoPlatesOverlapAndNoneLeavesTheWindow) {
     }
 }
 
-TEST(WorkbenchLayout, ASizeBelowTheLeastCountsAsTheLeast) {
+TEST(WorkbenchLayoutTest, ASizeBelowTheLeastCountsAsTheLeast) {
     EXPECT_EQ(LayOut({300, 200}, true).plan, LayOut(LeastWindowSize, true).plan);
     EXPECT_EQ(LayOut({1600, 200}, true).header.width(), 1600);
 }

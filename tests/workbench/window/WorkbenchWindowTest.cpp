@@ -24,7 +24,7 @@ namespace workbench {
 namespace {
 
 // The window on a bench whose time stands where the test puts it.
-class Desk : public ::testing::Test {
+class Rig : public ::testing::Test {
 protected:
     void Press(const char* name) { QTest::mouseClick(&Button(name), Qt::LeftButton); }
     QAbstractButton& Button(const char* name) {
@@ -71,7 +71,7 @@ protected:
 
 }  // namespace
 
-using WorkbenchWindowTest = Desk;
+using WorkbenchWindowTest = Rig;
 
 TEST_F(WorkbenchWindowTest, IsCalledTheWorkbenchAndBearsTheWordForScreenReaders) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Workbench - simulated instruments"));

@@ -2,22 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include "TenMinutes.h"
+#include "LessonRig.h"
 
 namespace workbench {
 
 using test::PutTip;
 using test::SendTip;
-using test::TenMinutes;
+class LessonTest : public test::LessonRig {};
 
-TEST_F(TenMinutes, NothingIsTickedAtFirst) {
+TEST_F(LessonTest, NothingIsTickedAtFirst) {
     Look();
     EXPECT_EQ(lesson.Done(), 0);
     EXPECT_EQ(lesson.CountText(false), QStringLiteral("0 of 8"));
     EXPECT_EQ(lesson.CountText(true), QStringLiteral("0/8"));
 }
 
-TEST_F(TenMinutes, Step1IsTickedWhenAllThreeWiresAreOpen) {
+TEST_F(LessonTest, Step1IsTickedWhenAllThreeWiresAreOpen) {
     OpenWires(true);
     scene.wires[2].open = false;
     Look();
@@ -27,7 +27,7 @@ TEST_F(TenMinutes, Step1IsTickedWhenAllThreeWiresAreOpen) {
     EXPECT_EQ(lesson.Done(), 1);
 }
 
-TEST_F(TenMinutes, Step2NeedsTwoTimesForTwoSecondsSinceStep1) {
+TEST_F(LessonTest, Step2NeedsTwoTimesForTwoSecondsSinceStep1) {
     Connect();
     Look(1999);
     EXPECT_EQ(lesson.Done(), 1);
@@ -35,7 +35,7 @@ TEST_F(TenMinutes, Step2NeedsTwoTimesForTwoSecondsSinceStep1) {
     EXPECT_EQ(lesson.Done(), 2);
 }
 
-TEST_F(TenMinutes, Step2BeginsToCountAnewWhenTheMagnificationWasAnother) {
+TEST_F(LessonTest, Step2BeginsToCountAnewWhenTheMagnificationWasAnother) {
     Connect();
     Look(1500);
     scene.magnification = 1;
@@ -48,7 +48,7 @@ TEST_F(TenMinutes, Step2BeginsToCountAnewWhenTheMagnificationWasAnother) {
     EXPECT_EQ(lesson.Done(), 2);
 }
 
-TEST_F(TenMinutes, Step2NeedsThePickedNeedleToBeTheOneAtTheHardware) {
+TEST_F(LessonTest, Step2NeedsThePickedNeedleToBeTheOneAtTheHardware) {
     scene.selected = 3;
     Connect();
     Look(5000);
@@ -58,7 +58,7 @@ TEST_F(TenMinutes, Step2NeedsThePickedNeedleToBeTheOneAtTheHardware) {
     EXPECT_EQ(lesson.Done(), 2);
 }
 
-TEST_F(TenMinutes, Step3FillsABadgeWhereTheTipRestsWithin3UnitsInPlan) {
+TEST_F(LessonTest, Step3FillsABadgeWhereTheTipRestsWithin3UnitsInPlan) {
     PickAtTwo();
     ToMark(1, 3.1);
     Look();
@@ -75,7 +75,7 @@ TEST_F(TenMinutes, Step3FillsABadgeWhereTheTipRestsWithin3UnitsInPlan) {
     EXPECT_TRUE(lesson.AsksForMarks());
 }
 
-TEST_F(TenMinutes, Step3TakesMarksFromWhereTheViewIs) {
+TEST_F(LessonTest, Step3TakesMarksFromWhereTheViewIs) {
     scene.view = {-60.0, -100.4};
     PickAtTwo();
     PutTip(scene, 1, {-60.0, -160.4, 0.0});
@@ -83,7 +83,7 @@ TEST_F(TenMinutes, Step3TakesMarksFromWhereTheViewIs) {
     EXPECT_TRUE(lesson.MarkTouched(0));
 }
 
-TEST_F(TenMinutes, Step3IsTickedWhenTheObjectiveRisesBehindTheThirdMark) {
+TEST_F(LessonTest, Step3IsTickedWhenTheObjectiveRisesBehindTheThirdMark) {
     PickAtTwo();
     ToMark(0);
     Look();
@@ -101,7 +101,7 @@ TEST_F(TenMinutes, Step3IsTickedWhenTheObjectiveRisesBehindTheThirdMark) {
     EXPECT_EQ(lesson.Done(), 3);
 }
 
-TEST_F(TenMinutes, AnotherNeedleIsCalibratedFromItsOwnFirstMarkOn) {
+TEST_F(LessonTest, AnotherNeedleIsCalibratedFromItsOwnFirstMarkOn) {
     PickAtTwo();
     ToMark(0);
     Look();
@@ -114,7 +114,7 @@ TEST_F(TenMinutes, AnotherNeedleIsCalibratedFromItsOwnFirstMarkOn) {
     EXPECT_TRUE(lesson.MarkTouched(2));
 }
 
-TEST_F(TenMinutes, Step4IsTickedWhenTheObjectiveGoesDownOverATipInFocusOnMarkA) {
+TEST_F(LessonTest, Step4IsTickedWhenTheObjectiveGoesDownOverATipInFocusOnMarkA) {
     TouchMarks();
     ASSERT_EQ(lesson.Done(), 3);
     Focus(100.0);
@@ -128,7 +128,7 @@ TEST_F(TenMinutes, Step4IsTickedWhenTheObjectiveGoesDownOverATipInFocusOnMarkA) 
     EXPECT_TRUE(lesson.Notice().isEmpty());
 }
 
-TEST_F(TenMinutes, AStoreOffTheMarkMakesStep3NextAgainAndSaysHowFar) {
+TEST_F(LessonTest, AStoreOffTheMarkMakesStep3NextAgainAndSaysHowFar) {
     TouchMarks();
     Focus(100.0);
     ToMark(0, 12.34, 100.0);
@@ -141,7 +141,7 @@ TEST_F(TenMinutes, AStoreOffTheMarkMakesStep3NextAgainAndSaysHowFar) {
     EXPECT_FALSE(lesson.MarkTouched(0) || lesson.MarkTouched(1) || lesson.MarkTouched(2));
 }
 
-TEST_F(TenMinutes, AStoreOutOfFocusMakesStep3NextAgain) {
+TEST_F(LessonTest, AStoreOutOfFocusMakesStep3NextAgain) {
     TouchMarks();
     Focus(100.0);
     ToMark(0, 0.0, 94.0);
@@ -152,7 +152,7 @@ TEST_F(TenMinutes, AStoreOutOfFocusMakesStep3NextAgain) {
     EXPECT_EQ(lesson.Notice(), QStringLiteral("Stored, but the tip was 6.0 units off. Once more."));
 }
 
-TEST_F(TenMinutes, TheSentenceGoesWhenStep3IsTickedOnceMore) {
+TEST_F(LessonTest, TheSentenceGoesWhenStep3IsTickedOnceMore) {
     TouchMarks();
     Happens("motor", "in", "RELMOVEZ-10000\\r");
     Look();
@@ -168,7 +168,7 @@ TEST_F(TenMinutes, TheSentenceGoesWhenStep3IsTickedOnceMore) {
     EXPECT_TRUE(lesson.Notice().isEmpty());
 }
 
-TEST_F(TenMinutes, Step5IsTickedWhenXIsAskedForWhileTheViewRestsOnACell) {
+TEST_F(LessonTest, Step5IsTickedWhenXIsAskedForWhileTheViewRestsOnACell) {
     Store();
     ASSERT_EQ(lesson.Done(), 4);
     Happens("mirror", "in", "rD2R\\r");
@@ -192,7 +192,7 @@ TEST_F(TenMinutes, Step5IsTickedWhenXIsAskedForWhileTheViewRestsOnACell) {
     EXPECT_EQ(lesson.Done(), 5);
 }
 
-TEST_F(TenMinutes, Step6IsTickedWhenTheDriverTakesAMoveToThatCell) {
+TEST_F(LessonTest, Step6IsTickedWhenTheDriverTakesAMoveToThatCell) {
     Aim();
     ASSERT_EQ(lesson.Done(), 5);
     SendTip(scene, 1, {-470.0, 190.7, 0.0});
@@ -209,7 +209,7 @@ TEST_F(TenMinutes, Step6IsTickedWhenTheDriverTakesAMoveToThatCell) {
     EXPECT_EQ(lesson.Done(), 6);
 }
 
-TEST_F(TenMinutes, Step7NeedsThePlanToStandForASecondOverTheLanding) {
+TEST_F(LessonTest, Step7NeedsThePlanToStandForASecondOverTheLanding) {
     Land();
     ASSERT_EQ(lesson.Done(), 6);
     sight = {{-480.0, 180.0, 20.0, 20.0}, 4.0};
@@ -220,7 +220,7 @@ TEST_F(TenMinutes, Step7NeedsThePlanToStandForASecondOverTheLanding) {
     EXPECT_EQ(lesson.Done(), 7);
 }
 
-TEST_F(TenMinutes, Step7DoesNotCountWhileThePlanMovesIsTooSmallOrElsewhere) {
+TEST_F(LessonTest, Step7DoesNotCountWhileThePlanMovesIsTooSmallOrElsewhere) {
     Land();
     SeeLanding(3.9);
     EXPECT_EQ(lesson.Done(), 6);
@@ -240,7 +240,7 @@ TEST_F(TenMinutes, Step7DoesNotCountWhileThePlanMovesIsTooSmallOrElsewhere) {
     EXPECT_EQ(lesson.Done(), 6);
 }
 
-TEST_F(TenMinutes, Step7NeedsALandingOfItsOwn) {
+TEST_F(LessonTest, Step7NeedsALandingOfItsOwn) {
     Aim();
     // One that was there before the needle was sent.
     const double distance = PlanDistance(scene.needles[0].tip.Plan(), {0.0, 0.0});
@@ -257,7 +257,7 @@ TEST_F(TenMinutes, Step7NeedsALandingOfItsOwn) {
     EXPECT_EQ(lesson.Done(), 6);
 }
 
-TEST_F(TenMinutes, Step8IsTickedWhenAllWiresHaveBeenShutForASecond) {
+TEST_F(LessonTest, Step8IsTickedWhenAllWiresHaveBeenShutForASecond) {
     Land();
     SeeLanding();
     ASSERT_EQ(lesson.Done(), 7);
@@ -274,7 +274,7 @@ TEST_F(TenMinutes, Step8IsTickedWhenAllWiresHaveBeenShutForASecond) {
     EXPECT_TRUE(lesson.IsOver());
 }
 
-TEST_F(TenMinutes, AtTheEndItSaysHowLongItTookFromStep1On) {
+TEST_F(LessonTest, AtTheEndItSaysHowLongItTookFromStep1On) {
     now = 100000;
     Look();
     const std::int64_t began = now + 40;
@@ -289,7 +289,7 @@ TEST_F(TenMinutes, AtTheEndItSaysHowLongItTookFromStep1On) {
     EXPECT_EQ(lesson.DoneText(), QStringLiteral("Done in 9 min 42 s"));
 }
 
-TEST_F(TenMinutes, WhatIsTickedStaysTicked) {
+TEST_F(LessonTest, WhatIsTickedStaysTicked) {
     PickAtTwo();
     OpenWires(false);
     scene.magnification = 1;
@@ -297,7 +297,7 @@ TEST_F(TenMinutes, WhatIsTickedStaysTicked) {
     EXPECT_EQ(lesson.Done(), 2);
 }
 
-TEST_F(TenMinutes, OnceMoreBeginsAnew) {
+TEST_F(LessonTest, OnceMoreBeginsAnew) {
     TouchMarks();
     lesson.Again();
     EXPECT_EQ(lesson.Done(), 0);
@@ -306,7 +306,7 @@ TEST_F(TenMinutes, OnceMoreBeginsAnew) {
     EXPECT_EQ(lesson.Done(), 1);
 }
 
-TEST_F(TenMinutes, ScreenReadersAreToldWhichStepIsNext) {
+TEST_F(LessonTest, ScreenReadersAreToldWhichStepIsNext) {
     PickAtTwo();
     EXPECT_EQ(lesson.StepText(2), QStringLiteral("Step 2 of 8, done: Pick needle 1 at 2×"));
     EXPECT_EQ(lesson.StepText(3), QStringLiteral("Step 3 of 8, next: Bring the tip to A, B, C"));

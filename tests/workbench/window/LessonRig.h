@@ -12,7 +12,7 @@
 namespace workbench::test {
 
 // A pupil that does what the card says, step by step.
-class TenMinutes : public ::testing::Test {
+class LessonRig : public ::testing::Test {
 protected:
     void Look(std::int64_t milliseconds = 40) {
         now += milliseconds;

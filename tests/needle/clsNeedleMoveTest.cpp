@@ -211,7 +211,7 @@ TEST_F(clsNeedleMoveGateTest, TheBoxIsUpWhileThePositionReadGoesOn) {
     EXPECT_EQ(state.Needles()[0], (PositionXYZ{7, 8, 9}));
 }
 
-class clsNeedleMoveTest : public clsNeedleMoveGate {};
+class clsNeedleMoveTest : public clsNeedleMoveGateTest {};
 
 TEST_F(clsNeedleMoveTest, BothStandOffsAreApplied) {
     objective.lngOffset = 150;

@@ -120,7 +120,7 @@ TEST_F(SerialLineTest, APseudoTerminalAndAClosedDescriptorHaveNoModemSignals) {
 }
 
 // The ports as the program makes them, which ask the kernel.
-class AdapterWithSignalsTest : public SerialLine {
+class AdapterWithSignalsTest : public SerialLineTest {
 protected:
     void OpenAsTheProgramDoes() {
         port_ = kernelPorts_.Create(

@@ -100,7 +100,7 @@ TEST_P(CommandLineOfTest, AWrongOptionIsToldWithoutADisplay) {
     ExpectRefusal(Words("--nonsense --help"), "Unknown option 'nonsense'.");
 }
 
-class TheWorkbenchTest : public CommandLineOf {};
+class TheWorkbenchTest : public CommandLineOfTest {};
 INSTANTIATE_TEST_SUITE_P(Programs, TheWorkbenchTest, testing::Values(Programs.at(0)));
 
 TEST_P(TheWorkbenchTest, SaysItsHelpBesideOtherArgumentsInAnyOrder) {
@@ -114,7 +114,7 @@ TEST_P(TheWorkbenchTest, RefusesAnOptionThatLacksItsValueAndAFolderThatIsNotTher
     ExpectRefusal(Words("--program-folder /nowhere"), "there is no such program folder: /nowhere");
 }
 
-class AskTest : public CommandLineOf {};
+class AskTest : public CommandLineOfTest {};
 INSTANTIATE_TEST_SUITE_P(Programs, AskTest, testing::Values(Programs.at(1)));
 
 TEST_P(AskTest, TakesOptionsAheadOfTheCommandAlone) {
@@ -135,7 +135,7 @@ TEST_P(AskTest, SaysHowItIsUsedWhereItIsToldNothing) {
 }
 
 #ifdef TOUR_PROGRAM
-class TourTest : public CommandLineOf {};
+class TourTest : public CommandLineOfTest {};
 INSTANTIATE_TEST_SUITE_P(Programs, TourTest, testing::Values(Programs.at(3)));
 
 TEST_P(TourTest, SaysItsHelpBesideOtherArgumentsInAnyOrder) {

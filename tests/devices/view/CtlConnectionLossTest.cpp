@@ -82,7 +82,7 @@ TEST_P(EachLossTest, SetBringsTheInstrumentBack) {
     EXPECT_THAT(Shown(), IsEmpty());
 }
 
-class CtlConnectionLossTest : public EachLoss {};
+class CtlConnectionLossTest : public EachLossTest {};
 
 TEST_F(CtlConnectionLossTest, OnlyALostMirrorTakesTheViewFromTheBirdsEyeView) {
     ConnectAll();

@@ -119,7 +119,7 @@ struct FailureRow {
     bool buttonsAreUnlocked;
 };
 
-class EachFailureTest : public EachPort {};
+class EachFailureTest : public EachPortTest {};
 
 constexpr FailureRow Failures[] = {
     {MirrorRow, false, false, false}, {MagnescaleRow, true, true, false}, {MotorRow, true, false, true}};
@@ -204,7 +204,7 @@ TEST_P(EachFailureTest, AFailureOnTheWayBackIsReportedOnItsOwn) {
     EXPECT_EQ(Shown().back(), NameOfRow(row) + QStringLiteral(" : Connection failed"));
 }
 
-class EachFailureOfTheViewTest : public EachPort {};
+class EachFailureOfTheViewTest : public EachPortTest {};
 INSTANTIATE_TEST_SUITE_P(Rows, EachFailureOfTheViewTest, ::testing::Values(0, 1), RowName);
 
 TEST_P(EachFailureOfTheViewTest, WhatArrivesWhileThePortRefusesToCloseIsForgottenToo) {

@@ -38,7 +38,7 @@ struct AnswerAt {
     int tick;  // the first that finds the answer
 };
 
-class EachTickTest : public CtlConnectionWatch, public ::testing::WithParamInterface<AnswerAt> {};
+class EachTickTest : public CtlConnectionWatchTest, public ::testing::WithParamInterface<AnswerAt> {};
 
 std::vector<AnswerAt> EveryTickOfEveryRow() {
     std::vector<AnswerAt> all;
@@ -66,7 +66,7 @@ TEST_P(EachTickTest, AnAnswerIsAcceptedAtTheNextTickUpToTheSeventh) {
     ExpectAccepted(row, QStringLiteral("4"));
 }
 
-class EachInstrumentTest : public CtlConnectionWatch, public ::testing::WithParamInterface<int> {};
+class EachInstrumentTest : public CtlConnectionWatchTest, public ::testing::WithParamInterface<int> {};
 INSTANTIATE_TEST_SUITE_P(Rows, EachInstrumentTest, ::testing::Values(0, 1, 2), RowName);
 
 TEST_P(EachInstrumentTest, ASilentOneIsRefusedAtTheSeventhTickAndNotBefore) {

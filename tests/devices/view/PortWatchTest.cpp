@@ -102,7 +102,7 @@ private:
     }
 };
 
-class EachWatchedPortTest : public PortWatchRun, public ::testing::WithParamInterface<Instrument> {};
+class EachWatchedPortTest : public PortWatchRunTest, public ::testing::WithParamInterface<Instrument> {};
 INSTANTIATE_TEST_SUITE_P(All, EachWatchedPortTest,
                          ::testing::Values(Instrument::Mirror, Instrument::Magnescale, Instrument::Motor),
                          [](const auto& each) { return NameOf(each.param); });

@@ -7,7 +7,7 @@
 
 #include "controls/usrKVButton.h"
 #include "mirror/view/CtlController.h"
-#include "mirror/view/MirrorPanelRig.h"
+#include "mirror/view/MirrorWindowRig.h"
 
 namespace travo::test {
 

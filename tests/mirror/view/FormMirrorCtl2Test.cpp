@@ -1,6 +1,6 @@
 #include "mirror/view/FormMirrorCtl2.h"
 
-#include "mirror/view/MirrorPanelRig.h"
+#include "mirror/view/MirrorWindowRig.h"
 
 namespace travo::test {
 namespace {

@@ -317,8 +317,8 @@ TEST_F(LiveProgramTest, TheWorkbenchHandsCommandsOnAndOneThatHangsTakesThemUpLat
     world.Ask("camera hide");
     EXPECT_TRUE(Told("WindowHide"));
     world.Ask("camera fail 1");
-    desk_->link.LiveActionStart();
-    EXPECT_TRUE(Told("Died"));
+    desk_->Link().LiveActionStart();
+    EXPECT_TRUE(Told("Lost"));
     desk_->Click(true);
     world.Ask("camera hang 1");
     world.Ask("camera close");

@@ -23,7 +23,8 @@ void PrintTo(const Program& program, std::ostream* stream) { *stream << program.
 
 const std::vector<Program> Programs{
     {"travo-workbench", WORKBENCH_PROGRAM, "Simulated instruments for TRAVO.", "--program-folder <folder>"},
-    {"workbench-ask", ASK_PROGRAM, "Sends one command to the running workbench.", "ready | COMMAND..."},
+    {"workbench-ask", ASK_PROGRAM, "Sends one command to the running workbench.",
+     "ready | help [COMMAND...] | COMMAND..."},
     {"TRAVOLive", LIVE_PROGRAM, "Stands in for the live camera program", "--version"},
 #ifdef TOUR_PROGRAM
     {"tour", TOUR_PROGRAM, "Plays the operator on TRAVO's workbench.", "--only <name>"},
@@ -131,7 +132,8 @@ TEST_P(AskTest, SaysHowItIsUsedWhereItIsToldNothing) {
     const Said said = Say(GetParam().path, {});
     EXPECT_EQ(said.exitCode, 2);
     EXPECT_EQ(said.err.toStdString(),
-              "usage: workbench-ask ready | COMMAND...   (commands: docs/workbench.md)\n");
+              "usage: workbench-ask ready | COMMAND...\n"
+              "       workbench-ask help [COMMAND...] | help --markdown\n");
 }
 
 #ifdef TOUR_PROGRAM

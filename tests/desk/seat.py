@@ -103,10 +103,10 @@ class Seat:
                      if below.role == "push button" and below.name.replace("&", "") == button)
         wait_until(lambda: found.size()[0] > 0, "the box in its place")
         self.click(found)
-        wait_until(lambda: not self._stands(box), f"the end of the box {texts}")
+        wait_until(lambda: not self.stands(box), f"the end of the box {texts}", limit)
         return " / ".join(texts)
 
-    def _stands(self, box):
+    def stands(self, box):
         present = self.box()
         return present is not None and present.accessible == box.accessible
 

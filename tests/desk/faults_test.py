@@ -6,6 +6,7 @@ from stage import Failure, wait_until
 
 from desk_case import DeskCase
 from faults import FAULTS, LOST_NEEDLES, ROWS
+from seat import MINUS
 
 OBJECTIVES = ("0.35x", "2x")
 SETTLED = 6  # seconds within which the program shows what a fault does to it
@@ -26,6 +27,7 @@ class Faults(DeskCase):
     def meet(self, fault):
         seat = self.seat
         self.boxes = []
+        self.true_reading = self.reading = 0
         self.serial = int(self.stage.ask("traffic 1000000000")[0])
         seat.click(seat.bench(fault.name, "check box", "push button"))
         wait_until(lambda: self.is_in_world(fault), f"'{fault.name}' in the world")
@@ -64,9 +66,10 @@ class Faults(DeskCase):
         """By the program's window; the world has it then."""
         now = self.shown_objective()
         other = OBJECTIVES[now == OBJECTIVES[1]]
-        button = self.seat.in_window("Magnification", f"Magnification {now if now == '2x' and other == now else other}")
+        button = self.seat.in_window("Magnification", f"Magnification {other}")
         if button.has("enabled"):
             self.seat.click(button)
+            wait_until(lambda: self.true_objective() == other, f"{other} in the world", 2)
 
     def shown_objective(self):
         return next((name for name in OBJECTIVES if
@@ -81,16 +84,16 @@ class Faults(DeskCase):
         before = seat.read("Gauge")
         seat.hand.wheel(*seat.middle(seat.bench("Focus wheel")), 2)
         wait_until(lambda: seat.read("Gauge") != before, "the gauge's new reading")
-        self.true_reading = round(float(seat.read("Gauge")) * 1000)
 
         def reads():
             seat.click(seat.panel("Connection", "Test Magnescale"))
             self.reading = int(re.search(r"(-?\d+)\s*$", seat.answer())[1])
+            self.true_reading = round(float(seat.read("Gauge").replace(MINUS, "-")) * 1000)
             return self.reading == self.true_reading
         try:
             wait_until(reads, "the program's reading", 2)
         except Failure:
-            pass
+            pass  # it shows an old one
 
     true_reading = reading = 0
 

@@ -45,6 +45,15 @@ class DeskStage(Stage):
                 os.kill(number, 15)
         return self.desk.wait(LIMIT)
 
+    def start_workbench(self):
+        """The workbench's window alone, with nobody at its wires."""
+        self.workbench = self._start([os.path.join(self.build, "workbench/travo-workbench"), "--program-folder",
+                                      self.in_folder("TRAVO")], stdout=subprocess.DEVNULL)
+        subprocess.run([self._ask, "ready"], check=True, timeout=LIMIT)
+
+    def end_workbench(self):
+        self._end(self.workbench)
+
     def number_of(self, name):
         """The process of that name which runs on the desk, or None."""
         return next((number for number, program in self._running() if program == name[:15]), None)

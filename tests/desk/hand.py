@@ -5,6 +5,7 @@ import time
 LEFT, MIDDLE, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 2, 3, 4, 5
 STEP = 24  # pixels between two places of a pointer that is dragged
 PAUSE = 0.008  # seconds between them, as a mouse reports
+STRUCK = 0.03  # seconds that a button or a key stays down, and between the two halves of a double click
 
 
 class Hand:
@@ -42,10 +43,12 @@ class Hand:
     def click(self, x, y, button=LEFT):
         self.move(x, y)
         self.down(button)
+        time.sleep(STRUCK)
         self.up(button)
 
     def double_click(self, x, y):
         self.click(x, y)
+        time.sleep(STRUCK)
         self.click(x, y)
 
     def drag(self, begin, end):
@@ -81,6 +84,7 @@ class Hand:
         """The last of these keys, with the others held: strike("Shift_L", "Up")."""
         for key in keys:
             self.hold(key)
+        time.sleep(STRUCK)
         for key in reversed(keys):
             self.let_go(key)
 

@@ -46,7 +46,7 @@ TruthLine::TruthLine(QWidget* parent) : QWidget(parent) {
     refusalTimer_.setInterval(RefusalStands);
     connect(&refusalTimer_, &QTimer::timeout, this, [this] {
         refusal_.clear();
-        update();
+        Renew();
     });
 }
 
@@ -69,22 +69,27 @@ void TruthLine::ShowScale(double scale) {
 
 void TruthLine::ShowPointer(const QStringList& parts) {
     parts_ = parts;
-    update();
+    Renew();
 }
 
 void TruthLine::Tell(const QString& text) {
     told_ = text;
-    setAccessibleDescription(text);
+    Renew();
+}
+
+// Assistive programs are told all of it, also what there is no room for; not the hint.
+void TruthLine::Renew() {
+    const QString pointer = parts_.join(QStringLiteral("   "));
+    setAccessibleDescription(!refusal_.isEmpty() ? refusal_ : !told_.isEmpty() ? told_ : pointer);
     update();
 }
 
 void TruthLine::Refuse(const QString& sentence) {
     refusal_ = sentence;
     refusalTimer_.start();
-    setAccessibleDescription(sentence);
+    Renew();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
-    update();
 }
 
 QString TruthLine::Text() const {

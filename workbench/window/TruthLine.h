@@ -39,6 +39,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Renew();
     double BarRight() const;
     double Room() const;
     void PaintBar(QPainter& painter) const;

@@ -18,6 +18,7 @@ constexpr int Decimals = 5;
 constexpr int FeedDecimals = 3;
 // M114 writes two decimals.
 constexpr double ProjectedRounding = 0.0051;
+constexpr Time GreetingLimit = std::chrono::milliseconds(600);
 constexpr Time BetweenLooks = std::chrono::milliseconds(40);
 constexpr int StepsCode = 92;
 constexpr int AccelerationCode = 201;
@@ -74,16 +75,22 @@ Outcome MarlinDialect::Greet(Line& line, Time firstAnswer, Facts& facts) {
             facts.firmware = read.text;
         }
     };
-    Outcome outcome = Ask(line, "M115", firstAnswer, takeFirmware);
-    // A board that restarts when it is opened says so in several lines, and has lost the question.
-    while (outcome.trouble == Trouble::Restarted && line.Now() < firstAnswer) {
-        facts.hasStarted = true;
+    // A board that restarts when it is opened is deaf for a while, says so in several lines, and has lost the
+    // question: it is asked again.
+    Outcome outcome{Trouble::Silent, "no answer to M115"};
+    while (!outcome.IsGood() && line.Now() < firstAnswer) {
+        outcome = Ask(line, "M115", std::min(firstAnswer, line.Now() + GreetingLimit), takeFirmware);
+        facts.hasStarted = facts.hasStarted || outcome.trouble == Trouble::Restarted;
+        if (outcome.trouble != Trouble::Restarted && outcome.trouble != Trouble::Silent) {
+            break;
+        }
         Pause(line, BetweenLooks);
-        outcome = Ask(line, "M115", std::min(firstAnswer, line.Now() + AnswerLimit), takeFirmware);
     }
     if (!outcome.IsGood()) {
         return outcome;
     }
+    // Answers to questions that were asked again.
+    Pause(line, BetweenLooks);
     facts.state = "ready";
     if (outcome = Learn(line, facts); !outcome.IsGood()) {
         return outcome;

@@ -16,6 +16,7 @@ constexpr Time ReportLimit = std::chrono::milliseconds(150);
 constexpr char Question = '?';
 constexpr char JogCancel = '\x85';
 constexpr char FeedHold = '!';
+constexpr char SoftReset = '\x18';
 
 constexpr int InchesSetting = 13;
 constexpr int SoftLimitsSetting = 20;
@@ -248,15 +249,47 @@ Outcome GrblDialect::Stop(Line& line, bool&) {
 
 Outcome GrblDialect::Home(Line& line) { return Command(line, "$H", line.Now() + HomingLimit); }
 
-Outcome GrblDialect::Unlock(Line& line) { return Command(line, "$X", line.Now() + AnswerLimit); }
+Outcome GrblDialect::Reset(Line& line) {
+    const Time until = line.Now() + AnswerLimit;
+    if (!line.Send({&SoftReset, 1})) {
+        return NoAnswer(line, "a reset");
+    }
+    while (const std::optional<std::string> text = line.Next(until)) {
+        if (ReadGrbl(*text).kind == Kind::Banner) {
+            return Good();
+        }
+    }
+    return NoAnswer(line, "a reset");
+}
+
+// "$X" ends an alarm. A limit alarm answers nothing before a reset; Hold, Door, Sleep and Check end with one
+// as well, where a resume would go on with what was held.
+Outcome GrblDialect::Unlock(Line& line) {
+    GrblStatus status;
+    Outcome outcome = AskStatus(line, line.Now() + AnswerLimit, status);
+    if (outcome.IsGood() && status.state == GrblState::Idle) {
+        return outcome;
+    }
+    if (outcome.IsGood() &&
+        (MayMove(status.state) || status.state == GrblState::Home || status.stateText == "Hold:1")) {
+        return {Trouble::Refused, "it is moving"};
+    }
+    if (!outcome.IsGood() || status.state != GrblState::Alarm) {
+        if (outcome = Reset(line); !outcome.IsGood()) {
+            return outcome;
+        }
+    }
+    return Command(line, "$X", line.Now() + AnswerLimit);
+}
 
 std::string GrblDialect::HomeMoves() const {
     return "all axes move to their limit switches, Z first, and a little back ($H)";
 }
 
 std::string GrblDialect::UnlockMeans() const {
-    return "nothing moves; the alarm is ended ($X) and the position that the controller has is taken for "
-           "true";
+    return "nothing moves; what is held is forgotten (reset), an alarm is ended ($X), and the position that "
+           "the "
+           "controller has is taken for true";
 }
 
 }  // namespace gcode

@@ -27,6 +27,9 @@ private:
     Outcome AskStatus(Line& line, Time until, GrblStatus& status);
     Outcome Command(Line& line, const std::string& command, Time until,
                     std::map<int, double>* settings = nullptr, std::string* version = nullptr);
+    // Ends whatever is held by a soft reset, which keeps the position of a machine at rest, and waits for the
+    // start.
+    Outcome Reset(Line& line);
     // What waits on the line: an alarm or a start told there holds.
     Outcome Waiting(Line& line);
     void Learn(const std::map<int, double>& settings, bool originForced, Facts& facts) const;

@@ -12,8 +12,9 @@ namespace gcode {
 
 namespace {
 
-// What a reading may differ by from where the last one and the speed put it: rounding of reports, in mm.
-constexpr double ReadingSlack = 0.02;
+// What a reading may differ by from where the last one and the speed put it: two roundings of a report, in
+// mm.
+constexpr double ReadingSlack = 0.005;
 constexpr double SpeedSlack = 1.25;
 // Of readings that contradict each other.
 constexpr int MostReadings = 4;
@@ -49,13 +50,20 @@ void Needle::Close() {
     wire_.reset();
 }
 
+Outcome Needle::Greet(Time firstAnswer, Time limit) {
+    if (!line_) {
+        return {Trouble::PortGone, reason_};
+    }
+    line_->LimitWaits(limit);
+    facts_ = {};
+    return dialect_->Greet(*line_, firstAnswer, facts_);
+}
+
 Status Needle::Connect(Time firstAnswer, Time limit) {
     if (!line_) {
         return Status::NotConnected;
     }
-    line_->LimitWaits(limit);
-    facts_ = {};
-    if (const Outcome outcome = dialect_->Greet(*line_, firstAnswer, facts_); !outcome.IsGood()) {
+    if (const Outcome outcome = Greet(firstAnswer, limit); !outcome.IsGood()) {
         const Status status = Fail(outcome);
         Close();
         return status;
@@ -157,10 +165,10 @@ bool Needle::CouldHaveGone(const Seen& from, const Millimetres& to, Time now) co
     return limits.has_value();
 }
 
-// A number that has lost or changed a digit on the wire still looks like a number. One that the needle cannot
-// have reached since the last reading is asked for again, and counts for nothing when the next contradicts
-// it. Where the next agrees with it the controller itself has jumped: it was restarted, or told another
-// position.
+// A number that has lost or changed a digit on the wire still looks like a number. So a reading counts at
+// once only where it is that of last time, to the last digit; any other must be borne out by the next one, to
+// within what the needle can travel in between. Where two agree on a place that it cannot have reached since
+// the last one, the controller itself has jumped: it was restarted, or told another position.
 Status Needle::MachinePlace(Place& place) {
     if (!isConnected_) {
         return Status::NotConnected;
@@ -171,12 +179,9 @@ Status Needle::MachinePlace(Place& place) {
             return Fail(outcome);
         }
         const Time now = line_->Now();
-        if (last_ && CouldHaveGone(*last_, place.machine, now)) {
-            last_ = Seen{place.machine, now};
-            return Status::Done;
-        }
-        if (doubtful && CouldHaveGone(*doubtful, place.machine, now)) {
-            if (last_) {
+        const bool isUnchanged = last_ && last_->machine == place.machine;
+        if (isUnchanged || (doubtful && CouldHaveGone(*doubtful, place.machine, now))) {
+            if (last_ && !CouldHaveGone(*last_, place.machine, now)) {
                 return Fail({Trouble::Restarted, "its position has jumped without a motion"});
             }
             last_ = Seen{place.machine, now};

@@ -53,7 +53,10 @@ public:
     Status MoveTo(const Counts& counts);
     Status Stop();
 
-    // For travo-gcode: each ends with a needle that is closed.
+    // For travo-gcode. Learns what answers, in whatever state it is: trusts and refuses nothing, connects
+    // nothing.
+    Outcome Greet(Time firstAnswer, Time limit);
+    // Both need an open port, and end with a needle that is closed.
     Outcome Home();
     Outcome Unlock();
 

@@ -17,7 +17,8 @@ constexpr std::string_view Lost = " lost: ";
 
 void Trust::Load() {
     std::array<Entry, MostNeedles> read;
-    for (const std::string_view line : Split(ReadWholeFile(file_).value_or(""), '\n')) {
+    const std::string text = ReadWholeFile(file_).value_or("");
+    for (const std::string_view line : Split(text, '\n')) {
         const std::optional<std::int32_t> number =
             line.starts_with(Head) ? Natural(line.substr(Head.size(), 1)) : std::nullopt;
         if (!number || *number < 1 || *number > MostNeedles) {

@@ -91,7 +91,13 @@ bool GrblController::TakeCharacter(char character, Time now) {
             return true;
         case '\x18':
             NoteHeard("reset");
-            isJogging ? RaiseAlarm(3, now) : Restart(now);
+            if (isJogging) {
+                RaiseAlarm(3, now);
+            }
+            // "If reset while not in motion, position is retained"; an alarm stays, sleep becomes one.
+            state_ = state_ == "Alarm" || state_ == "Sleep" ? "Alarm" : "";
+            reportsToOffset_ = 0;
+            Answer("Grbl 1.1h ['$' for help]", now);
             return true;
         case '\x85':
             NoteHeard("jog cancel");

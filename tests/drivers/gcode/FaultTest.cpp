@@ -35,7 +35,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Each, GcodeFault,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
-                         [](const auto& info) { return std::string(Name(info.param)); });
+                         [](const auto& each) { return std::string(Name(each.param)); });
 
 TEST_P(GcodeFault, ACableOutInAMoveFailsUntilItIsBackAndReconnected) {
     ASSERT_EQ(rig.Count(), 1);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "drivers/gcode/NeedleRig.h"
+#include "drivers/gcode/Settings.h"
 #include "drivers/gcode/simulator/GrblController.h"
 #include "drivers/gcode/simulator/MarlinController.h"
 #include "drivers/gcode/simulator/OmmController.h"
@@ -13,8 +14,8 @@ namespace gcode::test {
 namespace {
 
 using std::chrono::milliseconds;
+using std::chrono::seconds;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 class GcodeNeedle : public ::testing::TestWithParam<DialectName> {
 protected:
@@ -24,7 +25,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Each, GcodeNeedle,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
-                         [](const auto& info) { return std::string(Name(info.param)); });
+                         [](const auto& each) { return std::string(Name(each.param)); });
 
 TEST_P(GcodeNeedle, AtRestItIsReadWhereItStands) {
     std::int32_t number = 0;
@@ -103,20 +104,28 @@ TEST_P(GcodeNeedle, ATargetOutOfRangeIsRefusedBeforeAnythingIsSent) {
 }
 
 TEST_P(GcodeNeedle, ATargetBeyondTheMachinesLimitsIsRefusedBeforeAnythingIsSent) {
-    const std::string low = GetParam() == DialectName::Grbl     ? "-29, -30, -30"
-                            : GetParam() == DialectName::Marlin ? "1.5, 0, 0"
-                                                                : "-14, -15, -15";
-    rig.WriteSettings(SectionText(1, GetParam(), NeedleRig::PortOf(1)) + "min = " + low + "\n");
+    const std::string section = SectionText(1, GetParam(), NeedleRig::PortOf(1));
+    const NeedleSettings settings = *ReadSettings(section).needles[0];
+    // Y runs backwards: its low counts lie high.
+    const Millimetres least = MachinePosition(settings, {500, 24000, 0});
+    const Millimetres most = MachinePosition(settings, {24500, 1000, 25000});
+    const auto text = [](const Millimetres& place) {
+        return std::to_string(place[0]) + ", " + std::to_string(place[1]) + ", " + std::to_string(place[2]) +
+               "\n";
+    };
+    rig.WriteSettings(section + "min = " + text(least) + "max = " + text(most));
     ASSERT_EQ(rig.Count(), 1) << rig.LogText();
     rig.ControllerOf().ForgetHeard();
-    EXPECT_EQ(rig.driver->MoveTo({100, 12500, 12500}),
-              GetParam() == DialectName::Grbl ? Status::Done : Status::OutOfRange);
-    if (GetParam() != DialectName::Grbl) {
-        EXPECT_TRUE(rig.ControllerOf().Heard().empty());
-        EXPECT_THAT(rig.LogText(), HasSubstr("beyond the machine's limits"));
+    for (const Counts& to : {Counts{499, 12500, 12500}, Counts{24501, 12500, 12500}, Counts{9500, 999, 12500},
+                             Counts{9500, 24001, 12500}}) {
+        EXPECT_EQ(rig.driver->MoveTo(to), Status::OutOfRange);
     }
-    rig.WriteSettings(SectionText(1, GetParam(), NeedleRig::PortOf(1)) + "max = 0, -4, 0\n");
-    ASSERT_EQ(rig.driver->Reconnect(), Status::Done);
+    EXPECT_TRUE(rig.ControllerOf().Heard().empty());
+    EXPECT_THAT(rig.LogText(), HasSubstr("a target beyond the machine's limits was refused: X"));
+    EXPECT_EQ(rig.driver->MoveTo({500, 24000, 0}), Status::Done);
+    rig.Wait(seconds(4));
+    EXPECT_EQ(rig.driver->MoveTo({24500, 1000, 25000}), Status::Done);
+    EXPECT_EQ(rig.MovesHeard(), 2);
 }
 
 TEST_P(GcodeNeedle, AMoveWhileTheOneBeforeGoesOnIsRefusedAndChangesNothing) {

@@ -147,18 +147,26 @@ TEST_P(GcodeLibrary, NothingIsWrittenToStandardOutputAndNoFileStaysOpenBehindIt)
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
+    // A folder of its own: the copy of a library that is loaded must not be written over.
+    const std::string folder = rig.folder + "/other";
+    std::filesystem::create_directory(folder);
+    for (const char* name : {"/manipulators.ini", "/manipulators.state"}) {
+        std::filesystem::copy_file(rig.folder + name, folder + name);
+    }
     const auto before = openFiles();
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
     {
-        const Loaded other(rig.folder);
+        const Loaded other(folder);
         std::int32_t count = 0;
         EXPECT_EQ(other.getCount(&count), 0);
+        EXPECT_EQ(count, 1);
+        EXPECT_GT(openFiles(), before);
         EXPECT_EQ(other.moveTo(-1, 0, 0), -3);
     }
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
-    EXPECT_LE(openFiles(), before + 1);
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(GcodeSerialPort, APortIsHadByOneOnly) {

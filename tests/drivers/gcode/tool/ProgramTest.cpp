@@ -20,7 +20,7 @@ struct Ending {
     std::string text;
 };
 
-Ending Run(const std::string& words, const std::string& answer = "") {
+Ending Started(const std::string& words, const std::string& answer = "") {
     const std::string command = "printf '" + answer + "' | '" TRAVO_GCODE "' " + words + " 2>&1";
     std::FILE* const pipe = popen(command.c_str(), "r");
     Ending ending;
@@ -32,21 +32,21 @@ Ending Run(const std::string& words, const std::string& answer = "") {
 }
 
 TEST(GcodeProgram, HelpAndVersionNeedNoNeedle) {
-    const Ending help = Run("--help");
+    const Ending help = Started("--help");
     EXPECT_EQ(help.code, 0);
     EXPECT_THAT(help.text, HasSubstr("Usage: travo-gcode [--folder FOLDER] COMMAND"));
     EXPECT_THAT(help.text, HasSubstr("travo-gcode jog 1 x 100"));
-    EXPECT_EQ(Run("--version").text, "travo-gcode 1.0\n");
+    EXPECT_EQ(Started("--version").text, "travo-gcode 1.0\n");
 }
 
 TEST(GcodeProgram, AWrongCommandLineEndsWith2) {
-    const Ending ending = Run("hoem 1");
+    const Ending ending = Started("hoem 1");
     EXPECT_EQ(ending.code, 2);
     EXPECT_EQ(ending.text, "travo-gcode: no such command: hoem; --help says what there is\n");
 }
 
 TEST(GcodeProgram, AFolderWithoutSettingsIsToldAndEndsWith1) {
-    const Ending ending = Run("--folder /nowhere check");
+    const Ending ending = Started("--folder /nowhere check");
     EXPECT_EQ(ending.code, 1);
     EXPECT_EQ(ending.text, "there is no /nowhere/manipulators.ini\n");
 }
@@ -65,15 +65,15 @@ TEST(GcodeProgram, ItWorksOnARealTerminal) {
     Terminal terminal(rig.ControllerOf());
     rig.WriteSettings(SectionText(1, DialectName::Grbl, terminal.Device()));
     const std::string folder = "--folder " + rig.folder + " ";
-    const Ending check = Run(folder + "check");
+    const Ending check = Started(folder + "check");
     EXPECT_EQ(check.code, 0) << check.text;
     EXPECT_THAT(check.text, HasSubstr("stands at X 9500, Y 12500, Z 12500"));
-    const Ending jog = Run(folder + "jog 1 x 200");
+    const Ending jog = Started(folder + "jog 1 x 200");
     EXPECT_EQ(jog.code, 0) << jog.text;
     EXPECT_THAT(jog.text, HasSubstr("needle 1: X 9700, Y 12500, Z 12500"));
-    EXPECT_EQ(Run(folder + "watch 1").code, 0);
-    EXPECT_EQ(Run(folder + "unlock 1", "no\\n").code, 1);
-    EXPECT_EQ(Run(folder + "unlock 1", "yes\\n").code, 0);
+    EXPECT_EQ(Started(folder + "watch 1").code, 0);
+    EXPECT_EQ(Started(folder + "unlock 1", "no\\n").code, 1);
+    EXPECT_EQ(Started(folder + "unlock 1", "yes\\n").code, 0);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 using Kind = GrblLine::Kind;
 
 // "Grbl will generate and transmit a report within ~5-20 milliseconds", and may ignore a question.
-constexpr Time ReportLimit = std::chrono::milliseconds(150);
+constexpr Time ReportLimit = std::chrono::milliseconds(60);
 constexpr char Question = '?';
 constexpr char JogCancel = '\x85';
 constexpr char FeedHold = '!';

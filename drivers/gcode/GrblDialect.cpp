@@ -37,6 +37,10 @@ Outcome Alarmed(int number) {
 
 Outcome HasStarted() { return {Trouble::Restarted, "the controller has started anew"}; }
 
+Outcome InState(const std::string& state) {
+    return {Trouble::NotReady, "the controller is in state " + state};
+}
+
 bool MayMove(GrblState state) {
     return state == GrblState::Idle || state == GrblState::Run || state == GrblState::Jog;
 }
@@ -61,6 +65,8 @@ Outcome GrblDialect::Waiting(Line& line) {
 }
 
 Outcome GrblDialect::AskStatus(Line& line, Time until, GrblStatus& status) {
+    // A word that the document does not have: one that has lost a letter, unless it stays.
+    std::string unknown;
     while (line.Now() < until) {
         if (!line.Send({&Question, 1})) {
             return NoAnswer(line, "?");
@@ -79,6 +85,10 @@ Outcome GrblDialect::AskStatus(Line& line, Time until, GrblStatus& status) {
                 workOffset_.reset();
                 break;
             }
+            if (read.kind == Kind::Status && read.status.state == GrblState::Unknown) {
+                unknown = read.status.stateText;
+                break;
+            }
             if (read.kind == Kind::Status) {
                 workOffset_ = read.status.workOffset ? read.status.workOffset : workOffset_;
                 status = std::move(read.status);
@@ -92,7 +102,7 @@ Outcome GrblDialect::AskStatus(Line& line, Time until, GrblStatus& status) {
             break;
         }
     }
-    return NoAnswer(line, "?");
+    return unknown.empty() ? NoAnswer(line, "?") : InState(unknown);
 }
 
 Outcome GrblDialect::Command(Line& line, const std::string& command, Time until,
@@ -136,17 +146,17 @@ Outcome GrblDialect::Greet(Line& line, Time firstAnswer, Facts& facts) {
     // A board that restarts when it is opened says so first.
     if (outcome.trouble == Trouble::Restarted) {
         facts.hasStarted = true;
-        outcome = AskStatus(line, line.Now() + AnswerLimit, status);
+        outcome = AskStatus(line, line.Within(AnswerLimit), status);
     }
     if (!outcome.IsGood()) {
         return outcome;
     }
     facts.state = status.stateText;
     std::map<int, double> settings;
-    if (outcome = Command(line, "$$", line.Now() + AnswerLimit, &settings); !outcome.IsGood()) {
+    if (outcome = Command(line, "$$", line.Within(AnswerLimit), &settings); !outcome.IsGood()) {
         return outcome;
     }
-    if (outcome = Command(line, "$I", line.Now() + AnswerLimit, nullptr, &facts.firmware);
+    if (outcome = Command(line, "$I", line.Within(AnswerLimit), nullptr, &facts.firmware);
         !outcome.IsGood()) {
         return outcome;
     }
@@ -195,11 +205,11 @@ Outcome GrblDialect::Where(Line& line, Place& place) {
         return waiting;
     }
     GrblStatus status;
-    if (const Outcome outcome = AskStatus(line, line.Now() + AnswerLimit, status); !outcome.IsGood()) {
+    if (const Outcome outcome = AskStatus(line, line.Within(AnswerLimit), status); !outcome.IsGood()) {
         return outcome;
     }
     if (!MayMove(status.state)) {
-        return {Trouble::NotReady, "the controller is in state " + status.stateText};
+        return InState(status.stateText);
     }
     if (status.machine) {
         place.machine = *status.machine;
@@ -221,11 +231,11 @@ Outcome GrblDialect::Move(Line& line, const Millimetres& to, double feed) {
     const double perMinute = std::ceil(feed * SecondsOfAMinute * scale) / scale;
     const std::string command = "$J=G53G21G90X" + Fixed(to[0], Decimals) + "Y" + Fixed(to[1], Decimals) +
                                 "Z" + Fixed(to[2], Decimals) + "F" + Fixed(perMinute, FeedDecimals);
-    return Command(line, command, line.Now() + AnswerLimit);
+    return Command(line, command, line.Within(AnswerLimit));
 }
 
 Outcome GrblDialect::Stop(Line& line, bool&) {
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     GrblStatus status;
     bool isHeld = false;
     if (!line.Send({&JogCancel, 1})) {
@@ -247,10 +257,10 @@ Outcome GrblDialect::Stop(Line& line, bool&) {
     return {Trouble::Silent, "it has not come to a stand"};
 }
 
-Outcome GrblDialect::Home(Line& line) { return Command(line, "$H", line.Now() + HomingLimit); }
+Outcome GrblDialect::Home(Line& line) { return Command(line, "$H", line.Within(HomingLimit)); }
 
 Outcome GrblDialect::Reset(Line& line) {
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     if (!line.Send({&SoftReset, 1})) {
         return NoAnswer(line, "a reset");
     }
@@ -266,7 +276,7 @@ Outcome GrblDialect::Reset(Line& line) {
 // as well, where a resume would go on with what was held.
 Outcome GrblDialect::Unlock(Line& line) {
     GrblStatus status;
-    Outcome outcome = AskStatus(line, line.Now() + AnswerLimit, status);
+    Outcome outcome = AskStatus(line, line.Within(AnswerLimit), status);
     if (outcome.IsGood() && status.state == GrblState::Idle) {
         return outcome;
     }
@@ -279,7 +289,7 @@ Outcome GrblDialect::Unlock(Line& line) {
             return outcome;
         }
     }
-    return Command(line, "$X", line.Now() + AnswerLimit);
+    return Command(line, "$X", line.Within(AnswerLimit));
 }
 
 std::string GrblDialect::HomeMoves() const {

@@ -1,6 +1,7 @@
 // Lines of text over a wire: what is no line of text never leaves this file.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,8 @@ public:
     Time Now() const { return wire_.Now(); }
     // No wait goes beyond this time from here on.
     void LimitWaits(Time limit) { limit_ = limit; }
+    // The end of a wait of that length from now, cut by the limit.
+    Time Within(Time length) const { return std::min(limit_, wire_.Now() + length); }
     void LiftLimit() { limit_ = Time::max(); }
 
     // Lines dropped as noise since the wire was opened.

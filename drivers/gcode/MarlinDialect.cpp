@@ -28,7 +28,7 @@ constexpr int AccelerationsCode = 204;
 Outcome HasStarted() { return {Trouble::Restarted, "the controller has started anew"}; }
 
 void Pause(Line& line, Time duration) {
-    const Time until = line.Now() + duration;
+    const Time until = line.Within(duration);
     while (line.Now() < until && line.Next(until)) {
     }
 }
@@ -79,7 +79,7 @@ Outcome MarlinDialect::Greet(Line& line, Time firstAnswer, Facts& facts) {
     // question: it is asked again.
     Outcome outcome{Trouble::Silent, "no answer to M115"};
     while (!outcome.IsGood() && line.Now() < firstAnswer) {
-        outcome = Ask(line, "M115", std::min(firstAnswer, line.Now() + GreetingLimit), takeFirmware);
+        outcome = Ask(line, "M115", std::min(firstAnswer, line.Within(GreetingLimit)), takeFirmware);
         facts.hasStarted = facts.hasStarted || outcome.trouble == Trouble::Restarted;
         if (outcome.trouble != Trouble::Restarted && outcome.trouble != Trouble::Silent) {
             break;
@@ -100,7 +100,7 @@ Outcome MarlinDialect::Greet(Line& line, Time firstAnswer, Facts& facts) {
 
 Outcome MarlinDialect::Learn(Line& line, Facts& facts) {
     std::map<int, std::string> settings;
-    Outcome outcome = Ask(line, "M503", line.Now() + AnswerLimit, [&](const MarlinLine& read) {
+    Outcome outcome = Ask(line, "M503", line.Within(AnswerLimit), [&](const MarlinLine& read) {
         if (read.kind == Kind::Setting) {
             settings.emplace(read.number, read.text);
         }
@@ -124,7 +124,7 @@ Outcome MarlinDialect::Learn(Line& line, Facts& facts) {
         }
         facts.limits = MachineLimits{*speed, *acceleration};
     }
-    outcome = Ask(line, "M211", line.Now() + AnswerLimit, [&](const MarlinLine& read) {
+    outcome = Ask(line, "M211", line.Within(AnswerLimit), [&](const MarlinLine& read) {
         if (read.kind == Kind::SoftEndstops && read.min && read.max) {
             facts.min = read.min;
             facts.max = read.max;
@@ -153,7 +153,7 @@ Outcome MarlinDialect::CompareCoordinates(Line& line) {
 }
 
 Outcome MarlinDialect::Where(Line& line, Place& place) {
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     // An answer that was no position is asked for again: it was acknowledged, so nothing of it is under way.
     while (line.Now() < until) {
         std::optional<MarlinPosition> position;
@@ -188,7 +188,7 @@ Outcome MarlinDialect::Move(Line& line, const Millimetres& to, double feed) {
     const double perMinute = std::ceil(feed * SecondsOfAMinute * scale) / scale;
     const std::string move = "G1 X" + Fixed(to[0], Decimals) + " Y" + Fixed(to[1], Decimals) + " Z" +
                              Fixed(to[2], Decimals) + " F" + Fixed(perMinute, FeedDecimals);
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     // Millimetres and absolute: the modes that it starts with, said anew since another host may have left
     // others.
     for (const std::string& command : {std::string("G21"), std::string("G90"), move}) {
@@ -200,7 +200,7 @@ Outcome MarlinDialect::Move(Line& line, const Millimetres& to, double feed) {
 }
 
 Outcome MarlinDialect::Stop(Line& line, bool& hadNoRamp) {
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     Place last;
     if (const Outcome outcome = Where(line, last); !outcome.IsGood() || !last.isMoving) {
         return outcome;
@@ -225,9 +225,9 @@ Outcome MarlinDialect::Stop(Line& line, bool& hadNoRamp) {
     return {Trouble::Silent, "it has not come to a stand"};
 }
 
-Outcome MarlinDialect::Home(Line& line) { return Ask(line, "G28", line.Now() + HomingLimit); }
+Outcome MarlinDialect::Home(Line& line) { return Ask(line, "G28", line.Within(HomingLimit)); }
 
-Outcome MarlinDialect::Unlock(Line& line) { return Ask(line, "M114", line.Now() + AnswerLimit); }
+Outcome MarlinDialect::Unlock(Line& line) { return Ask(line, "M114", line.Within(AnswerLimit)); }
 
 std::string MarlinDialect::HomeMoves() const { return "all axes move to their end stops (G28)"; }
 

@@ -193,6 +193,10 @@ Status Needle::MachinePlace(Place& place) {
 }
 
 Status Needle::Position(Counts& counts) {
+    if (!isConnected_) {
+        return Status::NotConnected;
+    }
+    line_->LimitWaits(line_->Now() + Dialect::AnswerLimit);
     Place place;
     if (const Status status = MachinePlace(place); status != Status::Done) {
         return status;
@@ -249,6 +253,7 @@ Status Needle::MoveTo(const Counts& counts) {
     if (const std::string beyond = BeyondLimits(to); !beyond.empty()) {
         return Say(Status::OutOfRange, "a target beyond the machine's limits was refused: " + beyond);
     }
+    line_->LimitWaits(line_->Now() + CallLimit);
     Place place;
     if (const Status status = AwaitStandstill(place); status != Status::Done) {
         return status;
@@ -269,6 +274,7 @@ Status Needle::Stop() {
     if (!isConnected_) {
         return Status::NotConnected;
     }
+    line_->LimitWaits(line_->Now() + CallLimit);
     bool hadNoRamp = false;
     if (const Outcome outcome = dialect_->Stop(*line_, hadNoRamp); !outcome.IsGood()) {
         return Fail(outcome);

@@ -35,6 +35,9 @@ public:
     // the caller only from a standstill.
     static constexpr Time StandstillLimit = std::chrono::milliseconds(700);
 
+    // Of a move and of a stop, whatever the controller does; a reading has Dialect::AnswerLimit.
+    static constexpr Time CallLimit = std::chrono::milliseconds(1900);
+
     Needle(NeedleSettings settings, Trust& trust, const Log& log);
     ~Needle();
 

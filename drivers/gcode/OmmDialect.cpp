@@ -47,7 +47,7 @@ Outcome OmmDialect::Greet(Line& line, Time firstAnswer, Facts& facts) {
         return outcome;
     }
     facts.state = "ready";
-    outcome = Ask(line, "M57", line.Now() + AnswerLimit, [&](const std::string& text) {
+    outcome = Ask(line, "M57", line.Within(AnswerLimit), [&](const std::string& text) {
         if (const std::optional<bool> homed = OmmHomed(text)) {
             facts.isHomed = facts.isHomed.value_or(true) && *homed;
         }
@@ -78,7 +78,7 @@ Outcome OmmDialect::AskFinished(Line& line, Time until, bool& isFinished) {
 }
 
 Outcome OmmDialect::Where(Line& line, Place& place) {
-    const Time until = line.Now() + AnswerLimit;
+    const Time until = line.Within(AnswerLimit);
     bool isFinished = false;
     if (const Outcome outcome = AskFinished(line, until, isFinished); !outcome.IsGood()) {
         return outcome;
@@ -107,21 +107,21 @@ Outcome OmmDialect::Move(Line& line, const Millimetres& to, double feed) {
     return Ask(line,
                "G0 X" + Fixed(to[0], Decimals) + " Y" + Fixed(to[1], Decimals) + " Z" +
                    Fixed(to[2], Decimals) + " F" + Fixed(std::ceil(feed * scale) / scale, FeedDecimals),
-               line.Now() + AnswerLimit);
+               line.Within(AnswerLimit));
 }
 
 Outcome OmmDialect::Stop(Line& line, bool&) {
     bool isFinished = false;
-    if (const Outcome outcome = AskFinished(line, line.Now() + AnswerLimit, isFinished); !outcome.IsGood()) {
+    if (const Outcome outcome = AskFinished(line, line.Within(AnswerLimit), isFinished); !outcome.IsGood()) {
         return outcome;
     }
     return isFinished ? Good()
                       : Outcome{Trouble::Refused, "this controller has no command that ends a motion"};
 }
 
-Outcome OmmDialect::Home(Line& line) { return Ask(line, "G28", line.Now() + HomingLimit); }
+Outcome OmmDialect::Home(Line& line) { return Ask(line, "G28", line.Within(HomingLimit)); }
 
-Outcome OmmDialect::Unlock(Line& line) { return Ask(line, "M50", line.Now() + AnswerLimit); }
+Outcome OmmDialect::Unlock(Line& line) { return Ask(line, "M50", line.Within(AnswerLimit)); }
 
 std::string OmmDialect::HomeMoves() const {
     return "all joints move to their mechanical stops, the end effector towards the base (G28)";

@@ -55,7 +55,8 @@ void Controller::ForgetPosition(const Millimetres& as, Time now) {
 
 void Controller::Answer(std::string_view text, Time now, Time after) {
     // In their order: nothing overtakes what was said before.
-    const Time due = words_.empty() ? now + after : std::max(now + after, words_.back().first);
+    const Time due =
+        words_.empty() ? now + after + slowness_ : std::max(now + after + slowness_, words_.back().first);
     words_.emplace_back(due, std::string(text) + "\r\n");
 }
 

@@ -36,6 +36,8 @@ public:
     // Faults.
     virtual void Restart(Time now) = 0;  // as after a loss of power: it stops, and begins anew
     void Mute(bool isMute) { isMute_ = isMute; }
+    // It takes so much longer to answer.
+    void Slow(Time by) { slowness_ = by; }
     void Say(std::string_view bytes, Time now);  // without having been asked
 
 protected:
@@ -58,6 +60,7 @@ private:
     std::vector<std::string> heard_;
     Millimetres truthMinusOwn_{};
     bool isMute_ = false;
+    Time slowness_{0};
 };
 
 }  // namespace gcode

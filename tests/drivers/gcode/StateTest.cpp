@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "drivers/gcode/NeedleRig.h"
 #include "drivers/gcode/simulator/GrblController.h"
@@ -17,8 +16,8 @@ using std::chrono::milliseconds;
 using ::testing::HasSubstr;
 
 TEST(GcodeFaultOfGrbl, InEveryStateInWhichNothingMayMoveReadingsAndMovesFailAndNothingIsSentToEndIt) {
-    for (const std::string state :
-         {"Alarm", "Hold:0", "Hold:1", "Door:0", "Door:1", "Door:2", "Door:3", "Sleep", "Check", "Home"}) {
+    for (const std::string state : {"Alarm", "Hold:0", "Hold:1", "Door:0", "Door:1", "Door:2", "Door:3",
+                                    "Sleep", "Check", "Home", "Tool"}) {
         for (const bool asksForMove : {false, true}) {
             NeedleRig rig(DialectName::Grbl);
             Counts counts{};
@@ -30,7 +29,7 @@ TEST(GcodeFaultOfGrbl, InEveryStateInWhichNothingMayMoveReadingsAndMovesFailAndN
                       Status::NotReady)
                 << state;
             EXPECT_THAT(rig.LogText(), HasSubstr("the controller is in state " + state.substr(0, 4)));
-            EXPECT_EQ(grbl.Heard(), (std::vector<std::string>{"?"})) << state;
+            EXPECT_THAT(grbl.Heard(), ::testing::Each("?")) << state;
             EXPECT_EQ(rig.driver->MoveTo({9600, 12500, 12500}), Status::NotConnected);
             // The port is free for travo-gcode; connecting anew finds the same state.
             rig.driver->Reconnect();

@@ -175,6 +175,8 @@ Status Needle::MachinePlace(Place& place) {
     }
     std::optional<Seen> doubtful;
     for (int reading = 0; reading < MostReadings; ++reading) {
+        // A report is as old as its question at most: so no answer that came late makes a way look too long.
+        const Time asked = line_->Now();
         if (const Outcome outcome = dialect_->Where(*line_, place); !outcome.IsGood()) {
             return Fail(outcome);
         }
@@ -184,10 +186,10 @@ Status Needle::MachinePlace(Place& place) {
             if (last_ && !CouldHaveGone(*last_, place.machine, now)) {
                 return Fail({Trouble::Restarted, "its position has jumped without a motion"});
             }
-            last_ = Seen{place.machine, now};
+            last_ = Seen{place.machine, asked};
             return Status::Done;
         }
-        doubtful = Seen{place.machine, now};
+        doubtful = Seen{place.machine, asked};
     }
     return Fail({Trouble::Silent, "its positions contradict each other: noise on the line?"});
 }

@@ -77,7 +77,7 @@ public:
 private:
     struct Seen {
         Millimetres machine{};
-        Time when{0};
+        Time when{0};  // it was asked for; it is no older
     };
 
     Status Suits();

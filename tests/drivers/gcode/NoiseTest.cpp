@@ -75,6 +75,20 @@ TEST_P(GcodeNoise, AnAnswerThatHasLostAnyPieceInItsMiddleNeverBecomesAPosition) 
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
+TEST_P(GcodeNoise, AnAnswerThatComesLateMakesNoJumpOfTheNext) {
+    std::string text = SectionText(1, GetParam(), NeedleRig::PortOf(1));
+    text.erase(std::min(text.size(), text.find("speed-limit")));
+    rig.WriteSettings(text + "speed-limit = 4.1\nacceleration = 200\n");
+    ASSERT_EQ(rig.Count(), 1) << rig.LogText();
+    ASSERT_EQ(rig.driver->MoveTo({19500, 12500, 12500}), Status::Done);
+    rig.Wait(milliseconds(300));
+    for (int reading = 0; reading < 4; ++reading) {
+        rig.ControllerOf().Slow(reading % 2 == 0 ? milliseconds(55) : milliseconds(0));
+        ASSERT_EQ(rig.Read(counts), Status::Done) << rig.LogText();
+        EXPECT_NEAR(counts[0], rig.Truth()[0], 300);
+    }
+}
+
 TEST_P(GcodeNoise, AHalfLineLeftBehindSpoilsNoLaterAnswer) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     const char* halves[] = {"<Idle|MPos:1.000,2.",

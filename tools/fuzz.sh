@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets of the serial links and runs them side by side for the given number of seconds. New
-# inputs stay in the build folder, and so do one that fails and what each target has written.
+# Builds the fuzz targets of the serial links and of the G-code readers, and runs them side by side for the given
+# number of seconds. New inputs stay in the build folder, and so do one that fails and what each target has written.
 set -eu
 cd "$(dirname "$0")/.."
 seconds="${1:?usage: tools/fuzz.sh SECONDS}"
@@ -16,13 +16,14 @@ fuzz() {
         -artifact_prefix="build-fuzz/fuzz_$1-" "build-fuzz/found/$1" "fuzz/corpus/$1" >"build-fuzz/fuzz_$1.log" 2>&1
 }
 
+targets="mirror motor gauge gcode_grbl gcode_marlin gcode_omm"
 declare -A running
 trap 'kill "${running[@]}" 2>/dev/null || true' EXIT
-for name in mirror motor gauge; do
+for name in $targets; do
     fuzz "$name" &
     running[$name]=$!
 done
-for name in mirror motor gauge; do
+for name in $targets; do
     echo "== fuzz_$name for $seconds s"
     status=0
     wait "${running[$name]}" || status=$?

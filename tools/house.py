@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Says how the house of src/, workbench/ and tests/ stands; see docs/architecture.md for its floors.
+"""Says how the house of src/, workbench/, drivers/ and tests/ stands; see docs/architecture.md for its floors.
 
 A leaf folder is one floor and one library. Faults, which fail the check: rings of includes between rooms
 (a room is a source with its header) and between leaf folders, includes that run up a floor, a folder that
@@ -45,6 +45,11 @@ FLOORS = {  # leaf folder: floor
     "workbench/live": 7,
     # The tour builds the whole program into itself.
     "workbench/tour": 8,
+    # Drivers are libraries of their own: they know nothing of the program nor of the workbench.
+    "drivers": 1,
+    "drivers/gcode": 2,
+    "drivers/gcode/simulator": 2,
+    "drivers/gcode/tool": 3,
 }
 # Leaf folders and rooms of the program that the workbench's own processes share.
 SHARED_WITH_WORKBENCH = ("src/core/ground/", "src/platform/qt/BrokenPipe")
@@ -69,7 +74,7 @@ def leaf(path):
 
 
 def sources():
-    for top in ("src", "launcher", "workbench", "tests", "benchmarks", "fuzz"):
+    for top in ("src", "launcher", "workbench", "drivers", "tests", "benchmarks", "fuzz"):
         for folder, _, names in os.walk(top):
             for name in sorted(names):
                 if os.path.splitext(name)[1] in (".h", ".cpp"):
@@ -190,7 +195,9 @@ def floor_faults(arrows):
         for target in sorted(arrows[room]):
             below = leaf(target)
             outside = own.startswith("workbench") and below.startswith("src")
-            if outside and not target.startswith(SHARED_WITH_WORKBENCH) and own != "workbench/tour":
+            if own.startswith("drivers") and not below.startswith("drivers"):
+                yield f"is no driver's: {room} includes {target}"
+            elif outside and not target.startswith(SHARED_WITH_WORKBENCH) and own != "workbench/tour":
                 yield f"knows the program: {room} includes {target}"
             elif own in FLOORS and below in FLOORS and FLOORS[below] > FLOORS[own]:
                 yield f"runs up: {room} (floor {FLOORS[own]}) includes {target} (floor {FLOORS[below]})"
@@ -215,7 +222,7 @@ def main():
     for path in sources():
         with open(path, encoding="utf-8") as file:
             text[path] = file.read()
-        if path.startswith(("src/", "launcher/", "workbench/")):
+        if path.startswith(("src/", "launcher/", "workbench/", "drivers/")):
             rooms.setdefault(os.path.splitext(path)[0], []).append(path)
     arrows = {room: set() for room in rooms}
     for room, paths in rooms.items():

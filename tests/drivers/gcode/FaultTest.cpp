@@ -18,7 +18,7 @@ using std::chrono::milliseconds;
 using std::chrono::seconds;
 using ::testing::HasSubstr;
 
-class GcodeFault : public ::testing::TestWithParam<DialectName> {
+class GcodeFaultTest : public ::testing::TestWithParam<DialectName> {
 protected:
     bool IsGrbl() const { return GetParam() == DialectName::Grbl; }
     // What travo-gcode's home does to a controller, and leaves in the file.
@@ -33,11 +33,11 @@ protected:
     Counts counts{};
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, GcodeFault,
+INSTANTIATE_TEST_SUITE_P(Each, GcodeFaultTest,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
                          [](const auto& each) { return std::string(Name(each.param)); });
 
-TEST_P(GcodeFault, ACableOutInAMoveFailsUntilItIsBackAndReconnected) {
+TEST_P(GcodeFaultTest, ACableOutInAMoveFailsUntilItIsBackAndReconnected) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({13500, 12500, 12500}), Status::Done);
     rig.Wait(milliseconds(300));
@@ -61,7 +61,7 @@ TEST_P(GcodeFault, ACableOutInAMoveFailsUntilItIsBackAndReconnected) {
     EXPECT_EQ(rig.MovesHeard(), 1);
 }
 
-TEST_P(GcodeFault, AControllerThatIsSilentFailsAfterASecondAndAtOnceFromThenOn) {
+TEST_P(GcodeFaultTest, AControllerThatIsSilentFailsAfterASecondAndAtOnceFromThenOn) {
     ASSERT_EQ(rig.Count(), 1);
     rig.ControllerOf().Mute(true);
     const Time start = rig.ports.clock.now;
@@ -75,7 +75,7 @@ TEST_P(GcodeFault, AControllerThatIsSilentFailsAfterASecondAndAtOnceFromThenOn) 
     EXPECT_EQ(rig.Read(counts), Status::Done);
 }
 
-TEST_P(GcodeFault, AMoveThatIsNotAcknowledgedFailsAndGivesNoPositionUntilReconnected) {
+TEST_P(GcodeFaultTest, AMoveThatIsNotAcknowledgedFailsAndGivesNoPositionUntilReconnected) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.Read(counts), Status::Done);
     // The questions ahead of the move are answered, its own acknowledgement is not.
@@ -93,7 +93,7 @@ TEST_P(GcodeFault, AMoveThatIsNotAcknowledgedFailsAndGivesNoPositionUntilReconne
     EXPECT_EQ(rig.MovesHeard(), 1);
 }
 
-TEST_P(GcodeFault, AControllerThatRestartsInAMoveIsNotTrustedUntilItIsHomed) {
+TEST_P(GcodeFaultTest, AControllerThatRestartsInAMoveIsNotTrustedUntilItIsHomed) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({13500, 12500, 12500}), Status::Done);
     rig.Wait(milliseconds(300));
@@ -116,7 +116,7 @@ TEST_P(GcodeFault, AControllerThatRestartsInAMoveIsNotTrustedUntilItIsHomed) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeFault, ARestartThatNobodyHeardIsKnownByThePositionThatJumps) {
+TEST_P(GcodeFaultTest, ARestartThatNobodyHeardIsKnownByThePositionThatJumps) {
     ASSERT_EQ(rig.Count(), 1);
     rig.ControllerOf().Restart(rig.ports.clock.now);
     rig.ControllerOf().Take(rig.ports.clock.now);
@@ -130,7 +130,7 @@ TEST_P(GcodeFault, ARestartThatNobodyHeardIsKnownByThePositionThatJumps) {
     EXPECT_EQ(rig.Count(), 0);
 }
 
-TEST_P(GcodeFault, AStartThatIsSaidAtTheOpeningTakesTheTrustAway) {
+TEST_P(GcodeFaultTest, AStartThatIsSaidAtTheOpeningTakesTheTrustAway) {
     if (IsGrbl()) {
         rig.WriteSettings(SectionText(1, GetParam(), NeedleRig::PortOf(1)) + "homing = none\n");
     }
@@ -148,7 +148,7 @@ TEST_P(GcodeFault, AStartThatIsSaidAtTheOpeningTakesTheTrustAway) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeFault, AControllerThatIsSlowNeverHoldsACallBeyondItsTime) {
+TEST_P(GcodeFaultTest, AControllerThatIsSlowNeverHoldsACallBeyondItsTime) {
     for (const Time slowness :
          {milliseconds(200), milliseconds(450), milliseconds(600), milliseconds(900), milliseconds(990)}) {
         NeedleRig own(GetParam());
@@ -168,7 +168,7 @@ TEST_P(GcodeFault, AControllerThatIsSlowNeverHoldsACallBeyondItsTime) {
     }
 }
 
-TEST_P(GcodeFault, AWrongBaudRateIsAnAbsentNeedleThatWasSentNothingThatMoves) {
+TEST_P(GcodeFaultTest, AWrongBaudRateIsAnAbsentNeedleThatWasSentNothingThatMoves) {
     std::mt19937 random(3);
     // At another rate each byte becomes others.
     rig.Device().cable.change = [&](std::string bytes) {
@@ -184,7 +184,7 @@ TEST_P(GcodeFault, AWrongBaudRateIsAnAbsentNeedleThatWasSentNothingThatMoves) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeFault, AnotherDialectThanWasSetIsAnAbsentNeedleThatWasSentNothingThatMoves) {
+TEST_P(GcodeFaultTest, AnotherDialectThanWasSetIsAnAbsentNeedleThatWasSentNothingThatMoves) {
     for (const DialectName other : {DialectName::Grbl, DialectName::Marlin, DialectName::Omm}) {
         if (other == GetParam()) {
             continue;
@@ -197,7 +197,7 @@ TEST_P(GcodeFault, AnotherDialectThanWasSetIsAnAbsentNeedleThatWasSentNothingTha
     }
 }
 
-TEST_P(GcodeFault, APortThatIsMissingOrForbiddenIsToldAndTakesNoOtherWithIt) {
+TEST_P(GcodeFaultTest, APortThatIsMissingOrForbiddenIsToldAndTakesNoOtherWithIt) {
     NeedleRig two(GetParam(), 2);
     two.Device(1).cable.refusal = "no permission for /dev/simulated1: add the user to the group dialout";
     EXPECT_EQ(two.Count(), 2);
@@ -207,7 +207,7 @@ TEST_P(GcodeFault, APortThatIsMissingOrForbiddenIsToldAndTakesNoOtherWithIt) {
     EXPECT_EQ(number, 2);
 }
 
-TEST_P(GcodeFault, TwoNeedlesOnOneDeviceUnderTwoNamesAreBothAbsent) {
+TEST_P(GcodeFaultTest, TwoNeedlesOnOneDeviceUnderTwoNamesAreBothAbsent) {
     NeedleRig two(GetParam(), 2);
     two.Device(1).identity = two.Device(2).identity;
     EXPECT_EQ(two.Count(), 0);
@@ -216,7 +216,7 @@ TEST_P(GcodeFault, TwoNeedlesOnOneDeviceUnderTwoNamesAreBothAbsent) {
     EXPECT_EQ(two.Device(1).cable.openings + two.Device(2).cable.openings, 0);
 }
 
-TEST_P(GcodeFault, SettingsWithAMistakeAreToldInTheLogWithFileAndLine) {
+TEST_P(GcodeFaultTest, SettingsWithAMistakeAreToldInTheLogWithFileAndLine) {
     rig.WriteSettings(SectionText(1, GetParam(), NeedleRig::PortOf(1)) + "speed = 5\n");
     EXPECT_EQ(rig.Count(), 0);
     EXPECT_THAT(rig.LogText(), HasSubstr("manipulators.ini:"));
@@ -224,7 +224,7 @@ TEST_P(GcodeFault, SettingsWithAMistakeAreToldInTheLogWithFileAndLine) {
     EXPECT_EQ(rig.Device().cable.openings, 0);
 }
 
-TEST_P(GcodeFault, AllPortsThatAreSilentTogetherCostOneOpeningTime) {
+TEST_P(GcodeFaultTest, AllPortsThatAreSilentTogetherCostOneOpeningTime) {
     NeedleRig four(GetParam(), 4);
     for (int number = 1; number <= 4; ++number) {
         four.ControllerOf(number).Mute(true);
@@ -234,7 +234,7 @@ TEST_P(GcodeFault, AllPortsThatAreSilentTogetherCostOneOpeningTime) {
     EXPECT_LE(four.ports.clock.now - start, milliseconds(2600));
 }
 
-TEST_P(GcodeFault, ABoardThatAnswersTwoSecondsAfterItsOpeningIsThere) {
+TEST_P(GcodeFaultTest, ABoardThatAnswersTwoSecondsAfterItsOpeningIsThere) {
     rig.ControllerOf().Mute(true);
     const Time up = rig.ports.clock.now + milliseconds(1900);
     rig.Device().cable.noise = [&](Time, Time to) {
@@ -248,7 +248,7 @@ TEST_P(GcodeFault, ABoardThatAnswersTwoSecondsAfterItsOpeningIsThere) {
     EXPECT_EQ(rig.Count(), GetParam() == DialectName::Omm ? 0 : 1) << rig.LogText();
 }
 
-TEST_P(GcodeFault, AnUnhomedControllerIsNotReadyUntilItIsHomed) {
+TEST_P(GcodeFaultTest, AnUnhomedControllerIsNotReadyUntilItIsHomed) {
     if (IsGrbl()) {
         dynamic_cast<GrblController&>(rig.ControllerOf()).Enter("Alarm");
     } else {

@@ -13,7 +13,7 @@ namespace {
 
 const MachineLimits Limits{{8, 8, 8}, {200, 200, 200}};
 
-TEST(GcodeFeed, AMoveArrivesJustInTimeWithItsRamps) {
+TEST(GcodeFeedTest, AMoveArrivesJustInTimeWithItsRamps) {
     // 10000 counts of a micrometre in 2.5 s: 10 mm, ramps included.
     const FedMove move = Feed({}, {10, 0, 0}, 2.5, Limits);
     EXPECT_TRUE(move.isInTime);
@@ -23,14 +23,14 @@ TEST(GcodeFeed, AMoveArrivesJustInTimeWithItsRamps) {
     EXPECT_LT(move.feed, 4.1);
 }
 
-TEST(GcodeFeed, TheFeedIsAlongTheVector) {
+TEST(GcodeFeedTest, TheFeedIsAlongTheVector) {
     const FedMove straight = Feed({}, {10, 0, 0}, 2.5, Limits);
     const FedMove diagonal = Feed({1, 1, 1}, {11, 11, 11}, 2.5, Limits);
     EXPECT_NEAR(diagonal.length, 10 * std::sqrt(3), 1e-9);
     EXPECT_NEAR(diagonal.feed / std::sqrt(3), straight.feed, 1e-9);
 }
 
-TEST(GcodeFeed, AMachineThatIsTooSlowIsFedAtItsLimitAndTheLatenessIsTold) {
+TEST(GcodeFeedTest, AMachineThatIsTooSlowIsFedAtItsLimitAndTheLatenessIsTold) {
     const FedMove move = Feed({}, {0, 10, 0}, 1.0, Limits);
     EXPECT_EQ(move.feed, 8);
     EXPECT_FALSE(move.isInTime);
@@ -39,21 +39,21 @@ TEST(GcodeFeed, AMachineThatIsTooSlowIsFedAtItsLimitAndTheLatenessIsTold) {
     EXPECT_NEAR(Feed({}, {3, 4, 0}, 0.01, {{3, 8, 1}, {200, 200, 200}}).feed, 5, 1e-9);
 }
 
-TEST(GcodeFeed, AShortMoveThatNoAccelerationMakesInTimeIsATriangle) {
+TEST(GcodeFeedTest, AShortMoveThatNoAccelerationMakesInTimeIsATriangle) {
     // 50 counts in 12.5 ms would need 1280 mm/s².
     const FedMove move = Feed({}, {0.05, 0, 0}, 0.0125, Limits);
     EXPECT_FALSE(move.isInTime);
     EXPECT_NEAR(move.duration, 2 * std::sqrt(0.05 / 200), 1e-9);
 }
 
-TEST(GcodeFeed, AMoveOfNoLengthTakesNoTime) {
+TEST(GcodeFeedTest, AMoveOfNoLengthTakesNoTime) {
     const FedMove move = Feed({1, 2, 3}, {1, 2, 3}, 1, Limits);
     EXPECT_EQ(move.length, 0);
     EXPECT_EQ(move.duration, 0);
     EXPECT_TRUE(move.isInTime);
 }
 
-TEST(GcodeFeed, WhateverTheMoveTheMotorsTakeAsLongAsWasComputed) {
+TEST(GcodeFeedTest, WhateverTheMoveTheMotorsTakeAsLongAsWasComputed) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> place(-12, 12);
     std::uniform_real_distribution<double> speed(0.5, 20);
@@ -77,7 +77,7 @@ TEST(GcodeFeed, WhateverTheMoveTheMotorsTakeAsLongAsWasComputed) {
     }
 }
 
-TEST(GcodeMotion, AHoldEndsWithARampAndKeepsWhatWasTravelled) {
+TEST(GcodeMotionTest, AHoldEndsWithARampAndKeepsWhatWasTravelled) {
     Motion motors({}, Limits);
     motors.Push({10, 0, 0}, 4, Time(0));
     motors.Push({20, 0, 0}, 4, Time(0));
@@ -92,7 +92,7 @@ TEST(GcodeMotion, AHoldEndsWithARampAndKeepsWhatWasTravelled) {
     EXPECT_FALSE(motors.IsMoving(end));
 }
 
-TEST(GcodeMotion, PlacesGoOnSteadilyThroughRampsAndCruise) {
+TEST(GcodeMotionTest, PlacesGoOnSteadilyThroughRampsAndCruise) {
     Motion motors({}, Limits);
     motors.Push({10, -5, 2}, 4, Time(0));
     const Time end = motors.Arrival(Time(0));
@@ -107,7 +107,7 @@ TEST(GcodeMotion, PlacesGoOnSteadilyThroughRampsAndCruise) {
     EXPECT_EQ(motors.At(end), (Millimetres{10, -5, 2}));
 }
 
-TEST(GcodeAxes, CountsGoThereAndBackForEverySignAndOrder) {
+TEST(GcodeAxesTest, CountsGoThereAndBackForEverySignAndOrder) {
     const std::size_t orders[6][3] = {{0, 1, 2}, {0, 2, 1}, {1, 0, 2}, {1, 2, 0}, {2, 0, 1}, {2, 1, 0}};
     for (const auto& order : orders) {
         for (unsigned signs = 0; signs < 8; ++signs) {
@@ -124,7 +124,7 @@ TEST(GcodeAxes, CountsGoThereAndBackForEverySignAndOrder) {
     }
 }
 
-TEST(GcodeAxes, OurXMayBeTheOthersZBackwards) {
+TEST(GcodeAxesTest, OurXMayBeTheOthersZBackwards) {
     NeedleSettings needle;
     needle.countsPerMm = 1000;
     needle.zero = {1, 2, 30};
@@ -132,7 +132,7 @@ TEST(GcodeAxes, OurXMayBeTheOthersZBackwards) {
     EXPECT_EQ(MachinePosition(needle, {25000, 500, 250}), (Millimetres{1.5, 2.25, 5}));
 }
 
-TEST(GcodeAxes, APlaceBeyond32BitsHasNoCounts) {
+TEST(GcodeAxesTest, APlaceBeyond32BitsHasNoCounts) {
     NeedleSettings needle;
     needle.countsPerMm = 1000000;
     needle.axes = {AxisChoice{0, 1}, AxisChoice{1, 1}, AxisChoice{2, 1}};

@@ -17,19 +17,19 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class GcodeFiles : public ::testing::Test {
+class GcodeFilesTest : public ::testing::Test {
 protected:
-    GcodeFiles() {
+    GcodeFilesTest() {
         std::string pattern = (std::filesystem::temp_directory_path() / "gcode-XXXXXX").string();
         folder = mkdtemp(pattern.data());
     }
-    ~GcodeFiles() override { std::filesystem::remove_all(folder); }
+    ~GcodeFilesTest() override { std::filesystem::remove_all(folder); }
     std::string File(const std::string& name) const { return folder + "/" + name; }
 
     std::string folder;
 };
 
-TEST_F(GcodeFiles, AFileIsWrittenWholeAndReadBack) {
+TEST_F(GcodeFilesTest, AFileIsWrittenWholeAndReadBack) {
     EXPECT_TRUE(WriteWholeFile(File("a"), "one\ntwo"));
     EXPECT_EQ(ReadWholeFile(File("a")), "one\ntwo");
     EXPECT_TRUE(WriteWholeFile(File("a"), ""));
@@ -37,7 +37,7 @@ TEST_F(GcodeFiles, AFileIsWrittenWholeAndReadBack) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
 }
 
-TEST_F(GcodeFiles, WhatIsNoRegularFileIsNotReadAndHoldsNobodyUp) {
+TEST_F(GcodeFilesTest, WhatIsNoRegularFileIsNotReadAndHoldsNobodyUp) {
     EXPECT_FALSE(ReadWholeFile(File("none")));
     EXPECT_FALSE(ReadWholeFile(folder));
     ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
@@ -45,12 +45,12 @@ TEST_F(GcodeFiles, WhatIsNoRegularFileIsNotReadAndHoldsNobodyUp) {
     EXPECT_FALSE(WriteWholeFile(folder + "/no/such", "x"));
 }
 
-TEST_F(GcodeFiles, ALineOfTheLogHasDateAndTime) {
+TEST_F(GcodeFilesTest, ALineOfTheLogHasDateAndTime) {
     Log(File("log")).Write("needle 1: gone");
     EXPECT_THAT(*ReadWholeFile(File("log")), ::testing::MatchesRegex("20..-..-.. ..:..:.. needle 1: gone\n"));
 }
 
-TEST_F(GcodeFiles, TheLogIsBoundedToTwoFilesOfAMegabyte) {
+TEST_F(GcodeFilesTest, TheLogIsBoundedToTwoFilesOfAMegabyte) {
     const Log log(File("log"));
     const std::string text(10000, 'x');
     for (int line = 0; line < 320; ++line) {
@@ -63,14 +63,14 @@ TEST_F(GcodeFiles, TheLogIsBoundedToTwoFilesOfAMegabyte) {
     EXPECT_THAT(*ReadWholeFile(File("log")), HasSubstr("319xxx"));
 }
 
-TEST_F(GcodeFiles, ALogThatCannotBeWrittenIsNoFailure) {
+TEST_F(GcodeFilesTest, ALogThatCannotBeWrittenIsNoFailure) {
     Log("").Write("nowhere");
     Log(folder).Write("a folder");
     ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
     Log(File("pipe")).Write("nobody reads");
 }
 
-TEST_F(GcodeFiles, TrustOutlivesTheDriver) {
+TEST_F(GcodeFilesTest, TrustOutlivesTheDriver) {
     Trust trust(File("state"));
     trust.Load();
     EXPECT_FALSE(trust.IsHomed(1));
@@ -87,14 +87,14 @@ TEST_F(GcodeFiles, TrustOutlivesTheDriver) {
     EXPECT_EQ(ReadWholeFile(File("state")), "needle 1 lost: a jump\nneedle 3 homed\n");
 }
 
-TEST_F(GcodeFiles, ALossThatCouldNotBeWrittenHoldsAllTheSame) {
+TEST_F(GcodeFilesTest, ALossThatCouldNotBeWrittenHoldsAllTheSame) {
     Trust trust(folder + "/no/state");
     EXPECT_FALSE(trust.Lose(2, "a jump"));
     trust.Load();
     EXPECT_EQ(trust.LostBecause(2), "a jump");
 }
 
-TEST_F(GcodeFiles, AStateFileOfAnotherFormSaysNothing) {
+TEST_F(GcodeFilesTest, AStateFileOfAnotherFormSaysNothing) {
     WriteWholeFile(
         File("state"),
         "needle 0 homed\nneedle 5 homed\nneedle x homed\nneedle 12 homed\nneedle 2 homed?\nhomed\nneedle");

@@ -12,7 +12,7 @@ namespace {
 using Kind = GrblLine::Kind;
 using ::testing::ElementsAre;
 
-TEST(GrblReader, TheAnswersToACommandAreOkAndErrorsWithTheirNumber) {
+TEST(GrblReaderTest, TheAnswersToACommandAreOkAndErrorsWithTheirNumber) {
     EXPECT_EQ(ReadGrbl("ok").kind, Kind::Ok);
     EXPECT_EQ(ReadGrbl("error:15").kind, Kind::Error);
     EXPECT_EQ(ReadGrbl("error:15").number, 15);
@@ -22,7 +22,7 @@ TEST(GrblReader, TheAnswersToACommandAreOkAndErrorsWithTheirNumber) {
     }
 }
 
-TEST(GrblReader, AnAlarmHasItsNumberAndItsSentence) {
+TEST(GrblReaderTest, AnAlarmHasItsNumberAndItsSentence) {
     EXPECT_EQ(ReadGrbl("ALARM:1").kind, Kind::Alarm);
     EXPECT_EQ(ReadGrbl("ALARM:9").number, 9);
     EXPECT_EQ(GrblAlarmText(3), "reset while in motion; the position is probably lost");
@@ -31,7 +31,7 @@ TEST(GrblReader, AnAlarmHasItsNumberAndItsSentence) {
     EXPECT_EQ(ReadGrbl("ALARM").kind, Kind::Other);
 }
 
-TEST(GrblReader, EveryStateOfTheDocumentIsKnownWithItsSubState) {
+TEST(GrblReaderTest, EveryStateOfTheDocumentIsKnownWithItsSubState) {
     const std::pair<const char*, GrblState> states[] = {
         {"Idle", GrblState::Idle},   {"Run", GrblState::Run},      {"Jog", GrblState::Jog},
         {"Home", GrblState::Home},   {"Alarm", GrblState::Alarm},  {"Check", GrblState::Check},
@@ -47,7 +47,7 @@ TEST(GrblReader, EveryStateOfTheDocumentIsKnownWithItsSubState) {
     }
 }
 
-TEST(GrblReader, AReportTellsTheMachinePositionOrTheWorkPosition) {
+TEST(GrblReaderTest, AReportTellsTheMachinePositionOrTheWorkPosition) {
     const GrblLine machine = ReadGrbl("<Idle|MPos:0.000,-10.000,5.125>");
     ASSERT_EQ(machine.kind, Kind::Status);
     EXPECT_THAT(*machine.status.machine, ElementsAre(0, -10, 5.125));
@@ -58,7 +58,7 @@ TEST(GrblReader, AReportTellsTheMachinePositionOrTheWorkPosition) {
     EXPECT_FALSE(work.status.machine);
 }
 
-TEST(GrblReader, EveryFieldOfTheDocumentMayStandBehindInAnyOrder) {
+TEST(GrblReaderTest, EveryFieldOfTheDocumentMayStandBehindInAnyOrder) {
     const GrblLine line = ReadGrbl(
         "<Jog|MPos:1.000,2.000,3.000|Bf:15,128|Ln:99999|F:500|FS:500,8000|WCO:0.000,1.551,5.664|Pn:XYZPDHRS|"
         "Ov:100,100,100|"
@@ -70,7 +70,7 @@ TEST(GrblReader, EveryFieldOfTheDocumentMayStandBehindInAnyOrder) {
     EXPECT_EQ(ReadGrbl("<Idle|MPos:1.000,2.000,3.000,4.000|FS:0,0>").kind, Kind::Status);
 }
 
-TEST(GrblReader, AReportThatIsNotWholeIsNoPosition) {
+TEST(GrblReaderTest, AReportThatIsNotWholeIsNoPosition) {
     for (const char* text : {"<Idle|MPos:1.000,2.000,3.000",
                              "Idle|MPos:1.000,2.000,3.000>",
                              "<Idle>",
@@ -99,7 +99,7 @@ TEST(GrblReader, AReportThatIsNotWholeIsNoPosition) {
     }
 }
 
-TEST(GrblReader, EveryPrefixAndEverySuffixOfAReportIsNoPosition) {
+TEST(GrblReaderTest, EveryPrefixAndEverySuffixOfAReportIsNoPosition) {
     const std::string report = "<Idle|MPos:1.000,-2.000,3.000|Bf:15,128|FS:0,0|WCO:0.000,1.551,5.664>";
     for (std::size_t cut = 1; cut < report.size(); ++cut) {
         EXPECT_NE(ReadGrbl(report.substr(0, cut)).kind, Kind::Status) << report.substr(0, cut);
@@ -107,14 +107,14 @@ TEST(GrblReader, EveryPrefixAndEverySuffixOfAReportIsNoPosition) {
     }
 }
 
-TEST(GrblReader, AStartIsKnownByItsTextAlsoWhereAByteIsMissing) {
+TEST(GrblReaderTest, AStartIsKnownByItsTextAlsoWhereAByteIsMissing) {
     for (const char* text : {"Grbl 1.1h ['$' for help]", "Grbl 1.1f ['$' or '$HELP' for help]",
                              "GrblHAL 1.1f ['$' for help]", "rbl 1.1h ['$' for help]", "Grbl 1.1h ['$"}) {
         EXPECT_EQ(ReadGrbl(text).kind, Kind::Banner) << text;
     }
 }
 
-TEST(GrblReader, SettingsMessagesAndStartUpLinesAreNoAnswers) {
+TEST(GrblReaderTest, SettingsMessagesAndStartUpLinesAreNoAnswers) {
     const GrblLine setting = ReadGrbl("$110=500.000");
     EXPECT_EQ(setting.kind, Kind::Setting);
     EXPECT_EQ(setting.number, 110);

@@ -68,9 +68,9 @@ private:
     void* library_ = nullptr;
 };
 
-class GcodeLibrary : public ::testing::TestWithParam<DialectName> {
+class GcodeLibraryTest : public ::testing::TestWithParam<DialectName> {
 protected:
-    GcodeLibrary() { rig.WriteSettings(SectionText(1, GetParam(), terminal->Device())); }
+    GcodeLibraryTest() { rig.WriteSettings(SectionText(1, GetParam(), terminal->Device())); }
 
     std::int32_t Count() {
         std::int32_t count = -1;
@@ -95,11 +95,11 @@ protected:
     Loaded library{rig.folder};
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, GcodeLibrary,
+INSTANTIATE_TEST_SUITE_P(Each, GcodeLibraryTest,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
                          [](const auto& each) { return std::string(Name(each.param)); });
 
-TEST_P(GcodeLibrary, ItsFunctionsWorkOnARealTerminal) {
+TEST_P(GcodeLibraryTest, ItsFunctionsWorkOnARealTerminal) {
     EXPECT_EQ(library.settling, 200);
     ASSERT_EQ(Count(), 1) << rig.LogText();
     std::int32_t answer = 0;
@@ -116,7 +116,7 @@ TEST_P(GcodeLibrary, ItsFunctionsWorkOnARealTerminal) {
     EXPECT_LT(library.select(2, &answer), 0);
 }
 
-TEST_P(GcodeLibrary, StopEndsAMoveOnARealTerminal) {
+TEST_P(GcodeLibraryTest, StopEndsAMoveOnARealTerminal) {
     ASSERT_EQ(Count(), 1) << rig.LogText();
     ASSERT_EQ(library.moveTo(25000, 12500, 12500), 0) << rig.LogText();
     const std::int32_t status = library.stop(1);
@@ -129,7 +129,7 @@ TEST_P(GcodeLibrary, StopEndsAMoveOnARealTerminal) {
         terminal->With([](Controller& controller, Time now) { return controller.Motors().IsMoving(now); }));
 }
 
-TEST_P(GcodeLibrary, ACableThatIsPulledFailsAndAnotherTerminalInItsPlaceWorksAgain) {
+TEST_P(GcodeLibraryTest, ACableThatIsPulledFailsAndAnotherTerminalInItsPlaceWorksAgain) {
     ASSERT_EQ(Count(), 1) << rig.LogText();
     terminal->Unplug();
     std::int32_t number = 0;
@@ -143,7 +143,7 @@ TEST_P(GcodeLibrary, ACableThatIsPulledFailsAndAnotherTerminalInItsPlaceWorksAga
     EXPECT_EQ(Count(), 1) << rig.LogText();
 }
 
-TEST_P(GcodeLibrary, NothingIsWrittenToStandardOutputAndNoFileStaysOpenBehindIt) {
+TEST_P(GcodeLibraryTest, NothingIsWrittenToStandardOutputAndNoFileStaysOpenBehindIt) {
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
@@ -169,7 +169,7 @@ TEST_P(GcodeLibrary, NothingIsWrittenToStandardOutputAndNoFileStaysOpenBehindIt)
     EXPECT_EQ(openFiles(), before);
 }
 
-TEST(GcodeSerialPort, APortIsHadByOneOnly) {
+TEST(GcodeSerialPortTest, APortIsHadByOneOnly) {
     NeedleRig rig(DialectName::Grbl);
     const Terminal terminal(rig.ControllerOf());
     NeedleSettings settings;
@@ -185,7 +185,7 @@ TEST(GcodeSerialPort, APortIsHadByOneOnly) {
     EXPECT_TRUE(ports.Open(settings, why)) << why;
 }
 
-TEST(GcodeSerialPort, WhatIsNoPortIsToldInWords) {
+TEST(GcodeSerialPortTest, WhatIsNoPortIsToldInWords) {
     NeedleRig rig(DialectName::Grbl);
     SerialPorts ports;
     NeedleSettings settings;
@@ -206,7 +206,7 @@ TEST(GcodeSerialPort, WhatIsNoPortIsToldInWords) {
     EXPECT_THAT(why(rig.folder), HasSubstr("cannot be opened"));
 }
 
-TEST(GcodeSerialPort, TwoNamesOfOneDeviceHaveOneIdentity) {
+TEST(GcodeSerialPortTest, TwoNamesOfOneDeviceHaveOneIdentity) {
     NeedleRig rig(DialectName::Grbl);
     const Terminal terminal(rig.ControllerOf());
     const Terminal other(rig.ControllerOf());

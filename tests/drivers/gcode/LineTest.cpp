@@ -43,7 +43,7 @@ private:
 
 constexpr Time Soon = std::chrono::seconds(2);
 
-TEST(GcodeLine, ALineComesTogetherFromItsPieces) {
+TEST(GcodeLineTest, ALineComesTogetherFromItsPieces) {
     Pieces wire({"o", "k\r", "\n<Idle", "|x>\r\n"});
     Line line(wire);
     EXPECT_EQ(line.Next(Soon), "ok");
@@ -52,14 +52,14 @@ TEST(GcodeLine, ALineComesTogetherFromItsPieces) {
     EXPECT_FALSE(line.IsGone());
 }
 
-TEST(GcodeLine, EmptyLinesAreNoLines) {
+TEST(GcodeLineTest, EmptyLinesAreNoLines) {
     Pieces wire({"\r\n\r\n\nok\n"});
     Line line(wire);
     EXPECT_EQ(line.Next(Soon), "ok");
     EXPECT_EQ(line.Next(Soon), std::nullopt);
 }
 
-TEST(GcodeLine, ALineWithABadByteIsNoiseUpToItsEnd) {
+TEST(GcodeLineTest, ALineWithABadByteIsNoiseUpToItsEnd) {
     for (const std::string& bad : {std::string("\0", 1), std::string("\x7f"), std::string("\x80"),
                                    std::string("\xff"), std::string("\x1b")}) {
         Pieces wire({"o" + bad + "k\nok\n"});
@@ -70,7 +70,7 @@ TEST(GcodeLine, ALineWithABadByteIsNoiseUpToItsEnd) {
     }
 }
 
-TEST(GcodeLine, ALineThatIsTooLongIsNoiseUpToItsEndInWhateverPieces) {
+TEST(GcodeLineTest, ALineThatIsTooLongIsNoiseUpToItsEndInWhateverPieces) {
     Pieces wire({std::string(700, 'a'), std::string(700, 'a'), std::string(5000, 'a'), "ok\nok\n"});
     Line line(wire);
     EXPECT_EQ(line.Next(Soon), "ok");
@@ -83,14 +83,14 @@ TEST(GcodeLine, ALineThatIsTooLongIsNoiseUpToItsEndInWhateverPieces) {
     EXPECT_EQ(other.Next(Soon), "ok");
 }
 
-TEST(GcodeLine, WhatHasNoEndIsNoLineAndBecomesPartOfTheNext) {
+TEST(GcodeLineTest, WhatHasNoEndIsNoLineAndBecomesPartOfTheNext) {
     Pieces wire({"<Idle|MPos:1.0", "<Idle|MPos:2.000,0.000,0.000>\n"});
     Line line(wire);
     EXPECT_EQ(line.Next(wire.now + std::chrono::milliseconds(15)), std::nullopt);
     EXPECT_EQ(line.Next(Soon), "<Idle|MPos:1.0<Idle|MPos:2.000,0.000,0.000>");
 }
 
-TEST(GcodeLine, AWaitEndsAtItsTimeAndAtTheLimit) {
+TEST(GcodeLineTest, AWaitEndsAtItsTimeAndAtTheLimit) {
     Pieces wire({});
     Line line(wire);
     EXPECT_EQ(line.Next(wire.now + std::chrono::milliseconds(100)), std::nullopt);
@@ -103,7 +103,7 @@ TEST(GcodeLine, AWaitEndsAtItsTimeAndAtTheLimit) {
     EXPECT_EQ(wire.now, Soon);
 }
 
-TEST(GcodeLine, AWireThatNeverPausesHoldsNobodyBeyondHisTime) {
+TEST(GcodeLineTest, AWireThatNeverPausesHoldsNobodyBeyondHisTime) {
     std::deque<std::string> endless(10000, "aaaa\x01\n");
     Pieces wire(endless);
     Line line(wire);
@@ -111,7 +111,7 @@ TEST(GcodeLine, AWireThatNeverPausesHoldsNobodyBeyondHisTime) {
     EXPECT_LE(wire.now, std::chrono::milliseconds(1120));
 }
 
-TEST(GcodeLine, APortThatHasGoneStaysGone) {
+TEST(GcodeLineTest, APortThatHasGoneStaysGone) {
     Pieces wire({"ok\n"});
     wire.isGone = true;
     Line line(wire);

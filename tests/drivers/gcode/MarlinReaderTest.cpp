@@ -11,7 +11,7 @@ namespace {
 using Kind = MarlinLine::Kind;
 using ::testing::ElementsAre;
 
-TEST(MarlinReader, OkHasItsForms) {
+TEST(MarlinReaderTest, OkHasItsForms) {
     for (const char* text : {"ok", "ok N12 P15 B3", "ok T:44 /0 B:45 /0 @:0 B@:0", " ok ", "ok 2"}) {
         EXPECT_EQ(ReadMarlin(text).kind, Kind::Ok) << text;
     }
@@ -20,21 +20,21 @@ TEST(MarlinReader, OkHasItsForms) {
     }
 }
 
-TEST(MarlinReader, BusyAndWaitAreNoAnswers) {
+TEST(MarlinReaderTest, BusyAndWaitAreNoAnswers) {
     for (const char* text :
          {"busy: processing", "echo:busy: processing", "echo:busy: paused for user", "wait"}) {
         EXPECT_EQ(ReadMarlin(text).kind, Kind::Busy) << text;
     }
 }
 
-TEST(MarlinReader, AStartIsKnownByAnyOfItsLines) {
+TEST(MarlinReaderTest, AStartIsKnownByAnyOfItsLines) {
     for (const char* text : {"start", "Marlin 1.1.0", "echo:Marlin 1.0.0", "echo: External Reset", "PowerUp",
                              "echo: Watchdog Reset"}) {
         EXPECT_EQ(ReadMarlin(text).kind, Kind::Start) << text;
     }
 }
 
-TEST(MarlinReader, ErrorsResendsAndRefusalsAreTold) {
+TEST(MarlinReaderTest, ErrorsResendsAndRefusalsAreTold) {
     EXPECT_EQ(ReadMarlin("Error:Printer halted. kill() called!").kind, Kind::Error);
     EXPECT_EQ(ReadMarlin("!!").kind, Kind::Error);
     EXPECT_EQ(ReadMarlin("Resend: 12").kind, Kind::Resend);
@@ -44,21 +44,21 @@ TEST(MarlinReader, ErrorsResendsAndRefusalsAreTold) {
     EXPECT_EQ(ReadMarlin("echo:Home X/Y/Z First").kind, Kind::HomeFirst);
 }
 
-TEST(MarlinReader, ThePositionOfTheManualIsReadWithItsSteps) {
+TEST(MarlinReaderTest, ThePositionOfTheManualIsReadWithItsSteps) {
     const MarlinLine line = ReadMarlin("X:0.00 Y:127.00 Z:145.00 E:0.00 Count X: 0 Y:10160 Z:116000");
     ASSERT_EQ(line.kind, Kind::Position);
     EXPECT_THAT(line.position.projected, ElementsAre(0, 127, 145));
     EXPECT_THAT(*line.position.steps, ElementsAre(0, 10160, 116000));
 }
 
-TEST(MarlinReader, APositionMayLackExtruderOrStepsOrHaveMore) {
+TEST(MarlinReaderTest, APositionMayLackExtruderOrStepsOrHaveMore) {
     EXPECT_FALSE(ReadMarlin("X:1.00 Y:-2.00 Z:3.00 E:0.00").position.steps);
     EXPECT_THAT(*ReadMarlin("X:1.00 Y:2.00 Z:3.00 Count X:-80 Y:160 Z:1200").position.steps,
                 ElementsAre(-80, 160, 1200));
     EXPECT_EQ(ReadMarlin("X:1.00 Y:2.00 Z:3.00 E:4.00 Count X:80 Y:160 Z:1200 E:5").kind, Kind::Position);
 }
 
-TEST(MarlinReader, ALineThatIsNotWholeIsNoPosition) {
+TEST(MarlinReaderTest, ALineThatIsNotWholeIsNoPosition) {
     for (const char* text :
          {"X:1.00", "X:1.00 Y:2.00", "X:1.00 Y:2.00 Z:", "X:1.00 Y:2.00 Z:x", "X:1.00 Z:2.00 Y:3.00",
           "X:1.00 Y:2.00 Z:3.00 Count", "X:1.00 Y:2.00 Z:3.00 Count X:80",
@@ -70,7 +70,7 @@ TEST(MarlinReader, ALineThatIsNotWholeIsNoPosition) {
     }
 }
 
-TEST(MarlinReader, TheSettingsOfM503AreReadByTheirCode) {
+TEST(MarlinReaderTest, TheSettingsOfM503AreReadByTheirCode) {
     const MarlinLine steps = ReadMarlin("echo:  M92 X80.00 Y80.00 Z400.00 E401.30");
     EXPECT_EQ(steps.kind, Kind::Setting);
     EXPECT_EQ(steps.number, 92);
@@ -81,7 +81,7 @@ TEST(MarlinReader, TheSettingsOfM503AreReadByTheirCode) {
     EXPECT_FALSE(WordTriple("M92 X80.00 Y80.00"));
 }
 
-TEST(MarlinReader, SoftEndstopsAreReadWhereTheyAreOn) {
+TEST(MarlinReaderTest, SoftEndstopsAreReadWhereTheyAreOn) {
     const MarlinLine on =
         ReadMarlin("echo:Soft endstops: On  Min: X0.00 Y-1.00 Z0.00   Max: X200.00 Y210.00 Z220.00");
     EXPECT_EQ(on.kind, Kind::SoftEndstops);
@@ -95,7 +95,7 @@ TEST(MarlinReader, SoftEndstopsAreReadWhereTheyAreOn) {
     EXPECT_FALSE(off.min || off.max);
 }
 
-TEST(MarlinReader, FirmwareAndItsCapabilitiesAreRead) {
+TEST(MarlinReaderTest, FirmwareAndItsCapabilitiesAreRead) {
     EXPECT_EQ(ReadMarlin("FIRMWARE_NAME:Marlin 1.1.0 (Github) SOURCE_CODE_URL:x").text,
               "Marlin 1.1.0 (Github) SOURCE_CODE_URL:x");
     const MarlinLine capability = ReadMarlin("Cap:EMERGENCY_PARSER:1");
@@ -105,7 +105,7 @@ TEST(MarlinReader, FirmwareAndItsCapabilitiesAreRead) {
     EXPECT_EQ(ReadMarlin("Cap:EEPROM").kind, Kind::Other);
 }
 
-TEST(MarlinReader, EchoesAndCommentsAreNothing) {
+TEST(MarlinReaderTest, EchoesAndCommentsAreNothing) {
     for (const char* text : {"echo:", "echo:SD card ok", "//action:pause", "", "T:44 E:0 B:45", "echo:M"}) {
         EXPECT_EQ(ReadMarlin(text).kind, Kind::Other) << text;
     }

@@ -17,17 +17,17 @@ using std::chrono::milliseconds;
 using std::chrono::seconds;
 using ::testing::HasSubstr;
 
-class GcodeNeedle : public ::testing::TestWithParam<DialectName> {
+class GcodeNeedleTest : public ::testing::TestWithParam<DialectName> {
 protected:
     NeedleRig rig{GetParam()};
     Counts counts{};
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, GcodeNeedle,
+INSTANTIATE_TEST_SUITE_P(Each, GcodeNeedleTest,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
                          [](const auto& each) { return std::string(Name(each.param)); });
 
-TEST_P(GcodeNeedle, AtRestItIsReadWhereItStands) {
+TEST_P(GcodeNeedleTest, AtRestItIsReadWhereItStands) {
     std::int32_t number = 0;
     EXPECT_EQ(rig.driver->GetPosition(number, counts), Status::Done) << rig.LogText();
     EXPECT_EQ(number, 1);
@@ -36,7 +36,7 @@ TEST_P(GcodeNeedle, AtRestItIsReadWhereItStands) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeNeedle, AMoveIsTakenAtOnceAndArrivesInTimeOnEveryAxis) {
+TEST_P(GcodeNeedleTest, AMoveIsTakenAtOnceAndArrivesInTimeOnEveryAxis) {
     ASSERT_EQ(rig.Count(), 1) << rig.LogText();
     for (const Counts& to : {Counts{13500, 12000, 12600}, Counts{0, 0, 0}, Counts{25000, 25000, 25000},
                              Counts{25000, 24000, 25000}, Counts{12500, 12500, 12500}}) {
@@ -58,7 +58,7 @@ TEST_P(GcodeNeedle, AMoveIsTakenAtOnceAndArrivesInTimeOnEveryAxis) {
     EXPECT_EQ(rig.MovesHeard(), 5);
 }
 
-TEST_P(GcodeNeedle, WhileItMovesItIsReadWhereItIsWithin50Milliseconds) {
+TEST_P(GcodeNeedleTest, WhileItMovesItIsReadWhereItIsWithin50Milliseconds) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({13500, 8500, 16500}), Status::Done);
     for (int tick = 0; tick < 4; ++tick) {
@@ -76,7 +76,7 @@ TEST_P(GcodeNeedle, WhileItMovesItIsReadWhereItIsWithin50Milliseconds) {
     }
 }
 
-TEST_P(GcodeNeedle, ItsWayIsOneStraightLine) {
+TEST_P(GcodeNeedleTest, ItsWayIsOneStraightLine) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({13500, 10500, 13500}), Status::Done);
     for (int tick = 0; tick < 100; ++tick) {
@@ -87,13 +87,13 @@ TEST_P(GcodeNeedle, ItsWayIsOneStraightLine) {
     }
 }
 
-TEST_P(GcodeNeedle, ToWhereItStandsNothingIsSent) {
+TEST_P(GcodeNeedleTest, ToWhereItStandsNothingIsSent) {
     ASSERT_EQ(rig.Count(), 1);
     EXPECT_EQ(rig.driver->MoveTo(Start), Status::Done);
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeNeedle, ATargetOutOfRangeIsRefusedBeforeAnythingIsSent) {
+TEST_P(GcodeNeedleTest, ATargetOutOfRangeIsRefusedBeforeAnythingIsSent) {
     ASSERT_EQ(rig.Count(), 1);
     rig.ControllerOf().ForgetHeard();
     for (const Counts& to : {Counts{-1, 0, 0}, Counts{0, 25001, 0}, Counts{0, 0, 2147483647}}) {
@@ -103,7 +103,7 @@ TEST_P(GcodeNeedle, ATargetOutOfRangeIsRefusedBeforeAnythingIsSent) {
     EXPECT_EQ(rig.Read(counts), Status::Done);
 }
 
-TEST_P(GcodeNeedle, ATargetBeyondTheMachinesLimitsIsRefusedBeforeAnythingIsSent) {
+TEST_P(GcodeNeedleTest, ATargetBeyondTheMachinesLimitsIsRefusedBeforeAnythingIsSent) {
     const std::string section = SectionText(1, GetParam(), NeedleRig::PortOf(1));
     const NeedleSettings settings = *ReadSettings(section).needles[0];
     // Y runs backwards: its low counts lie high.
@@ -128,7 +128,7 @@ TEST_P(GcodeNeedle, ATargetBeyondTheMachinesLimitsIsRefusedBeforeAnythingIsSent)
     EXPECT_EQ(rig.MovesHeard(), 2);
 }
 
-TEST_P(GcodeNeedle, AMoveWhileTheOneBeforeGoesOnIsRefusedAndChangesNothing) {
+TEST_P(GcodeNeedleTest, AMoveWhileTheOneBeforeGoesOnIsRefusedAndChangesNothing) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({17500, 12500, 12500}), Status::Done);
     rig.Wait(milliseconds(100));
@@ -141,7 +141,7 @@ TEST_P(GcodeNeedle, AMoveWhileTheOneBeforeGoesOnIsRefusedAndChangesNothing) {
     EXPECT_EQ(rig.driver->MoveTo(Start), Status::Done);
 }
 
-TEST_P(GcodeNeedle, AMoveThatEndsWithinTheWaitIsFollowedByTheNext) {
+TEST_P(GcodeNeedleTest, AMoveThatEndsWithinTheWaitIsFollowedByTheNext) {
     ASSERT_EQ(rig.Count(), 1);
     ASSERT_EQ(rig.driver->MoveTo({10500, 12500, 12500}), Status::Done);
     EXPECT_EQ(rig.driver->MoveTo(Start), Status::Done) << rig.LogText();
@@ -149,7 +149,7 @@ TEST_P(GcodeNeedle, AMoveThatEndsWithinTheWaitIsFollowedByTheNext) {
     EXPECT_EQ(rig.Truth(), Start);
 }
 
-TEST_P(GcodeNeedle, AReadingOutsideTheCountsIsGivenAsItIs) {
+TEST_P(GcodeNeedleTest, AReadingOutsideTheCountsIsGivenAsItIs) {
     ASSERT_EQ(rig.Count(), 1);
     std::string far = SectionText(1, GetParam(), NeedleRig::PortOf(1));
     far.replace(far.find("zero = "), far.find('\n', far.find("zero = ")) - far.find("zero = "),
@@ -160,7 +160,7 @@ TEST_P(GcodeNeedle, AReadingOutsideTheCountsIsGivenAsItIs) {
     EXPECT_LT(counts[0], 0);
 }
 
-TEST_P(GcodeNeedle, StopEndsTheMotionAndKeepsThePositionOrSaysThatItCannot) {
+TEST_P(GcodeNeedleTest, StopEndsTheMotionAndKeepsThePositionOrSaysThatItCannot) {
     std::string settings = SectionText(1, GetParam(), NeedleRig::PortOf(1)) + "quick-stop = keep\n";
     rig.WriteSettings(settings);
     ASSERT_EQ(rig.Count(), 1);
@@ -185,13 +185,13 @@ TEST_P(GcodeNeedle, StopEndsTheMotionAndKeepsThePositionOrSaysThatItCannot) {
     EXPECT_EQ(rig.Truth(), Start);
 }
 
-TEST_P(GcodeNeedle, StopOfANumberThatIsNotThereFails) {
+TEST_P(GcodeNeedleTest, StopOfANumberThatIsNotThereFails) {
     EXPECT_EQ(rig.driver->Stop(0), Status::NotConnected);
     EXPECT_EQ(rig.driver->Stop(2), Status::NotConnected);
     EXPECT_EQ(rig.driver->Stop(5), Status::NotConnected);
 }
 
-TEST_P(GcodeNeedle, NothingIsOpenedBeforeTheFirstCallAndOnceOnly) {
+TEST_P(GcodeNeedleTest, NothingIsOpenedBeforeTheFirstCallAndOnceOnly) {
     EXPECT_EQ(rig.Device().cable.openings, 0);
     rig.Count();
     rig.Read(counts);
@@ -203,7 +203,7 @@ TEST_P(GcodeNeedle, NothingIsOpenedBeforeTheFirstCallAndOnceOnly) {
     EXPECT_EQ(rig.Device().cable.openings, 2);
 }
 
-TEST_P(GcodeNeedle, ConnectingSendsNothingThatMovesUnlocksResetsOrSets) {
+TEST_P(GcodeNeedleTest, ConnectingSendsNothingThatMovesUnlocksResetsOrSets) {
     ASSERT_EQ(rig.Count(), 1);
     rig.driver->Reconnect();
     for (const std::string& line : rig.ControllerOf().Heard()) {
@@ -213,7 +213,7 @@ TEST_P(GcodeNeedle, ConnectingSendsNothingThatMovesUnlocksResetsOrSets) {
     }
 }
 
-TEST_P(GcodeNeedle, TwoNeedlesAreTwoNeedlesWhicheverIsSelected) {
+TEST_P(GcodeNeedleTest, TwoNeedlesAreTwoNeedlesWhicheverIsSelected) {
     NeedleRig two(GetParam(), 2);
     EXPECT_EQ(two.Count(), 2);
     std::int32_t answer = 0;
@@ -232,7 +232,7 @@ TEST_P(GcodeNeedle, TwoNeedlesAreTwoNeedlesWhicheverIsSelected) {
     EXPECT_EQ(counts, Start);
 }
 
-TEST_P(GcodeNeedle, ASelectOfANumberThatIsNotThereFailsAndLeavesTheSelection) {
+TEST_P(GcodeNeedleTest, ASelectOfANumberThatIsNotThereFailsAndLeavesTheSelection) {
     ASSERT_EQ(rig.Count(), 1);
     for (const std::int32_t number : {0, 2, 4, 5, -1, 2147483647}) {
         std::int32_t answer = 0;
@@ -242,7 +242,7 @@ TEST_P(GcodeNeedle, ASelectOfANumberThatIsNotThereFailsAndLeavesTheSelection) {
     EXPECT_EQ(rig.Read(counts), Status::Done);
 }
 
-TEST_P(GcodeNeedle, ANeedleThatIsMissingInBetweenKeepsItsNumber) {
+TEST_P(GcodeNeedleTest, ANeedleThatIsMissingInBetweenKeepsItsNumber) {
     NeedleRig two(GetParam(), 2);
     two.Device(1).cable.isPlugged = false;
     EXPECT_EQ(two.Count(), 2);
@@ -251,7 +251,7 @@ TEST_P(GcodeNeedle, ANeedleThatIsMissingInBetweenKeepsItsNumber) {
     EXPECT_EQ(number, 2);
 }
 
-TEST_P(GcodeNeedle, WithNoNeedleEveryOperationFailsAndTheCountIs0) {
+TEST_P(GcodeNeedleTest, WithNoNeedleEveryOperationFailsAndTheCountIs0) {
     rig.WriteSettings("");
     std::int32_t answer = 0;
     EXPECT_EQ(rig.Count(), 0);
@@ -261,7 +261,7 @@ TEST_P(GcodeNeedle, WithNoNeedleEveryOperationFailsAndTheCountIs0) {
     EXPECT_EQ(rig.driver->Reconnect(), Status::Done);
 }
 
-TEST(GcodeNeedleOfGrbl, TheWorkPositionWithItsOffsetDoesAsWell) {
+TEST(GcodeNeedleOfGrblTest, TheWorkPositionWithItsOffsetDoesAsWell) {
     NeedleRig rig(DialectName::Grbl);
     auto& grbl = dynamic_cast<GrblController&>(rig.ControllerOf());
     grbl.Set(10, 2);
@@ -277,7 +277,7 @@ TEST(GcodeNeedleOfGrbl, TheWorkPositionWithItsOffsetDoesAsWell) {
     EXPECT_EQ(rig.Truth(), (Counts{9600, 12500, 12500}));
 }
 
-TEST(GcodeNeedleOfGrbl, EveryMaskOfReportsDoes) {
+TEST(GcodeNeedleOfGrblTest, EveryMaskOfReportsDoes) {
     for (int mask = 0; mask < 4; ++mask) {
         NeedleRig rig(DialectName::Grbl);
         auto& grbl = dynamic_cast<GrblController&>(rig.ControllerOf());
@@ -291,14 +291,14 @@ TEST(GcodeNeedleOfGrbl, EveryMaskOfReportsDoes) {
     }
 }
 
-TEST(GcodeNeedleOfGrbl, InchesAreRefusedNotTakenForMillimetres) {
+TEST(GcodeNeedleOfGrblTest, InchesAreRefusedNotTakenForMillimetres) {
     NeedleRig rig(DialectName::Grbl);
     dynamic_cast<GrblController&>(rig.ControllerOf()).Set(13, 1);
     EXPECT_EQ(rig.Count(), 0);
     EXPECT_THAT(rig.LogText(), HasSubstr("set $13=0"));
 }
 
-TEST(GcodeNeedleOfGrbl, WithoutHomingItIsTakenOnlyWhereThatIsMeant) {
+TEST(GcodeNeedleOfGrblTest, WithoutHomingItIsTakenOnlyWhereThatIsMeant) {
     NeedleRig rig(DialectName::Grbl);
     dynamic_cast<GrblController&>(rig.ControllerOf()).Set(22, 0);
     EXPECT_EQ(rig.Count(), 0);
@@ -308,7 +308,7 @@ TEST(GcodeNeedleOfGrbl, WithoutHomingItIsTakenOnlyWhereThatIsMeant) {
     EXPECT_EQ(rig.Count(), 1);
 }
 
-TEST(GcodeNeedleOfGrbl, ItsOwnSoftLimitsHoldBeforeAnythingIsSent) {
+TEST(GcodeNeedleOfGrblTest, ItsOwnSoftLimitsHoldBeforeAnythingIsSent) {
     NeedleRig rig(DialectName::Grbl);
     auto& grbl = dynamic_cast<GrblController&>(rig.ControllerOf());
     grbl.Set(130, 28.5);
@@ -319,21 +319,21 @@ TEST(GcodeNeedleOfGrbl, ItsOwnSoftLimitsHoldBeforeAnythingIsSent) {
     EXPECT_EQ(rig.driver->MoveTo({500, 12500, 12500}), Status::Done);
 }
 
-TEST(GcodeNeedleOfMarlin, AControllerThatDoesNotTellItsStepsIsRefused) {
+TEST(GcodeNeedleOfMarlinTest, AControllerThatDoesNotTellItsStepsIsRefused) {
     NeedleRig rig(DialectName::Marlin);
     dynamic_cast<MarlinController&>(rig.ControllerOf()).TellCount(false);
     EXPECT_EQ(rig.Count(), 0);
     EXPECT_THAT(rig.LogText(), HasSubstr("does not tell the steps"));
 }
 
-TEST(GcodeNeedleOfMarlin, CoordinatesThatAreNotThoseOfTheStepsAreRefused) {
+TEST(GcodeNeedleOfMarlinTest, CoordinatesThatAreNotThoseOfTheStepsAreRefused) {
     NeedleRig rig(DialectName::Marlin);
     dynamic_cast<MarlinController&>(rig.ControllerOf()).SetOffset({0.5, 0, 0});
     EXPECT_EQ(rig.Count(), 0);
     EXPECT_THAT(rig.LogText(), HasSubstr("its coordinates are not those of its steps"));
 }
 
-TEST(GcodeNeedleOfMarlin, AMoveThatWantsHomingFirstIsAFailure) {
+TEST(GcodeNeedleOfMarlinTest, AMoveThatWantsHomingFirstIsAFailure) {
     NeedleRig rig(DialectName::Marlin);
     ASSERT_EQ(rig.Count(), 1);
     dynamic_cast<MarlinController&>(rig.ControllerOf()).AskForHoming(true);
@@ -342,7 +342,7 @@ TEST(GcodeNeedleOfMarlin, AMoveThatWantsHomingFirstIsAFailure) {
     EXPECT_EQ(rig.Truth(), Start);
 }
 
-TEST(GcodeNeedleOfMarlin, RelativeModeLeftBehindByAnotherHostDoesNotMakeAMoveRelative) {
+TEST(GcodeNeedleOfMarlinTest, RelativeModeLeftBehindByAnotherHostDoesNotMakeAMoveRelative) {
     NeedleRig rig(DialectName::Marlin);
     ASSERT_EQ(rig.Count(), 1);
     rig.ControllerOf().Receive("G91\n", rig.ports.clock.now);
@@ -351,7 +351,7 @@ TEST(GcodeNeedleOfMarlin, RelativeModeLeftBehindByAnotherHostDoesNotMakeAMoveRel
     EXPECT_EQ(rig.Truth(), (Counts{9600, 12500, 12500}));
 }
 
-TEST(GcodeNeedleOfMarlin, AfterAStopWithoutARampItIsNotTrustedUnlessTheSettingsSayThatItKeepsItsSteps) {
+TEST(GcodeNeedleOfMarlinTest, AfterAStopWithoutARampItIsNotTrustedUnlessTheSettingsSayThatItKeepsItsSteps) {
     NeedleRig rig(DialectName::Marlin);
     Counts counts{};
     ASSERT_EQ(rig.Count(), 1);
@@ -367,7 +367,7 @@ TEST(GcodeNeedleOfMarlin, AfterAStopWithoutARampItIsNotTrustedUnlessTheSettingsS
     EXPECT_THAT(rig.LogText(), HasSubstr("stopped without a ramp: home it, or unlock it, with travo-gcode"));
 }
 
-TEST(GcodeNeedleOfOmm, BusyIsAFailureAndNothingMoves) {
+TEST(GcodeNeedleOfOmmTest, BusyIsAFailureAndNothingMoves) {
     NeedleRig rig(DialectName::Omm);
     ASSERT_EQ(rig.Count(), 1);
     dynamic_cast<OmmController&>(rig.ControllerOf()).SetBusy(true);

@@ -15,17 +15,17 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::minutes;
 
-class GcodeNoise : public ::testing::TestWithParam<DialectName> {
+class GcodeNoiseTest : public ::testing::TestWithParam<DialectName> {
 protected:
     NeedleRig rig{GetParam()};
     Counts counts{};
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, GcodeNoise,
+INSTANTIATE_TEST_SUITE_P(Each, GcodeNoiseTest,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
                          [](const auto& each) { return std::string(Name(each.param)); });
 
-TEST_P(GcodeNoise, AnAnswerThatIsCutAtAnyByteNeverBecomesAPosition) {
+TEST_P(GcodeNoiseTest, AnAnswerThatIsCutAtAnyByteNeverBecomesAPosition) {
     for (std::size_t cut = 0; cut < 80; ++cut) {
         NeedleRig own(GetParam());
         ASSERT_EQ(own.Read(counts), Status::Done);
@@ -44,7 +44,7 @@ TEST_P(GcodeNoise, AnAnswerThatIsCutAtAnyByteNeverBecomesAPosition) {
     }
 }
 
-TEST_P(GcodeNoise, AnAnswerThatHasLostAnyPieceInItsMiddleNeverBecomesAPosition) {
+TEST_P(GcodeNoiseTest, AnAnswerThatHasLostAnyPieceInItsMiddleNeverBecomesAPosition) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     int done = 0;
     for (std::size_t from = 0; from < 75; ++from) {
@@ -75,7 +75,7 @@ TEST_P(GcodeNoise, AnAnswerThatHasLostAnyPieceInItsMiddleNeverBecomesAPosition) 
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeNoise, AnAnswerThatComesLateMakesNoJumpOfTheNext) {
+TEST_P(GcodeNoiseTest, AnAnswerThatComesLateMakesNoJumpOfTheNext) {
     std::string text = SectionText(1, GetParam(), NeedleRig::PortOf(1));
     text.erase(std::min(text.size(), text.find("speed-limit")));
     rig.WriteSettings(text + "speed-limit = 4.1\nacceleration = 200\n");
@@ -89,7 +89,7 @@ TEST_P(GcodeNoise, AnAnswerThatComesLateMakesNoJumpOfTheNext) {
     }
 }
 
-TEST_P(GcodeNoise, AHalfLineLeftBehindSpoilsNoLaterAnswer) {
+TEST_P(GcodeNoiseTest, AHalfLineLeftBehindSpoilsNoLaterAnswer) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     const char* halves[] = {"<Idle|MPos:1.000,2.",
                             "X:1.00 Y:2.00 Z:3",
@@ -105,7 +105,7 @@ TEST_P(GcodeNoise, AHalfLineLeftBehindSpoilsNoLaterAnswer) {
     }
 }
 
-TEST_P(GcodeNoise, AnAnswerToNobodyIsNoAnswer) {
+TEST_P(GcodeNoiseTest, AnAnswerToNobodyIsNoAnswer) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     const char* strays[] = {"ok\r\n",
                             "error:9\r\n",
@@ -125,7 +125,7 @@ TEST_P(GcodeNoise, AnAnswerToNobodyIsNoAnswer) {
     }
 }
 
-TEST_P(GcodeNoise, AStrayAnswerInTheMiddleOfAnExchangeIsNoPositionEither) {
+TEST_P(GcodeNoiseTest, AStrayAnswerInTheMiddleOfAnExchangeIsNoPositionEither) {
     const char* strays[] = {"<Idle|MPos:-1.000,-1.000,-1.000|FS:0,0>\r\n",
                             "X:1.00 Y:1.00 Z:1.00 E:0.00 Count X:1600 Y:1600 Z:1600\r\n",
                             "X1.000000 Y1.000000 Z1.000000 A0.000000 B0.000000 C0.000000\r\n", "ok\r\n"};
@@ -146,7 +146,7 @@ TEST_P(GcodeNoise, AStrayAnswerInTheMiddleOfAnExchangeIsNoPositionEither) {
     }
 }
 
-TEST_P(GcodeNoise, ADigitThatChangesOnTheWireNeverBecomesAPosition) {
+TEST_P(GcodeNoiseTest, ADigitThatChangesOnTheWireNeverBecomesAPosition) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     std::mt19937 random(11);
     int readings = 0;
@@ -171,7 +171,7 @@ TEST_P(GcodeNoise, ADigitThatChangesOnTheWireNeverBecomesAPosition) {
     EXPECT_EQ(readings, 300) << rig.LogText();
 }
 
-TEST_P(GcodeNoise, TenMinutesOfNoiseNeverBecomeAPositionAndMoveNothing) {
+TEST_P(GcodeNoiseTest, TenMinutesOfNoiseNeverBecomeAPositionAndMoveNothing) {
     ASSERT_EQ(rig.Read(counts), Status::Done);
     std::mt19937 random(5);
     // Half of it looks like what controllers say.

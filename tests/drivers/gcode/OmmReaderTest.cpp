@@ -11,7 +11,7 @@ namespace {
 using Kind = OmmLine::Kind;
 using ::testing::ElementsAre;
 
-TEST(OmmReader, ACommandIsAnsweredWithOkErrorOrBusy) {
+TEST(OmmReaderTest, ACommandIsAnsweredWithOkErrorOrBusy) {
     EXPECT_EQ(ReadOmm("ok").kind, Kind::Ok);
     EXPECT_EQ(ReadOmm("error").kind, Kind::Error);
     EXPECT_EQ(ReadOmm("error: not homed").text, "error: not homed");
@@ -21,7 +21,7 @@ TEST(OmmReader, ACommandIsAnsweredWithOkErrorOrBusy) {
     }
 }
 
-TEST(OmmReader, LinesOfItsLogAreNoData) {
+TEST(OmmReaderTest, LinesOfItsLogAreNoData) {
     for (const char* text : {"D) planner", "I) homing", "W) warm", "E) ok", "E)"}) {
         EXPECT_EQ(ReadOmm(text).kind, Kind::Log) << text;
     }
@@ -29,14 +29,14 @@ TEST(OmmReader, LinesOfItsLogAreNoData) {
     EXPECT_EQ(ReadOmm("X) 1").kind, Kind::Data);
 }
 
-TEST(OmmReader, APoseHasItsLettersInTheirOrder) {
+TEST(OmmReaderTest, APoseHasItsLettersInTheirOrder) {
     EXPECT_THAT(*OmmPose("X1.500000 Y-2.250000 Z0.000100"), ElementsAre(1.5, -2.25, 0.0001));
     EXPECT_THAT(*OmmPose("X1.50 Y2.50 Z3.50 A0.00 B0.00 C0.00"), ElementsAre(1.5, 2.5, 3.5));
     EXPECT_THAT(*OmmPose("X: 1.50, Y: 2.50, Z: 3.50"), ElementsAre(1.5, 2.5, 3.5));
     EXPECT_THAT(*OmmPose("X=1.50 Y=2.50 Z=3.50"), ElementsAre(1.5, 2.5, 3.5));
 }
 
-TEST(OmmReader, AnythingElseIsNoPose) {
+TEST(OmmReaderTest, AnythingElseIsNoPose) {
     for (const char* text :
          {"", "1.50 2.50 3.50", "X1.50 Y2.50", "X1.50 Y2.50 Z", "X1.50 Z2.50 Y3.50", "X1.50 Y2.50 Z3.5",
           "X1.50 Y2.50 Z3", "X1 Y2 Z3", "X1.50 Y2.50 Z3.50 Q1.00", "X1.50 Y2.50 Z3.50 A0.00 x",
@@ -46,7 +46,7 @@ TEST(OmmReader, AnythingElseIsNoPose) {
     }
 }
 
-TEST(OmmReader, EveryPrefixUpToTheLastNumberAndEverySuffixIsNoPose) {
+TEST(OmmReaderTest, EveryPrefixUpToTheLastNumberAndEverySuffixIsNoPose) {
     const std::string pose = "X1.500000 Y-2.250000 Z0.000100";
     for (std::size_t cut = 1; cut < pose.size(); ++cut) {
         EXPECT_FALSE(OmmPose(pose.substr(0, cut))) << pose.substr(0, cut);
@@ -54,7 +54,7 @@ TEST(OmmReader, EveryPrefixUpToTheLastNumberAndEverySuffixIsNoPose) {
     }
 }
 
-TEST(OmmReader, MovesAreFinishedOrNot) {
+TEST(OmmReaderTest, MovesAreFinishedOrNot) {
     EXPECT_EQ(OmmFinished("1"), true);
     EXPECT_EQ(OmmFinished("0"), false);
     for (const char* text : {"", "2", "10", "true", " 1"}) {
@@ -62,7 +62,7 @@ TEST(OmmReader, MovesAreFinishedOrNot) {
     }
 }
 
-TEST(OmmReader, WhetherAJointIsHomedIsReadWhereItIsSaid) {
+TEST(OmmReaderTest, WhetherAJointIsHomedIsReadWhereItIsSaid) {
     EXPECT_EQ(OmmHomed("joint 0 homed: 1"), true);
     EXPECT_EQ(OmmHomed("Homed=no, angle 3.5"), false);
     EXPECT_EQ(OmmHomed("isHomed true"), true);

@@ -63,7 +63,7 @@ Told OnlyMistake(const std::string& text) {
     return settings.mistakes.empty() ? Told{} : Told{settings.mistakes[0].line, settings.mistakes[0].text};
 }
 
-TEST(GcodeSettings, AWholeFileIsReadWithWhatIsUsualInThePlaceOfWhatIsNotGiven) {
+TEST(GcodeSettingsTest, AWholeFileIsReadWithWhatIsUsualInThePlaceOfWhatIsNotGiven) {
     const Settings settings = ReadSettings(Whole);
     EXPECT_THAT(settings.mistakes, IsEmpty());
     ASSERT_TRUE(settings.needles[0]);
@@ -94,13 +94,13 @@ TEST(GcodeSettings, AWholeFileIsReadWithWhatIsUsualInThePlaceOfWhatIsNotGiven) {
     EXPECT_FALSE(four.homingRequired);
 }
 
-TEST(GcodeSettings, EachDialectHasItsUsualRate) {
+TEST(GcodeSettingsTest, EachDialectHasItsUsualRate) {
     EXPECT_EQ(UsualBaud(DialectName::Grbl), 115200);
     EXPECT_EQ(UsualBaud(DialectName::Marlin), 250000);
     EXPECT_EQ(UsualBaud(DialectName::Omm), 921600);
 }
 
-TEST(GcodeSettings, EveryWrongValueIsToldWithItsLineAndMakesThatNeedleAbsent) {
+TEST(GcodeSettingsTest, EveryWrongValueIsToldWithItsLineAndMakesThatNeedleAbsent) {
     struct Case {
         std::string key, line, text;
         int number;
@@ -145,7 +145,7 @@ TEST(GcodeSettings, EveryWrongValueIsToldWithItsLineAndMakesThatNeedleAbsent) {
     }
 }
 
-TEST(GcodeSettings, EachNeededKeyThatIsMissingIsToldAtTheSection) {
+TEST(GcodeSettingsTest, EachNeededKeyThatIsMissingIsToldAtTheSection) {
     for (const std::string key : {"port", "dialect", "counts-per-mm", "x", "y", "z", "zero"}) {
         const Told told = OnlyMistake(With(key, ""));
         EXPECT_EQ(told.text, "needle 2 has no key " + key);
@@ -153,7 +153,7 @@ TEST(GcodeSettings, EachNeededKeyThatIsMissingIsToldAtTheSection) {
     }
 }
 
-TEST(GcodeSettings, AnAxisOfTheControllerServesOneOfOursOnly) {
+TEST(GcodeSettingsTest, AnAxisOfTheControllerServesOneOfOursOnly) {
     EXPECT_EQ(OnlyMistake(With("y", "y = -X")).text,
               "x, y and z must be three different axes of the controller");
     EXPECT_EQ(OnlyMistake(With("z", "z = +Y")).text,
@@ -162,17 +162,17 @@ TEST(GcodeSettings, AnAxisOfTheControllerServesOneOfOursOnly) {
               "x, y and z must be three different axes of the controller");
 }
 
-TEST(GcodeSettings, LimitsThatLeaveNoRoomAreAMistake) {
+TEST(GcodeSettingsTest, LimitsThatLeaveNoRoomAreAMistake) {
     EXPECT_EQ(OnlyMistake(With("min", "min = 0, 0, 5\nmax = 1, 1, 5")).text,
               "min must lie below max on every axis");
 }
 
-TEST(GcodeSettings, AControllerThatDoesNotTellItsSpeedsNeedsThemInTheSettings) {
+TEST(GcodeSettingsTest, AControllerThatDoesNotTellItsSpeedsNeedsThemInTheSettings) {
     EXPECT_THAT(OnlyMistake(With("dialect", "dialect = omm")).text,
                 HasSubstr("speed-limit and acceleration are needed"));
 }
 
-TEST(GcodeSettings, ASectionThatStandsTwiceMakesItsNeedleAbsent) {
+TEST(GcodeSettingsTest, ASectionThatStandsTwiceMakesItsNeedleAbsent) {
     const Settings settings = ReadSettings(With("baud", "") + With("baud", ""));
     EXPECT_FALSE(settings.needles[1]);
     ASSERT_EQ(settings.mistakes.size(), 1U);
@@ -180,7 +180,7 @@ TEST(GcodeSettings, ASectionThatStandsTwiceMakesItsNeedleAbsent) {
     EXPECT_EQ(settings.mistakes[0].line, 10);
 }
 
-TEST(GcodeSettings, ASectionOfAnotherNameIsToldAndTakesNoOtherWithIt) {
+TEST(GcodeSettingsTest, ASectionOfAnotherNameIsToldAndTakesNoOtherWithIt) {
     for (const std::string name :
          {"[needle 0]", "[needle 5]", "[needle]", "[Needle 1]", "[needle 1", "[needle one]"}) {
         const Settings settings = ReadSettings(With("baud", "baud = 9600") + name + "\nbaud = 9600\n");
@@ -192,7 +192,7 @@ TEST(GcodeSettings, ASectionOfAnotherNameIsToldAndTakesNoOtherWithIt) {
     }
 }
 
-TEST(GcodeSettings, AKeyAheadOfTheFirstSectionIsTold) {
+TEST(GcodeSettingsTest, AKeyAheadOfTheFirstSectionIsTold) {
     const Settings settings = ReadSettings("baud = 9600\n" + With("baud", "baud = 9600"));
     EXPECT_TRUE(settings.needles[1]);
     ASSERT_EQ(settings.mistakes.size(), 1U);
@@ -200,7 +200,7 @@ TEST(GcodeSettings, AKeyAheadOfTheFirstSectionIsTold) {
     EXPECT_EQ(settings.mistakes[0].text, "a key stands ahead of the first section: baud");
 }
 
-TEST(GcodeSettings, TwoNeedlesOnOnePortAreBothAbsentSinceNobodyKnowsWhichIsMeant) {
+TEST(GcodeSettingsTest, TwoNeedlesOnOnePortAreBothAbsentSinceNobodyKnowsWhichIsMeant) {
     std::string other = With("baud", "");
     other.replace(0, 10, "[needle 3]");
     const Settings settings = ReadSettings(With("baud", "") + other);
@@ -212,14 +212,14 @@ TEST(GcodeSettings, TwoNeedlesOnOnePortAreBothAbsentSinceNobodyKnowsWhichIsMeant
     EXPECT_EQ(settings.mistakes[1].line, 10);
 }
 
-TEST(GcodeSettings, AFileOfMoreThan64KilobytesIsNotRead) {
+TEST(GcodeSettingsTest, AFileOfMoreThan64KilobytesIsNotRead) {
     const Settings settings = ReadSettings(With("baud", "") + std::string(65536, '\n'));
     EXPECT_FALSE(settings.needles[1]);
     ASSERT_EQ(settings.mistakes.size(), 1U);
     EXPECT_THAT(settings.mistakes[0].text, HasSubstr("longer than 64 kB"));
 }
 
-TEST(GcodeSettings, AnEmptyFileHasNoNeedleAndNoMistake) {
+TEST(GcodeSettingsTest, AnEmptyFileHasNoNeedleAndNoMistake) {
     const Settings settings = ReadSettings("");
     EXPECT_THAT(settings.mistakes, IsEmpty());
     for (const auto& needle : settings.needles) {

@@ -15,7 +15,7 @@ namespace {
 using std::chrono::milliseconds;
 using ::testing::HasSubstr;
 
-TEST(GcodeFaultOfGrbl, InEveryStateInWhichNothingMayMoveReadingsAndMovesFailAndNothingIsSentToEndIt) {
+TEST(GcodeFaultOfGrblTest, InEveryStateInWhichNothingMayMoveReadingsAndMovesFailAndNothingIsSentToEndIt) {
     for (const std::string state : {"Alarm", "Hold:0", "Hold:1", "Door:0", "Door:1", "Door:2", "Door:3",
                                     "Sleep", "Check", "Home", "Tool"}) {
         for (const bool asksForMove : {false, true}) {
@@ -42,7 +42,7 @@ TEST(GcodeFaultOfGrbl, InEveryStateInWhichNothingMayMoveReadingsAndMovesFailAndN
     }
 }
 
-TEST(GcodeFaultOfGrbl, AnAlarmInAMoveFailsWithItsSentence) {
+TEST(GcodeFaultOfGrblTest, AnAlarmInAMoveFailsWithItsSentence) {
     NeedleRig rig(DialectName::Grbl);
     Counts counts{};
     ASSERT_EQ(rig.Count(), 1);
@@ -55,7 +55,7 @@ TEST(GcodeFaultOfGrbl, AnAlarmInAMoveFailsWithItsSentence) {
     EXPECT_EQ(rig.Count(), 0);
 }
 
-TEST(GcodeFaultOfGrbl, ADoorThatOpensInAMoveFails) {
+TEST(GcodeFaultOfGrblTest, ADoorThatOpensInAMoveFails) {
     NeedleRig rig(DialectName::Grbl);
     Counts counts{};
     ASSERT_EQ(rig.Count(), 1);
@@ -66,7 +66,7 @@ TEST(GcodeFaultOfGrbl, ADoorThatOpensInAMoveFails) {
     EXPECT_THAT(rig.LogText(), HasSubstr("Door:1"));
 }
 
-TEST(GcodeFaultOfMarlin, AKilledControllerIsSilentAndStaysUntouched) {
+TEST(GcodeFaultOfMarlinTest, AKilledControllerIsSilentAndStaysUntouched) {
     NeedleRig rig(DialectName::Marlin);
     Counts counts{};
     ASSERT_EQ(rig.Count(), 1);
@@ -76,7 +76,7 @@ TEST(GcodeFaultOfMarlin, AKilledControllerIsSilentAndStaysUntouched) {
     EXPECT_EQ(rig.Count(), 0);
 }
 
-TEST(GcodeFaultOfOmm, WithoutAWordOnHomingInM57ItMustHaveBeenHomedByTravoGcode) {
+TEST(GcodeFaultOfOmmTest, WithoutAWordOnHomingInM57ItMustHaveBeenHomedByTravoGcode) {
     NeedleRig rig(DialectName::Omm);
     dynamic_cast<OmmController&>(rig.ControllerOf()).TellHomed(false);
     EXPECT_EQ(rig.Count(), 1) << rig.LogText();

@@ -55,7 +55,8 @@ TEST(TruthLineTest, AssistiveProgramsAreToldThePlaceUnderThePointerWhole) {
     TruthLine line;
     line.resize(440, 28);
     line.ShowPointer(Parts());
-    EXPECT_EQ(line.accessibleDescription(), QStringLiteral("X −470.0   Y 190.7   mirror 94, −38   on cell 4"));
+    EXPECT_EQ(line.accessibleDescription(),
+              QStringLiteral("X −470.0   Y 190.7   mirror 94, −38   on cell 4"));
     line.Tell(QStringLiteral("cell 4"));
     EXPECT_EQ(line.accessibleDescription(), QStringLiteral("cell 4"));
     line.Tell({});
@@ -82,7 +83,7 @@ TEST(TruthLineTest, ARefusalStandsForItsTimeAndIsToldInWords) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return line.Text().startsWith(QStringLiteral("X −470.0")); }, 6000));
 }
 
-TEST(TruthTools, TheToolsStandAtTheBarsRightEnd) {
+TEST(TruthToolsTest, TheToolsStandAtTheBarsRightEnd) {
     TruthTools tools([](PlanFollow) {}, [](double) {});
     tools.resize(636, 40);
     tools.show();
@@ -97,12 +98,12 @@ TEST(TruthTools, TheToolsStandAtTheBarsRightEnd) {
     EXPECT_EQ(at("zoom_out"), QRect(360, 6, 28, 28));
 }
 
-TEST(TruthTools, ABarUnder460WideHasAShortTitle) {
+TEST(TruthToolsTest, ABarUnder460WideHasAShortTitle) {
     EXPECT_EQ(TruthTools::TitleFor(460), QStringLiteral("The truth, seen from above"));
     EXPECT_EQ(TruthTools::TitleFor(459), QStringLiteral("Truth"));
 }
 
-TEST(TruthTools, PressesAndKeysSayWhatToFollowAndHowToZoom) {
+TEST(TruthToolsTest, PressesAndKeysSayWhatToFollowAndHowToZoom) {
     std::vector<PlanFollow> chosen;
     std::vector<double> zoomed;
     TruthTools tools([&](PlanFollow follow) { chosen.push_back(follow); },
@@ -127,7 +128,7 @@ TEST(TruthTools, PressesAndKeysSayWhatToFollowAndHowToZoom) {
     EXPECT_EQ(zoomed, (std::vector<double>{1.25, 1.0 / 1.25}));
 }
 
-TEST(TruthTools, OneIsOnAndAPressAloneTurnsNoneOff) {
+TEST(TruthToolsTest, OneIsOnAndAPressAloneTurnsNoneOff) {
     TruthTools tools([](PlanFollow) {}, [](double) {});
     const auto isOn = [&](const char* name) {
         return tools.findChild<QAbstractButton*>(QString::fromLatin1(name))->isChecked();

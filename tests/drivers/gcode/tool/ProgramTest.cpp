@@ -31,7 +31,7 @@ Ending Started(const std::string& words, const std::string& answer = "") {
     return ending;
 }
 
-TEST(GcodeProgram, HelpAndVersionNeedNoNeedle) {
+TEST(GcodeProgramTest, HelpAndVersionNeedNoNeedle) {
     const Ending help = Started("--help");
     EXPECT_EQ(help.code, 0);
     EXPECT_THAT(help.text, HasSubstr("Usage: travo-gcode [--folder FOLDER] COMMAND"));
@@ -39,19 +39,19 @@ TEST(GcodeProgram, HelpAndVersionNeedNoNeedle) {
     EXPECT_EQ(Started("--version").text, "travo-gcode 1.0\n");
 }
 
-TEST(GcodeProgram, AWrongCommandLineEndsWith2) {
+TEST(GcodeProgramTest, AWrongCommandLineEndsWith2) {
     const Ending ending = Started("hoem 1");
     EXPECT_EQ(ending.code, 2);
     EXPECT_EQ(ending.text, "travo-gcode: no such command: hoem; --help says what there is\n");
 }
 
-TEST(GcodeProgram, AFolderWithoutSettingsIsToldAndEndsWith1) {
+TEST(GcodeProgramTest, AFolderWithoutSettingsIsToldAndEndsWith1) {
     const Ending ending = Started("--folder /nowhere check");
     EXPECT_EQ(ending.code, 1);
     EXPECT_EQ(ending.text, "there is no /nowhere/manipulators.ini\n");
 }
 
-TEST(GcodeProgram, TheManualPageNamesEveryCommandAndExitCode) {
+TEST(GcodeProgramTest, TheManualPageNamesEveryCommandAndExitCode) {
     std::ifstream file(TRAVO_GCODE_MANUAL);
     const std::string page{std::istreambuf_iterator<char>(file), {}};
     for (const char* word : {"list", "check", "where", "jog", "home", "unlock", "watch", "EXIT STATUS",
@@ -60,7 +60,7 @@ TEST(GcodeProgram, TheManualPageNamesEveryCommandAndExitCode) {
     }
 }
 
-TEST(GcodeProgram, ItWorksOnARealTerminal) {
+TEST(GcodeProgramTest, ItWorksOnARealTerminal) {
     NeedleRig rig(DialectName::Grbl);
     Terminal terminal(rig.ControllerOf());
     rig.WriteSettings(SectionText(1, DialectName::Grbl, terminal.Device()));

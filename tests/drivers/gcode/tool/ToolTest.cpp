@@ -43,18 +43,18 @@ private:
     std::streambuf* oldErr_;
 };
 
-class GcodeTool : public ::testing::TestWithParam<DialectName> {
+class GcodeToolTest : public ::testing::TestWithParam<DialectName> {
 protected:
     Desk MakeDesk() { return Desk(rig.folder, rig.ports); }
 
     NeedleRig rig{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, GcodeTool,
+INSTANTIATE_TEST_SUITE_P(Each, GcodeToolTest,
                          ::testing::Values(DialectName::Grbl, DialectName::Marlin, DialectName::Omm),
                          [](const auto& each) { return std::string(Name(each.param)); });
 
-TEST_P(GcodeTool, CheckTellsControllerStateLimitsAndPaceOfEachAxis) {
+TEST_P(GcodeToolTest, CheckTellsControllerStateLimitsAndPaceOfEachAxis) {
     Desk desk = MakeDesk();
     Terminal terminal;
     EXPECT_EQ(Check(desk), 0) << terminal.err.str();
@@ -66,7 +66,7 @@ TEST_P(GcodeTool, CheckTellsControllerStateLimitsAndPaceOfEachAxis) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeTool, CheckTellsEveryMistakeWithFileAndLine) {
+TEST_P(GcodeToolTest, CheckTellsEveryMistakeWithFileAndLine) {
     rig.WriteSettings("[needle 1]\nport = ttyUSB0\nspeed = 3\n");
     Desk desk = MakeDesk();
     Terminal terminal;
@@ -76,7 +76,7 @@ TEST_P(GcodeTool, CheckTellsEveryMistakeWithFileAndLine) {
     EXPECT_THAT(terminal.err.str(), HasSubstr("no needle has usable settings"));
 }
 
-TEST_P(GcodeTool, CheckOfAnAxisThatIsTooSlowFails) {
+TEST_P(GcodeToolTest, CheckOfAnAxisThatIsTooSlowFails) {
     rig.WriteSettings(SectionText(1, GetParam(), NeedleRig::PortOf(1)) +
                       (GetParam() == DialectName::Omm ? "" : "speed-limit = 3\n"));
     if (GetParam() == DialectName::Omm) {
@@ -90,7 +90,7 @@ TEST_P(GcodeTool, CheckOfAnAxisThatIsTooSlowFails) {
     EXPECT_THAT(terminal.out.str(), HasSubstr("too slow: 25000 counts take 8.35 s, waited for are 6.25 s"));
 }
 
-TEST_P(GcodeTool, WhereTellsCountsAndMachineCoordinates) {
+TEST_P(GcodeToolTest, WhereTellsCountsAndMachineCoordinates) {
     Desk desk = MakeDesk();
     Terminal terminal;
     EXPECT_EQ(Where(desk, 0), 0);
@@ -100,7 +100,7 @@ TEST_P(GcodeTool, WhereTellsCountsAndMachineCoordinates) {
     EXPECT_THAT(terminal.err.str(), HasSubstr("needle 2: no usable settings"));
 }
 
-TEST_P(GcodeTool, JogMovesOneAxisByTheCountsAndTellsWhereItArrived) {
+TEST_P(GcodeToolTest, JogMovesOneAxisByTheCountsAndTellsWhereItArrived) {
     Desk desk = MakeDesk();
     Terminal terminal;
     EXPECT_EQ(Jog(desk, 1, 1, -300), 0) << terminal.err.str();
@@ -110,7 +110,7 @@ TEST_P(GcodeTool, JogMovesOneAxisByTheCountsAndTellsWhereItArrived) {
     EXPECT_EQ(rig.MovesHeard(), 1);
 }
 
-TEST_P(GcodeTool, HomeAsksAndDoesNothingWithoutAYes) {
+TEST_P(GcodeToolTest, HomeAsksAndDoesNothingWithoutAYes) {
     for (const char* answer : {"", "y\n", "no\n", "YES\n", "yes please\n"}) {
         Desk desk = MakeDesk();
         Terminal terminal(answer);
@@ -122,7 +122,7 @@ TEST_P(GcodeTool, HomeAsksAndDoesNothingWithoutAYes) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeTool, HomeEndsTheStateInWhichNothingMayMove) {
+TEST_P(GcodeToolTest, HomeEndsTheStateInWhichNothingMayMove) {
     rig.ControllerOf().Restart(rig.ports.clock.now);
     rig.WriteState("needle 1 lost: the controller has started anew\n");
     EXPECT_EQ(rig.Count(), 0);
@@ -137,7 +137,7 @@ TEST_P(GcodeTool, HomeEndsTheStateInWhichNothingMayMove) {
     EXPECT_EQ(rig.Count(), 1) << rig.LogText();
 }
 
-TEST_P(GcodeTool, UnlockAsksAndTrustsThePositionAsItIs) {
+TEST_P(GcodeToolTest, UnlockAsksAndTrustsThePositionAsItIs) {
     rig.WriteState("needle 1 lost: stopped without a ramp\n");
     EXPECT_EQ(rig.Count(), 0);
     {
@@ -158,7 +158,7 @@ TEST_P(GcodeTool, UnlockAsksAndTrustsThePositionAsItIs) {
     EXPECT_EQ(rig.Count(), 1) << rig.LogText();
 }
 
-TEST_P(GcodeTool, APortThatTheDriverHoldsIsTold) {
+TEST_P(GcodeToolTest, APortThatTheDriverHoldsIsTold) {
     rig.Device().cable.refusal = "/dev/simulated1 is in use by another program";
     Desk desk = MakeDesk();
     Terminal terminal("yes\n");
@@ -169,7 +169,7 @@ TEST_P(GcodeTool, APortThatTheDriverHoldsIsTold) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST_P(GcodeTool, ListTellsWhatAnswersAtThePortsOfTheSettings) {
+TEST_P(GcodeToolTest, ListTellsWhatAnswersAtThePortsOfTheSettings) {
     Desk desk = MakeDesk();
     Terminal terminal;
     EXPECT_EQ(List(desk, false), 0);
@@ -178,7 +178,7 @@ TEST_P(GcodeTool, ListTellsWhatAnswersAtThePortsOfTheSettings) {
     EXPECT_EQ(rig.MovesHeard(), 0);
 }
 
-TEST(GcodeToolOfGrbl, UnlockEndsEveryStateThatHoldsAndMovesNothing) {
+TEST(GcodeToolOfGrblTest, UnlockEndsEveryStateThatHoldsAndMovesNothing) {
     for (const std::string state : {"Alarm", "Hold:0", "Door:0", "Door:1", "Sleep", "Check"}) {
         NeedleRig rig(DialectName::Grbl);
         dynamic_cast<GrblController&>(rig.ControllerOf()).Enter(state);
@@ -191,7 +191,7 @@ TEST(GcodeToolOfGrbl, UnlockEndsEveryStateThatHoldsAndMovesNothing) {
     }
 }
 
-TEST(GcodeToolOfGrbl, UnlockOfAMovingNeedleIsRefused) {
+TEST(GcodeToolOfGrblTest, UnlockOfAMovingNeedleIsRefused) {
     NeedleRig rig(DialectName::Grbl);
     dynamic_cast<GrblController&>(rig.ControllerOf()).Enter("Hold:1");
     rig.ControllerOf().Motors().Push({-20, -20, -20}, 1, rig.ports.clock.now);
@@ -201,7 +201,7 @@ TEST(GcodeToolOfGrbl, UnlockOfAMovingNeedleIsRefused) {
     EXPECT_THAT(terminal.err.str(), HasSubstr("needle 1: it is moving"));
 }
 
-TEST(GcodePace, AShortWayIsLateAndALongOneInTimeFromWhereTheRampsAreMadeGood) {
+TEST(GcodePaceTest, AShortWayIsLateAndALongOneInTimeFromWhereTheRampsAreMadeGood) {
     NeedleSettings needle;
     needle.countsPerMm = 1000;
     const MachineLimits limits{{8, 3.9, 4}, {200, 200, 200}};
@@ -215,7 +215,7 @@ TEST(GcodePace, AShortWayIsLateAndALongOneInTimeFromWhereTheRampsAreMadeGood) {
     EXPECT_THAT(PaceText(needle, limits, 2), HasSubstr("needed are more than 4.00 mm/s"));
 }
 
-TEST(GcodeWish, EveryCommandIsReadWithItsWords) {
+TEST(GcodeWishTest, EveryCommandIsReadWithItsWords) {
     std::string why;
     EXPECT_EQ(ReadWish({"check"}, why)->command, Wish::Command::Check);
     EXPECT_TRUE(ReadWish({"list", "--ask"}, why)->asksOthers);
@@ -236,7 +236,7 @@ TEST(GcodeWish, EveryCommandIsReadWithItsWords) {
     EXPECT_EQ(ReadWish({"--version"}, why)->command, Wish::Command::Version);
 }
 
-TEST(GcodeWish, WhatMakesNoCommandIsToldInWords) {
+TEST(GcodeWishTest, WhatMakesNoCommandIsToldInWords) {
     const std::pair<std::vector<std::string>, std::string> cases[] = {
         {{}, "a command is missing"},
         {{"hoem", "1"}, "no such command: hoem"},

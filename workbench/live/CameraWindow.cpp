@@ -40,8 +40,8 @@ constexpr int TitleRoom = 24;       // for what a window system puts over a wind
 
 // As near below the control program as its own size lets it be on the screen.
 QRect PlaceOnDesk(const QRect& available) {
-    const int top = std::min(available.top() + ProgramBottom + TitleRoom,
-                             available.bottom() + 1 - SizeOnDesk.height());
+    const int top =
+        std::min(available.top() + ProgramBottom + TitleRoom, available.bottom() + 1 - SizeOnDesk.height());
     return {QPoint(available.left(), top), SizeOnDesk};
 }
 

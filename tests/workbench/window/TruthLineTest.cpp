@@ -55,7 +55,8 @@ TEST(TruthLine, AssistiveProgramsAreToldThePlaceUnderThePointerWhole) {
     TruthLine line;
     line.resize(440, 28);
     line.ShowPointer(Parts());
-    EXPECT_EQ(line.accessibleDescription(), QStringLiteral("X −470.0   Y 190.7   mirror 94, −38   on cell 4"));
+    EXPECT_EQ(line.accessibleDescription(),
+              QStringLiteral("X −470.0   Y 190.7   mirror 94, −38   on cell 4"));
     line.Tell(QStringLiteral("cell 4"));
     EXPECT_EQ(line.accessibleDescription(), QStringLiteral("cell 4"));
     line.Tell({});

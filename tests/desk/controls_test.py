@@ -136,8 +136,12 @@ class Controls(unittest.TestCase):
         self.assertEqual(len(areas), PAD_AREAS)
         for area in areas:
             self.stage.ask("mirror move 7 7")
+            self.assertEqual(self.mirror_goal(), [7, 7])
             control.act(area)
-            wait_until(lambda: self.stage.ask("mirror state")[2:4] != ["7", "7"], f"the mirror moved by '{area}'")
+            wait_until(lambda: self.mirror_goal() != [7, 7], f"the mirror moved by '{area}'")
+
+    def mirror_goal(self):
+        return [float(count) for count in self.stage.ask("mirror state")[2:4]]
 
     def do_wheel(self, control):
         for action, way in (("Increase", 1), ("Decrease", -1)):

@@ -19,7 +19,7 @@ class Fault:
 
 
 FAULTS = (
-    Fault("Mirror silent", "mirror:silent", "objective", "the old magnification"),
+    Fault("Mirror silent", "mirror:silent", "objective", ""),
     Fault("Mirror cable out", "mirror:vanished", "", "Mirror Connection lost", " after Connect mirror"),
     Fault("Mirror noise", "noise 20", "objective", ""),
     Fault("Mirror garble", "garbled", "objective", ""),
@@ -35,15 +35,15 @@ FAULTS = (
     Fault("Gauge noise", "noise 20", "reading", ""),
     Fault("Gauge garble", "garbled", "reading", ""),
     Fault("Gauge cut", "cut", "reading", ""),
-    Fault("Gauge flood", "flood 200", "reading", ""),
+    Fault("Gauge flood", "flood 200", "reading", "the old reading"),
     Fault("Gauge garbage", "gauge:garbage", "reading", "the old reading"),
     Fault("Motor silent", "motor:silent", "focus", "focus in use", " after Connect motor"),
     Fault("Motor cable out", "motor:vanished", "", "Motor Connection lost", " after Connect motor"),
     Fault("Motor noise", "noise 20", "focus", ""),
     Fault("Motor garble", "motor:garble", "focus", MOTOR_UNKNOWN),
     Fault("Motor cut", "motor:cut", "focus", ""),
-    Fault("Motor flood", "flood 200", "", MOTOR_UNKNOWN),
-    Fault("Motor refuses", "motor:refuse", "focus", ""),
+    Fault("Motor flood", "flood 200", "focus", MOTOR_UNKNOWN),
+    Fault("Motor refuses", "motor:refuse", "focus", MOTOR_UNKNOWN),
     Fault("Driver fails once", "= -1", "", FAILED),
     Fault("Driver fails", "fail", "", f"{FAILED}, box '{LOST_NEEDLES}'"),
     Fault("Driver hangs", "hang", "", FAILED),

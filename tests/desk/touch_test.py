@@ -19,8 +19,9 @@ class Touch(DeskCase):
     def test_1_a_held_key_moves_evenly(self):
         seat = self.seat
         seat.click(seat.bench("Step 10"))
+        before = self.goal()
         seat.hand.hold("Up")
-        times = self.times_of_steps(24)
+        times = self.times_of_steps(24, before)
         seat.hand.let_go("Up")
         pauses = sorted(after - before for before, after in zip(times[2:], times[3:]))
         print(f"\n  held key: {len(pauses)} steps, pauses of {1000 * pauses[0]:.0f} to {1000 * pauses[-1]:.0f} ms, "
@@ -33,9 +34,9 @@ class Touch(DeskCase):
         self.wait_for_a_reading()
         self.assertEqual(self.stage.ask("world counts 1"), counts)
 
-    def times_of_steps(self, count):
+    def times_of_steps(self, count, last):
         """When the world has taken each of that many steps, as seen from here."""
-        last, times = self.goal(), []
+        times = []
 
         def is_new():
             nonlocal last
@@ -98,7 +99,8 @@ class Touch(DeskCase):
             self.assertEqual(self.world(), before, f"the wheel over '{name}'")
         counts = int(self.stage.ask("focus state")[3])
         seat.hand.wheel(*seat.middle(focus), 2)
-        wait_until(lambda: int(self.stage.ask("focus state")[3]) - counts == 200, "the focus two notches on")
+        wait_until(lambda: int(self.stage.ask("focus state")[3]) == counts + 200,
+                   f"the focus two notches on from {counts}; it is at {self.stage.ask('focus state')}", 4)
         # It keeps to what it is over, whatever has the focus.
         seat.click(seat.bench("Needle 2", "check box"))
         before = self.world()

@@ -109,7 +109,10 @@ void AddFocus(Commands& commands, Microscope& optics) {
         return MoveFocus(optics, IntegerAt(words, 0), now);
     });
     commands.Add("focus jog <counts>", [&optics](const Words& words, Time now) {
-        return MoveFocus(optics, std::int64_t{optics.FocusCount(now)} + IntegerAt(words, 0), now);
+        const std::int64_t way = IntegerAt(words, 0);
+        // Quick turns of a wheel add up; none stops it where it is.
+        const std::int32_t from = way == 0 ? optics.FocusCount(now) : optics.FocusCountAtRest();
+        return MoveFocus(optics, from + way, now);
     });
     commands.Add("gauge state", [&optics](const Words&, Time now) { return GaugeState(optics, now); });
 }

@@ -18,7 +18,8 @@ constexpr std::array<CommandRow, 11> OpticsRows = {{
     {"magnification <index>", "", "Changes the objective."},
     {"focus state", "Z now; Z at rest; motor counts now; at rest", "The focal plane."},
     {"focus move <counts:focus>", "", "To motor counts, 100 to a unit of Z."},
-    {"focus jog <counts:whole>", "", "By motor counts; refused beyond 4000000 to either side."},
+    {"focus jog <counts:whole>", "",
+     "By motor counts from where it comes to rest, 0 stops it; refused beyond 4000000 to either side."},
     {"gauge state", "reading in Z units; Z at which it shows 0", "The gauge."},
     {"camera state",
      "view centre X Y; magnification index; width and height of the view; Z of the focal plane; number of "

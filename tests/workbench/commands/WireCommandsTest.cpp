@@ -39,6 +39,13 @@ TEST(WireCommandsTest, TheOpticsAreToldNowAndAtRest) {
     EXPECT_EQ(desk.Ask("focus state", 2100), "ok 40.000 80.000 4000 8000");
     EXPECT_EQ(desk.Ask("focus jog -8000", 3000), "ok");
     EXPECT_EQ(desk.Ask("focus state", 9000), "ok 0.000 0.000 0 0");
+    // Quick turns add up, and none stops it where it is.
+    EXPECT_EQ(desk.Ask("focus jog 4000", 9000), "ok");
+    EXPECT_EQ(desk.Ask("focus jog 4000", 9050), "ok");
+    EXPECT_EQ(desk.Ask("focus state", 9050), "ok 20.000 80.000 2000 8000");
+    EXPECT_EQ(desk.Ask("focus jog 0", 9100), "ok");
+    EXPECT_EQ(desk.Ask("focus state", 9900), "ok 40.000 40.000 4000 4000");
+    EXPECT_EQ(desk.Ask("focus move 0", 9900), "ok");
     EXPECT_EQ(desk.Ask("magnification 3"), "ok");
     EXPECT_EQ(desk.Ask("magnification"), "ok 3");
 }

@@ -43,6 +43,7 @@ FLOORS = {  # leaf folder: floor
     "workbench/tour": 8,
     # Drivers are libraries of their own: they know nothing of the program nor of the workbench.
     "drivers": 1,
+    "drivers/minimal": 2,
     "drivers/gcode": 2,
     "drivers/gcode/simulator": 2,
     "drivers/gcode/tool": 3,
@@ -73,7 +74,7 @@ def sources():
     for top in ("src", "workbench", "drivers", "tests", "benchmarks", "fuzz"):
         for folder, _, names in os.walk(top):
             for name in sorted(names):
-                if os.path.splitext(name)[1] in (".h", ".cpp"):
+                if os.path.splitext(name)[1] in (".h", ".c", ".cpp"):
                     yield os.path.join(folder, name)
 
 

@@ -43,6 +43,7 @@ FLOORS = {  # leaf folder: floor
     "workbench/tour": 8,
     # Drivers are libraries of their own: they know nothing of the program nor of the workbench.
     "drivers": 1,
+    "drivers/check": 2,
     "drivers/minimal": 2,
     "drivers/gcode": 2,
     "drivers/gcode/simulator": 2,

@@ -1,0 +1,128 @@
+// Faults that show while every needle stands still: each is found, and nothing else is said to be wrong.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "drivers/check/CheckedLibrary.h"
+
+namespace check {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+void ExpectBreach(const std::string& fault, const std::string& clause, const std::string& told) {
+    const Result result = RunCheck(Planted(fault));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.Clauses("BROKEN"), ElementsAre(clause)) << result.text;
+    EXPECT_THAT(result.Row(clause), HasSubstr(told));
+}
+
+}  // namespace
+
+TEST(DriverCheckStanding, FindsAFunctionThatIsMissing) {
+    ExpectBreach("LacksReconnect", "functions", "lacks DriverReconnect");
+}
+
+TEST(DriverCheckStanding, FindsASymbolThatNobodyHas) {
+    ExpectBreach("NeedsAStrangerSymbol", "loads", "SymbolThatNobodyHas");
+}
+
+TEST(DriverCheckStanding, FindsASettlingTimeOfMoreThan300Milliseconds) {
+    ExpectBreach("StatesLongSettling", "settling", "400 ms");
+}
+
+TEST(DriverCheckStanding, OutlivesAnAbort) {
+    ExpectBreach("AbortsInReading", "lives", "DriverGetPosition: signal 6");
+}
+
+TEST(DriverCheckStanding, OutlivesACrash) {
+    ExpectBreach("CrashesInSelect", "lives", "DriverSelect: signal 11");
+}
+
+TEST(DriverCheckStanding, FindsALibraryThatEndsTheProcessInSilence) {
+    ExpectBreach("ExitsInCount", "lives", "DriverGetCount: ended the process with exit code 0");
+}
+
+TEST(DriverCheckStanding, DoesNotHangWithALibraryThatHangs) {
+    ExpectBreach("HangsInReading", "times", "DriverGetPosition: no answer within 3000 ms");
+}
+
+TEST(DriverCheckStanding, FindsACallThatTakesMoreThanTwoSeconds) {
+    ExpectBreach("TakesLongToSelect", "times", "DriverSelect took 22");
+}
+
+TEST(DriverCheckStanding, AdvisesAgainstReadingsOfMoreThan50MillisecondsAndCallsThemNoBreach) {
+    const Result result = RunCheck(Planted("ReadsSlowly"));
+    EXPECT_EQ(result.exitCode, 0) << result.text;
+    EXPECT_THAT(result.Clauses("advice"), ElementsAre("reading-time"));
+}
+
+TEST(DriverCheckStanding, FindsAValueThatIsWrittenWiderThanItIs) {
+    ExpectBreach("WritesSixtyFourBits", "values", "DriverGetPosition writes beyond a value of 32 bits");
+}
+
+TEST(DriverCheckStanding, FindsACountOfMoreThanFour) { ExpectBreach("CountsSeven", "count", ": 7"); }
+
+TEST(DriverCheckStanding, FindsTheAnswer0ToASelectionThatSucceeds) {
+    ExpectBreach("AnswersZero", "select", "the answer 0 for number 1");
+}
+
+TEST(DriverCheckStanding, FindsNumbersThatBeginAt0) {
+    ExpectBreach("CountsFromZero", "numbers", "says 0 where 1 is selected");
+}
+
+TEST(DriverCheckStanding, FindsReadingsInOtherUnits) {
+    ExpectBreach("ReadsNanometres", "range", "(300000, 12500, 12500)");
+}
+
+TEST(DriverCheckStanding, FindsAConnectedNeedleThatCannotBeRead) {
+    ExpectBreach("FailsReadingOfSecond", "numbers", "DriverGetPosition fails with -5 for number 2");
+}
+
+TEST(DriverCheckStanding, FindsAStrangeNumberThatChangesTheSelection) {
+    ExpectBreach("SelectsAStranger", "not-connected", "the selection is another behind 3");
+}
+
+TEST(DriverCheckStanding, FindsANeedleThatIsLostInConnectingAnew) {
+    ExpectBreach("LosesOneInReconnect", "reconnect", "1 are connected, it was 2");
+}
+
+TEST(DriverCheckStanding, FindsANeedleThatMovesInConnectingAnew) {
+    ExpectBreach("MovesOnReconnect", "still", "number 1 stood at (300, 12500, 12500)");
+}
+
+TEST(DriverCheckStanding, FindsASignalHandler) {
+    ExpectBreach("TakesInterrupts", "surroundings", "changes handling of SIGINT");
+}
+
+TEST(DriverCheckStanding, FindsAChangedLocale) {
+    ExpectBreach("ChangesLocale", "surroundings", "changes locale");
+}
+
+TEST(DriverCheckStanding, FindsWhatIsPrintedAndInWhichCall) {
+    ExpectBreach("Prints", "output", "DriverGetCount writes to standard output: \"two manipulators");
+}
+
+TEST(DriverCheckStanding, FindsWhatIsPrintedInUnloading) {
+    ExpectBreach("PrintsAtTheEnd", "output", "unloading writes to standard output: \"good bye");
+}
+
+TEST(DriverCheckStanding, OutlivesACrashInUnloading) {
+    ExpectBreach("CrashesOnUnload", "unload", "signal 11");
+}
+
+TEST(DriverCheckStanding, FindsAThreadThatStays) {
+    // Its code is unloaded under it: where it wakes, the process ends as well.
+    const Result result = RunCheck(Planted("LeavesAThread"));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.Clauses("BROKEN"), testing::Contains("threads")) << result.text;
+}
+
+TEST(DriverCheckStanding, FindsADescriptorThatStaysOpen) {
+    ExpectBreach("LeavesADescriptor", "descriptors", "(/dev/null)");
+}
+
+TEST(DriverCheckStanding, FindsAProcessThatStays) { ExpectBreach("LeavesAProcess", "children", "left"); }
+
+}  // namespace check

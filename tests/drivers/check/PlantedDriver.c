@@ -45,6 +45,7 @@ enum {
     Prints,
     PrintsAtTheEnd,
     CrashesOnUnload,
+    LeavesAHandlerForTheEnd,
     LeavesAThread,
     LeavesADescriptor,
     LeavesAProcess,
@@ -132,6 +133,12 @@ static void Record(int32_t x, int32_t y, int32_t z) {
 }
 
 static void Ignore(int signal) { (void)signal; }
+
+/* Not bound to the library as a handler of atexit is: it is called when its code is gone. */
+static void AtTheEnd(int code, void* nothing) {
+    (void)code;
+    (void)nothing;
+}
 
 #ifdef NEEDS_A_STRANGER_SYMBOL
 extern void SymbolThatNobodyHas(void);
@@ -226,6 +233,9 @@ int32_t DriverGetCount(int32_t* count) {
     }
     if (HAS(ChangesLocale)) {
         setlocale(LC_NUMERIC, "C.UTF-8");
+    }
+    if (HAS(LeavesAHandlerForTheEnd)) {
+        on_exit(AtTheEnd, NULL);
     }
     if (HAS(LeavesAThread)) {
         pthread_t thread;

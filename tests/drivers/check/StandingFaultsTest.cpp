@@ -2,6 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 #include "drivers/check/CheckedLibrary.h"
 
 namespace check {
@@ -16,6 +20,19 @@ void ExpectBreach(const std::string& fault, const std::string& clause, const std
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_THAT(result.Clauses("BROKEN"), ElementsAre(clause)) << result.text;
     EXPECT_THAT(result.Row(clause), HasSubstr(told));
+}
+
+// Whether a process that runs was started with this text in its command line.
+bool IsInACommandLine(const std::string& text) {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
+        std::ifstream file(entry.path() / "cmdline");
+        const std::string line{std::istreambuf_iterator<char>(file), {}};
+        if (line.find(text) != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -112,6 +129,10 @@ TEST(DriverCheckStanding, OutlivesACrashInUnloading) {
     ExpectBreach("CrashesOnUnload", "unload", "signal 11");
 }
 
+TEST(DriverCheckStanding, FindsAHandlerThatIsCalledWhenTheLibraryIsGone) {
+    ExpectBreach("LeavesAHandlerForTheEnd", "unload", "signal 11");
+}
+
 TEST(DriverCheckStanding, FindsAThreadThatStays) {
     // Its code is unloaded under it: where it wakes, the process ends as well.
     const Result result = RunCheck(Planted("LeavesAThread"));
@@ -123,6 +144,9 @@ TEST(DriverCheckStanding, FindsADescriptorThatStaysOpen) {
     ExpectBreach("LeavesADescriptor", "descriptors", "(/dev/null)");
 }
 
-TEST(DriverCheckStanding, FindsAProcessThatStays) { ExpectBreach("LeavesAProcess", "children", "left"); }
+TEST(DriverCheckStanding, FindsAProcessThatStaysAndEndsIt) {
+    ExpectBreach("LeavesAProcess", "children", "left");
+    EXPECT_FALSE(IsInACommandLine(Planted("LeavesAProcess")));
+}
 
 }  // namespace check

@@ -47,6 +47,8 @@ FLOORS = {  # leaf folder: floor
     "workbench/tour": 8,
     # Drivers are libraries of their own: they know nothing of the program nor of the workbench.
     "drivers": 1,
+    "drivers/check": 2,
+    "drivers/minimal": 2,
     "drivers/gcode": 2,
     "drivers/gcode/simulator": 2,
     "drivers/gcode/tool": 3,
@@ -77,7 +79,7 @@ def sources():
     for top in ("src", "launcher", "workbench", "drivers", "tests", "benchmarks", "fuzz"):
         for folder, _, names in os.walk(top):
             for name in sorted(names):
-                if os.path.splitext(name)[1] in (".h", ".cpp"):
+                if os.path.splitext(name)[1] in (".h", ".c", ".cpp"):
                     yield os.path.join(folder, name)
 
 

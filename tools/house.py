@@ -33,6 +33,7 @@ FLOORS = {  # leaf folder: floor
     "launcher": 7,
     # Tells what works: judges and speaks on values alone, then looks at the machine, then shows.
     "diagnostics/judge": 6,
+    "diagnostics/words": 6,
     # The workbench stands outside the program; all that it shares with it is the ground.
     "workbench/options": 1,
     "workbench/protocol": 1,

@@ -34,6 +34,8 @@ FLOORS = {  # leaf folder: floor
     # Tells what works: judges and speaks on values alone, then looks at the machine, then shows.
     "diagnostics/judge": 6,
     "diagnostics/words": 6,
+    "diagnostics/readers": 7,
+    "diagnostics": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
     "workbench/options": 1,
     "workbench/protocol": 1,

@@ -57,6 +57,8 @@ const Row<WireState> WireStates[] = {
     {WireState::Noise, Mark::Look, "Port {N} is open, but {K} lines of the last minute made no sense.",
      "Check that {IT} is on this port and no other instrument, and look at the cable."},
     {WireState::Free, Mark::Works, "Port {N} is there and free. TRAVO is not running.", ""},
+    {WireState::FreeBesideTravo, Mark::Look, "Port {N} is there and free, but not open in TRAVO.",
+     "Press SET in its row."},
     {WireState::Held, Mark::Works, "Port {N} is open in TRAVO. What was said shows there, with F2.", ""},
     {WireState::Off, Mark::Look, "Port {N} is open. The mirror's motors are off.",
      "Magnification window: press On."},

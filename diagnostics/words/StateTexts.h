@@ -31,6 +31,7 @@ enum class WireState {
     Lost,
     Noise,
     Free,
+    FreeBesideTravo,
     Held,
     Off,
     Error,

@@ -57,6 +57,8 @@ const Wanted All[] = {
      "Check that {IT} is on this port and no other instrument, and look at the cable."},
     {[] { return TextOf(WireState::Free); }, Mark::Works, "Port {N} is there and free. TRAVO is not running.",
      ""},
+    {[] { return TextOf(WireState::FreeBesideTravo); }, Mark::Look,
+     "Port {N} is there and free, but not open in TRAVO.", "Press SET in its row."},
     {[] { return TextOf(WireState::Held); }, Mark::Works,
      "Port {N} is open in TRAVO. What was said shows there, with F2.", ""},
     {[] { return TextOf(WireState::Off); }, Mark::Look, "Port {N} is open. The mirror's motors are off.",

@@ -1,4 +1,5 @@
 // travo-diagnostics as a user starts it.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/ioctl.h>
@@ -126,6 +127,9 @@ TEST_F(ProgramTest, ARunningTravoIsSeenByItsLockAndHoldsItsPort) {
     int slave = -1;
     char name[256];
     ASSERT_EQ(::openpty(&master, &slave, name, nullptr, nullptr), 0);
+    // What is started must not hold the terminal's other end, or it would never see its own end.
+    ASSERT_EQ(::fcntl(master, F_SETFD, FD_CLOEXEC), 0);
+    ASSERT_EQ(::fcntl(slave, F_SETFD, FD_CLOEXEC), 0);
     Pin(1, QString::fromLocal8Bit(name));
     Settings("[COMPort]\r\nMirror=1\r\n");
     EXPECT_FALSE(TravoIn(folder));

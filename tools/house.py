@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Says how the house of src/, workbench/, drivers/ and tests/ stands; see docs/architecture.md for its floors.
+"""Says how the house of src/, launcher/, diagnostics/, workbench/, drivers/ and tests/ stands; see
+docs/architecture.md for its floors.
 
 A leaf folder is one floor and one library. Faults, which fail the check: rings of includes between rooms
 (a room is a source with its header) and between leaf folders, includes that run up a floor, a folder that
@@ -30,6 +31,11 @@ FLOORS = {  # leaf folder: floor
     "src": 7,
     # Starts the program in the user's own folder.
     "launcher": 7,
+    # Tells what works: judges and speaks on values alone, then looks at the machine, then shows.
+    "diagnostics/judge": 6,
+    "diagnostics/words": 6,
+    "diagnostics/readers": 7,
+    "diagnostics": 7,
     # The workbench stands outside the program; all that it shares with it is the ground.
     "workbench/options": 1,
     "workbench/protocol": 1,
@@ -76,7 +82,7 @@ def leaf(path):
 
 
 def sources():
-    for top in ("src", "launcher", "workbench", "drivers", "tests", "benchmarks", "fuzz"):
+    for top in ("src", "launcher", "diagnostics", "workbench", "drivers", "tests", "benchmarks", "fuzz"):
         for folder, _, names in os.walk(top):
             for name in sorted(names):
                 if os.path.splitext(name)[1] in (".h", ".c", ".cpp"):
@@ -224,7 +230,7 @@ def main():
     for path in sources():
         with open(path, encoding="utf-8") as file:
             text[path] = file.read()
-        if path.startswith(("src/", "launcher/", "workbench/", "drivers/")):
+        if path.startswith(("src/", "launcher/", "diagnostics/", "workbench/", "drivers/")):
             rooms.setdefault(os.path.splitext(path)[0], []).append(path)
     arrows = {room: set() for room in rooms}
     for room, paths in rooms.items():

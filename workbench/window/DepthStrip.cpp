@@ -169,11 +169,13 @@ void DepthStrip::DragTo(double pixel) {
     }
 }
 
-// By what is left to go from where the focus is when the line is said: it may still be under way.
+// From where the focus will come to rest when the line is said: it may still be under way. A jog of nothing
+// would stop it there.
 void DepthStrip::JogFocus() {
     pace_.Say([this] {
         TakeAnswer(scene_, "focus state", ask_("focus state"));
-        return "focus jog " + std::to_string(focusGoal_ - scene_.focus.counts);
+        const int way = focusGoal_ - scene_.focus.countsAtRest;
+        return way == 0 ? std::string() : "focus jog " + std::to_string(way);
     });
 }
 

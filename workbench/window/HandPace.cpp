@@ -34,7 +34,9 @@ void HandPace::SayNow() {
     timer_.stop();
     const auto line = std::exchange(waiting_, nullptr);
     since_.start();
-    ask_(line());
+    if (const std::string text = line(); !text.empty()) {
+        ask_(text);
+    }
 }
 
 }  // namespace workbench

@@ -17,7 +17,7 @@ public:
     // Says the line now, or as soon as the time since the last one is over; a line that waits gives way to
     // it.
     void Say(const std::string& line);
-    // The same for a line that depends on how things stand when it is said.
+    // The same for a line that depends on how things stand when it is said; an empty one is not said.
     void Say(std::function<std::string()> line);
     // Says what waits, now: the hand lets go.
     void Flush();

@@ -239,7 +239,8 @@ int32_t DriverGetCount(int32_t* count) {
     }
     if (HAS(LeavesAThread)) {
         pthread_t thread;
-        pthread_create(&thread, NULL, Stay, NULL);
+        /* It sleeps in the C library from its first step on, which stays where this one is unloaded. */
+        pthread_create(&thread, NULL, (void* (*)(void*))(void (*)(void))pause, NULL);
     }
     if (HAS(LeavesADescriptor)) {
         (void)!open("/dev/null", O_RDONLY);

@@ -134,7 +134,6 @@ TEST(DriverCheckStandingTest, FindsAHandlerThatIsCalledWhenTheLibraryIsGone) {
 }
 
 TEST(DriverCheckStandingTest, FindsAThreadThatStays) {
-    // Its code is unloaded under it: where it wakes, the process ends as well.
     const Result result = RunCheck(Planted("LeavesAThread"));
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_THAT(result.Clauses("BROKEN"), testing::Contains("threads")) << result.text;

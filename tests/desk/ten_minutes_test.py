@@ -12,6 +12,7 @@ CELL = (-470, 190.7)  # the fourth, as the plan shows it
 VIEW_RIGHT = 121.45  # of the field of view at 2x, from its centre
 MOST_PRESSES = 60
 LARGEST_ERROR = 3  # common units, in plan
+LOOKS = 3  # at a mark
 FEW = 3  # steps that are struck one by one; more are held
 
 
@@ -68,10 +69,15 @@ class TenMinutes(DeskCase):
         target = Plan(seat).pixel(*place)
         seat.hand.double_click(target[0] + 2, target[1] - 3)
         wait_until(lambda: math.dist(seat.tip()[0][:2], place) < 12, "the tip near the mark")
+        # Whoever sees that it is not there yet does it once more.
+        for _ in range(LOOKS):
+            self.wait_for_rest()
+            if math.dist(seat.tip()[0][:2], place) < 1:
+                break
+            along, across = self.way_to(place)
+            self.step(along, "Up", "Down", "X")
+            self.step(across, "Right", "Left", "Y")
         self.wait_for_rest()
-        along, across = self.way_to(place)
-        self.step(along, "Up", "Down", "X")
-        self.step(across, "Right", "Left", "Y")
         self.assertLess(math.dist(seat.tip()[0][:2], place), 1)
         self.wait_for_program()
 
